@@ -1,0 +1,41 @@
+# SPDX-License-Identifier: Apache-2.0
+# The few rules that every target of the project shares.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+# Programs and what they read lie as they do once installed, so both find their resources alike.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(QF_SHARE_DIR ${CMAKE_BINARY_DIR}/share)
+
+find_program(QF_CCACHE ccache)
+if(QF_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${QF_CCACHE})
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor)
+if(QF_SANITIZE)
+  add_compile_options(-fsanitize=${QF_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${QF_SANITIZE})
+endif()
+
+# A folder takes part as soon as it has something to build.
+function(qf_add_floor folder)
+  if(EXISTS ${CMAKE_SOURCE_DIR}/${folder}/CMakeLists.txt)
+    add_subdirectory(${CMAKE_SOURCE_DIR}/${folder})
+  endif()
+endfunction()
+
+# A static library of one folder. Headers are included by their path from the project's root.
+function(qf_add_library target)
+  add_library(${target} STATIC ${ARGN})
+  target_include_directories(${target} PUBLIC ${CMAKE_SOURCE_DIR})
+endfunction()
+
+# A GoogleTest program whose cases are registered one by one.
+function(qf_add_test target)
+  add_executable(${target} ${ARGN})
+  target_link_libraries(${target} PRIVATE GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${target} TEST_PREFIX ${target}. DISCOVERY_TIMEOUT 60)
+endfunction()

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+namespace qf {
+
+/// Writes one line to the system log: standard error, which the desktop's session keeps.
+/// Any thread.
+void log(std::string_view line);
+
+/// Where lines go instead, until an empty function puts standard error back. For tests.
+using LogSink = std::function<void(std::string_view line)>;
+void setLogSink(LogSink sink);
+
+}  // namespace qf

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+#include "foundation/Result.h"
+#include "foundation/Value.h"
+
+namespace qf {
+
+/// What a reader may spend on outside bytes before it refuses them.
+struct PropertyListLimits {
+  std::size_t depth;  ///< containers inside one another
+  std::size_t nodes;  ///< values in all, a shared one counted at each place that refers to it
+
+  static constexpr PropertyListLimits file() { return {512, 8'000'000}; }
+  static constexpr PropertyListLimits message() { return {64, 1'000'000}; }
+};
+
+enum class PropertyListFormat { xml, binary };
+
+/// Reads a property list in whichever format the bytes are: binary, XML or OpenStep. The error says
+/// what is wrong and where (a byte offset, or a line). Any thread.
+Result<Value> readPropertyList(std::span<const std::uint8_t> bytes,
+                               PropertyListLimits limits = PropertyListLimits::file());
+
+/// Fails for what the format cannot hold: in both, text that is not UTF-8; in XML, also a UID, a
+/// character that XML forbids, and a date outside the years 1 to 9999. Any thread.
+Result<Data> writePropertyList(const Value& value, PropertyListFormat format);
+
+}  // namespace qf

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "foundation/Text.h"
+
+#include <unicode/locid.h>
+#include <unicode/unistr.h>
+
+namespace qf {
+namespace {
+
+icu::UnicodeString unicode(std::string_view text) {
+  return icu::UnicodeString::fromUTF8({text.data(), static_cast<int32_t>(text.size())});
+}
+
+std::string utf8(const icu::UnicodeString& text) {
+  std::string result;
+  return text.toUTF8String(result);
+}
+
+}  // namespace
+
+std::string lowercased(std::string_view text) {
+  return utf8(unicode(text).toLower(icu::Locale::getRoot()));
+}
+
+std::string uppercased(std::string_view text) {
+  return utf8(unicode(text).toUpper(icu::Locale::getRoot()));
+}
+
+std::size_t utf16Length(std::string_view text) {
+  return static_cast<std::size_t>(unicode(text).length());
+}
+
+}  // namespace qf

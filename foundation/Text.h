@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace qf {
+
+// Unicode operations on UTF-8 text; none depends on the user's locale. A byte that is not part of
+// valid UTF-8 counts as U+FFFD.
+
+std::string lowercased(std::string_view text);
+std::string uppercased(std::string_view text);
+
+/// How many characters a platform string of this text counts: UTF-16 units.
+std::size_t utf16Length(std::string_view text);
+
+}  // namespace qf

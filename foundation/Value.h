@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace qf {
+
+class Value;
+class Dictionary;
+using Array = std::vector<Value>;
+using Data = std::vector<std::uint8_t>;
+
+/// A whole number from the signed and the unsigned 64-bit range together.
+class Integer {
+ public:
+  constexpr Integer(std::int64_t value)
+      : _bits(static_cast<std::uint64_t>(value)), _isNegative(value < 0) {}
+  static constexpr Integer fromUnsigned(std::uint64_t value) { return Integer(value, false); }
+
+  constexpr bool isNegative() const { return _isNegative; }
+  /// The two's complement bits; with `isNegative` they say everything.
+  constexpr std::uint64_t bits() const { return _bits; }
+  constexpr bool fitsSigned() const { return _isNegative || _bits <= INT64_MAX; }
+  bool operator==(const Integer&) const = default;
+
+ private:
+  constexpr Integer(std::uint64_t bits, bool isNegative) : _bits(bits), _isNegative(isNegative) {}
+
+  std::uint64_t _bits;
+  bool _isNegative;
+};
+
+/// A moment, in seconds since 2001-01-01 00:00:00 UTC.
+struct Date {
+  double secondsSinceReferenceDate = 0;
+  bool operator==(const Date&) const = default;
+};
+
+/// A reference into a keyed archive's list of objects.
+struct UID {
+  std::uint64_t index = 0;
+  bool operator==(const UID&) const = default;
+};
+
+/// One immutable value of a property list. Copies share their contents, so they cost nothing to
+/// speak of; sharing is safe between threads. Absence is an empty `std::optional<Value>` or a null
+/// pointer, never a kind of value. Strings are UTF-8.
+class Value {
+ public:
+  enum class Kind { boolean, integer, real, date, uid, string, data, array, dictionary };
+
+  Value(bool value) : _content(value) {}
+  Value(int value) : _content(Integer(value)) {}
+  Value(std::int64_t value) : _content(Integer(value)) {}
+  Value(std::uint64_t value) : _content(Integer::fromUnsigned(value)) {}
+  Value(Integer value) : _content(value) {}
+  Value(double value) : _content(value) {}
+  Value(Date value) : _content(value) {}
+  Value(UID value) : _content(value) {}
+  Value(const char* value) : Value(std::string(value)) {}
+  Value(std::string_view value) : Value(std::string(value)) {}
+  Value(std::string value);
+  Value(Data value);
+  Value(Array value);
+  Value(Dictionary value);
+  Value(const void*) = delete;  // no pointer becomes a boolean unasked
+
+  Kind kind() const { return static_cast<Kind>(_content.index()); }
+
+  // The content when it is of that kind, else nothing: a value of the wrong kind reads as missing.
+  const bool* boolean() const { return std::get_if<bool>(&_content); }
+  const Integer* integer() const { return std::get_if<Integer>(&_content); }
+  const double* real() const { return std::get_if<double>(&_content); }
+  const Date* date() const { return std::get_if<Date>(&_content); }
+  const UID* uid() const { return std::get_if<UID>(&_content); }
+  const std::string* string() const { return shared<std::string>(); }
+  const Data* data() const { return shared<Data>(); }
+  const Array* array() const { return shared<Array>(); }
+  const Dictionary* dictionary() const { return shared<Dictionary>(); }
+
+  /// The whole number that a number, a boolean or a string of digits stands for (a real is cut, a
+  /// number out of range is the nearest in it, a string is read up to its first other character);
+  /// 0 for everything else.
+  std::int64_t integerValue() const;
+  /// The same in the unsigned range: an integer's bits as they are.
+  std::uint64_t unsignedIntegerValue() const;
+  /// Whether a number is not 0; a string counts when it begins with Y, y, T, t or a digit 1 to 9
+  /// after blanks, a sign and zeros.
+  bool boolValue() const;
+
+  /// The value as text for a log line or a comparison: a number in decimal, a boolean as 1 or 0,
+  /// a string as it is, containers in the OpenStep form.
+  std::string description() const;
+
+  bool operator==(const Value& other) const;
+
+ private:
+  template <class T>
+  const T* shared() const {
+    const auto* pointer = std::get_if<std::shared_ptr<const T>>(&_content);
+    return pointer ? pointer->get() : nullptr;
+  }
+
+  std::variant<bool, Integer, double, Date, UID, std::shared_ptr<const std::string>,
+               std::shared_ptr<const Data>, std::shared_ptr<const Array>,
+               std::shared_ptr<const Dictionary>>
+      _content;
+};
+
+/// String keys with their values, in the order in which the keys first came.
+class Dictionary {
+ public:
+  using Entry = std::pair<std::string, Value>;
+  using const_iterator = std::vector<Entry>::const_iterator;
+
+  Dictionary() = default;
+  Dictionary(std::initializer_list<Entry> entries);
+
+  /// Null when there is no such key. Valid until the dictionary is next changed.
+  const Value* find(std::string_view key) const;
+  bool contains(std::string_view key) const { return find(key) != nullptr; }
+
+  // The value when it is there and of that kind, else null.
+  const std::string* string(std::string_view key) const;
+  const Array* array(std::string_view key) const;
+  const Dictionary* dictionary(std::string_view key) const;
+
+  /// Replaces the value where the key stands already, else appends.
+  void set(std::string_view key, Value value);
+  void remove(std::string_view key);
+  void clear();
+
+  std::size_t size() const { return _entries.size(); }
+  bool empty() const { return _entries.empty(); }
+  const_iterator begin() const { return _entries.begin(); }
+  const_iterator end() const { return _entries.end(); }
+
+  /// The order of keys does not matter.
+  bool operator==(const Dictionary& other) const;
+
+ private:
+  struct StringHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const {
+      return std::hash<std::string_view>()(text);
+    }
+  };
+
+  std::optional<std::size_t> position(std::string_view key) const;
+
+  std::vector<Entry> _entries;
+  std::unordered_map<std::string, std::size_t, StringHash, std::equal_to<>> _positions;
+};
+
+}  // namespace qf

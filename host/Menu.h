@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "foundation/Color.h"
+
+namespace qf {
+
+class Menu;
+class MenuItem;
+
+/// The operation that an item runs on its target, by its selector ("applyItem:"); empty for none.
+using Selector = std::string;
+
+/// A typeface and its size in points; an empty family stands for the host's own menu typeface.
+struct Font {
+  std::string family;
+  double pointSize = 0;
+  bool operator==(const Font&) const = default;
+};
+
+/// A title with looks of its own. What is absent is drawn the host's way.
+struct AttributedTitle {
+  std::string text;
+  std::optional<Color> foregroundColor;
+  std::optional<Font> font;
+  bool operator==(const AttributedTitle&) const = default;
+};
+
+/// What items act on. Outlives the items that point at it.
+class MenuTarget {
+ public:
+  virtual ~MenuTarget() = default;
+  virtual void performAction(const Selector& action, MenuItem& sender) = 0;
+  /// Asked for each item with an action, just before it is shown; may change title and state.
+  /// Answers whether the item is enabled.
+  virtual bool validateMenuItem(MenuItem& item) = 0;
+};
+
+/// Asked by the host about a menu that opens.
+class MenuDelegate {
+ public:
+  virtual ~MenuDelegate() = default;
+  /// The menu is about to open: the time to build its items.
+  virtual void menuNeedsUpdate(Menu& menu) = 0;
+  virtual void menuWillOpen(Menu& menu) = 0;
+};
+
+/// One row of a menu: plain data, drawn by the host. An item without an action and without a
+/// submenu is drawn disabled; one with a submenu stays enabled whatever its action.
+class MenuItem {
+ public:
+  static std::shared_ptr<MenuItem> separatorItem();
+  MenuItem(std::string title, Selector action, std::string keyEquivalent);
+
+  bool isSeparator() const { return _isSeparator; }
+
+  std::string title;
+  std::optional<AttributedTitle> attributedTitle;
+  Selector action;
+  MenuTarget* target = nullptr;
+  std::optional<std::string> representedObject;
+  /// The character drawn as the item's shortcut; it is never a live shortcut of the toolkit.
+  std::string keyEquivalent;
+  std::uint64_t keyEquivalentModifierMask = 0;
+  int indentationLevel = 0;
+  bool isOn = false;  ///< shows a check mark
+  std::shared_ptr<Menu> submenu;
+
+ private:
+  MenuItem() = default;
+  bool _isSeparator = false;
+};
+
+using MenuItemRef = std::shared_ptr<MenuItem>;
+
+/// A list of items. Main thread.
+class Menu {
+ public:
+  explicit Menu(std::string menuTitle = {}) : title(std::move(menuTitle)) {}
+
+  const std::vector<MenuItemRef>& items() const { return _items; }
+  void addItem(MenuItemRef item) { _items.push_back(std::move(item)); }
+  void removeAllItems() { _items.clear(); }
+
+  std::string title;
+  Font font;
+  MenuDelegate* delegate = nullptr;  ///< not owned; clears itself out before it goes
+
+ private:
+  std::vector<MenuItemRef> _items;
+};
+
+/// What the host asks before it draws an item: validates it where it has an action and a target,
+/// and answers whether it is enabled.
+bool updateAndValidate(MenuItem& item);
+
+}  // namespace qf

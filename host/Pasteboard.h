@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "foundation/Value.h"
+#include "host/Availability.h"
+
+namespace qf {
+
+/// The pasteboard behind Copy and Paste, by the name that travels in commands.
+inline constexpr std::string_view NSGeneralPboard = "NSGeneralPboard";
+
+/// The type of plain text in UTF-8.
+inline constexpr std::string_view pasteboardTypeString = "text/plain;charset=utf-8";
+
+/// One thing on a pasteboard, in each of the forms it is offered in, best first.
+struct PasteboardItem {
+  std::vector<std::pair<std::string, Data>> representations;
+  bool operator==(const PasteboardItem&) const = default;
+};
+
+/// A place from which applications take what others put there. Any thread. It goes on serving other
+/// applications while the caller's thread waits for something else. A read waits for the owner at
+/// most 1 s without progress and then answers nothing.
+class Pasteboard {
+ public:
+  virtual ~Pasteboard() = default;
+  virtual Availability availability() const = 0;
+
+  virtual std::string name() const = 0;
+  /// Differs after every change of the contents, by whatever application. Never blocks.
+  virtual std::int64_t changeCount() const = 0;
+
+  /// The plain text, or nothing where there is none.
+  virtual std::optional<std::string> string() const = 0;
+  /// Everything, with its data. A representation that the owner does not give is left out.
+  virtual std::vector<PasteboardItem> items() const = 0;
+
+  virtual void clearContents() = 0;
+  /// Replaces the contents; they stay readable by everyone until this process ends or another
+  /// application copies. False when the pasteboard could not be taken.
+  virtual bool setString(std::string_view text) = 0;
+  virtual bool setItems(std::vector<PasteboardItem> items) = 0;
+};
+
+/// The pasteboards by name.
+class Pasteboards {
+ public:
+  virtual ~Pasteboards() = default;
+  virtual Pasteboard& generalPasteboard() = 0;
+  /// Null for a name that stands for none.
+  virtual Pasteboard* pasteboardWithName(std::string_view name) = 0;
+};
+
+}  // namespace qf

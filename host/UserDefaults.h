@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "foundation/Value.h"
+
+namespace qf {
+
+/// One domain of a user's settings: what was stored, and behind it the defaults that this process
+/// registered. Main thread. Reading sees what any process stored last.
+class UserDefaults {
+ public:
+  virtual ~UserDefaults() = default;
+
+  /// The stored value, else the registered one, else nothing.
+  virtual std::optional<Value> objectForKey(std::string_view key) const = 0;
+  /// Stores at once. A store that fails is logged and remembered for this process only.
+  virtual void setObject(std::optional<Value> value, std::string_view key) = 0;
+  /// Adds to the registered defaults; an entry under the same key is replaced.
+  virtual void registerDefaults(const Dictionary& defaults) = 0;
+};
+
+/// Opens domains.
+class UserDefaultsDomains {
+ public:
+  virtual ~UserDefaultsDomains() = default;
+
+  /// The program's own domain: one object for the whole run, owned by the host.
+  virtual UserDefaults& standardUserDefaults() = 0;
+  /// The domain of that name. Each call makes a new object; all of one name share what is stored,
+  /// and each has its own registered defaults.
+  virtual std::unique_ptr<UserDefaults> suite(std::string_view suiteName) = 0;
+};
+
+}  // namespace qf
