@@ -39,3 +39,13 @@ function(qf_add_test target)
   target_link_libraries(${target} PRIVATE GTest::gmock GTest::gtest_main)
   gtest_discover_tests(${target} TEST_PREFIX ${target}. DISCOVERY_TIMEOUT 60)
 endfunction()
+
+# A GoogleTest program that needs a desktop: run whole, inside a private headless one. It brings its
+# own main where it needs an application object.
+function(qf_add_desktop_test target)
+  add_executable(${target} ${ARGN})
+  target_link_libraries(${target} PRIVATE GTest::gmock GTest::gtest)
+  add_test(NAME ${target} COMMAND ${CMAKE_SOURCE_DIR}/tests/desktop/desktop-session
+    $<TARGET_FILE:${target}>)
+  set_tests_properties(${target} PROPERTIES TIMEOUT 400 LABELS desktop)
+endfunction()
