@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/desktop/Agent.h"
+
+#include <QCoreApplication>
+#include <QThread>
+#include <stdexcept>
+
+namespace qf::desktop {
+namespace {
+
+QRect geometryOfWindow(const QString& window) {
+  const QString geometry = output("xdotool", {"getwindowgeometry", "--shell", window});
+  QMap<QString, int> values;
+  for (const QString& line : geometry.split('\n')) {
+    values[line.section('=', 0, 0)] = line.section('=', 1).toInt();
+  }
+  return {values["X"], values["Y"], values["WIDTH"], values["HEIGHT"]};
+}
+
+}  // namespace
+
+QString Agent::builtProgram(const QString& name) {
+  return QCoreApplication::applicationDirPath() + "/" + name;
+}
+
+Agent::Agent(const QString& program) : _program(program, {}) {
+  if (!until([this] { return !trayIcon().isNull(); }, 15s)) {
+    throw std::runtime_error("no icon in the tray: " + _program.printed().toStdString());
+  }
+}
+
+QPoint Agent::trayIcon() const {
+  const QString pid = QString::number(_program.processIdentifier());
+  // The icon's window sits in the panel, so that only its class tells whose it is.
+  const QStringList windows =
+      output("xdotool", {"search", "--onlyvisible", "--class", "quenfold-menu"})
+          .split('\n', Qt::SkipEmptyParts);
+  for (const QString& window : windows) {
+    const QRect geometry = geometryOfWindow(window);
+    if (geometry.width() >= 16 && geometry.width() <= 64) return geometry.center();
+  }
+  return {};
+}
+
+void Agent::openMenu(const QString& heldKey) {
+  if (!heldKey.isEmpty()) keyboard::hold(heldKey);
+  mouse::click(trayIcon());
+  const bool isOpen = until([this] {
+    const auto application = Accessible::application(_program.processIdentifier());
+    return application && application->find([](const Accessible& node) {
+      return node.name() == "Quit" && node.isShowing();
+    });
+  });
+  if (!heldKey.isEmpty()) keyboard::release(heldKey);
+  if (!isOpen) throw std::runtime_error("the menu did not open");
+}
+
+Accessible Agent::menuEntry(const QString& title) const {
+  const auto application = Accessible::application(_program.processIdentifier());
+  auto entry = application->find([&](const Accessible& node) {
+    return node.name().trimmed() == title && node.isShowing() && node.role().contains("menu item");
+  });
+  if (!entry) throw std::runtime_error("no entry \"" + title.toStdString() + "\" in the menu");
+  return *entry;
+}
+
+void Agent::pick(const QString& title, const QString& heldKey, const QString& picture) {
+  openMenu(heldKey);
+  if (!picture.isEmpty()) screenshot(picture);
+  mouse::click(menuEntry(title).screenExtents().center());
+}
+
+}  // namespace qf::desktop

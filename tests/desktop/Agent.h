@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QString>
+
+#include "tests/desktop/Desktop.h"
+
+namespace qf::desktop {
+
+/// The real agent in its tray, driven as a person drives it.
+class Agent {
+ public:
+  /// Starts the agent that was built and waits for its icon in the tray; throws std::runtime_error
+  /// when none comes up. An engine folder stands in for the folder of desktop entries in which the
+  /// agent looks the engine up first.
+  explicit Agent(const QString& program = builtProgram("quenfold-menu"));
+
+  Program& program() { return _program; }
+
+  /// Clicks the tray icon, holding the key ("" for none) only until the menu is open, then clicks
+  /// the entry of that title. The picture, if any, is taken with the menu open.
+  void pick(const QString& title, const QString& heldKey = {}, const QString& picture = {});
+  /// Opens the menu and leaves it open.
+  void openMenu(const QString& heldKey = {});
+  /// The showing entry of that title.
+  Accessible menuEntry(const QString& title) const;
+
+  static QString builtProgram(const QString& name);
+
+ private:
+  QPoint trayIcon() const;
+
+  Program _program;
+};
+
+}  // namespace qf::desktop

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/desktop/Desktop.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryFile>
+#include <QThread>
+#include <csignal>
+#include <stdexcept>
+
+namespace qf::desktop {
+namespace {
+
+/// A file of the session's home, gone with the session.
+QString fileHolding(const QString& text) {
+  static int count = 0;
+  const QString path = qEnvironmentVariable("HOME") + QString("/sample-%1.txt").arg(++count);
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) throw std::runtime_error("no home to write to");
+  file.write(text.toUtf8());
+  return path;
+}
+
+bool isTextArea(const Accessible& node) {
+  const QString role = node.role();
+  return role == "text" && node.isShowing() && node.hasState(/* multi line */ 17);
+}
+
+}  // namespace
+
+bool until(const std::function<bool()>& condition, std::chrono::milliseconds limit) {
+  const auto deadline = std::chrono::steady_clock::now() + limit;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    QCoreApplication::processEvents();
+    QThread::msleep(10);
+  }
+  return true;
+}
+
+QString output(const QString& program, const QStringList& arguments, const QByteArray& input) {
+  QProcess process;
+  process.start(program, arguments);
+  process.write(input);
+  process.closeWriteChannel();
+  process.waitForFinished(15000);
+  return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+Program::Program(const QString& path, const QStringList& arguments,
+                 const QProcessEnvironment& environment) {
+  _process.setProcessChannelMode(QProcess::MergedChannels);
+  _process.setProcessEnvironment(environment);
+  _process.start(path, arguments);
+  if (!_process.waitForStarted()) throw std::runtime_error("cannot start " + path.toStdString());
+}
+
+Program::~Program() {
+  if (!isRunning()) return;
+  signal(SIGCONT);
+  _process.terminate();
+  if (!_process.waitForFinished(3000)) _process.kill();
+  _process.waitForFinished(3000);
+}
+
+void Program::signal(int number) const { ::kill(static_cast<pid_t>(processIdentifier()), number); }
+
+QString Program::printed() {
+  _process.waitForReadyRead(1);
+  return _printed += QString::fromUtf8(_process.readAll());
+}
+
+Editor::Editor(const QString& program, const QString& text)
+    : _program(program, {fileHolding(text)}) {
+  const bool isThere = until(
+      [&] {
+        const auto application = Accessible::application(_program.processIdentifier());
+        if (application) _textArea = application->find(isTextArea);
+        return _textArea && _textArea->text().startsWith(text.left(20));
+      },
+      20s);
+  if (!isThere) throw std::runtime_error("no text area in " + program.toStdString());
+}
+
+void Editor::focus() const {
+  const QString pid = QString::number(_program.processIdentifier());
+  output("xdotool", {"search", "--sync", "--onlyvisible", "--pid", pid, "windowactivate"});
+  mouse::click(_textArea->screenExtents().center());
+}
+
+void Editor::reset(const QString& text, bool selected) {
+  focus();
+  _textArea->setText(text);
+  until([&] { return this->text() == text; });
+  keyboard::press(selected ? "ctrl+a" : "ctrl+Home");
+  until([&] { return (_textArea->selectionCount() > 0) == selected; }, 2s);
+}
+
+void keyboard::press(const QString& keys) { output("xdotool", {"key", "--clearmodifiers", keys}); }
+void keyboard::hold(const QString& key) { output("xdotool", {"keydown", key}); }
+void keyboard::release(const QString& key) { output("xdotool", {"keyup", key}); }
+
+void mouse::click(QPoint place, int button) {
+  output("xdotool", {"mousemove", "--sync", QString::number(place.x()), QString::number(place.y()),
+                     "click", QString::number(button)});
+}
+
+QString clipboard::text() {
+  return output("xclip", {"-o", "-selection", "clipboard", "-target", "UTF8_STRING"});
+}
+
+void clipboard::setText(const QString& text) {
+  // It forks to serve, holding its outputs open: they must not be ours.
+  output("sh", {"-c", "exec xclip -i -selection clipboard >/dev/null 2>&1"}, text.toUtf8());
+  until([&] { return clipboard::text() == text; }, 3s);
+}
+
+void screenshot(const QString& file) { output("import", {"-window", "root", file}); }
+
+}  // namespace qf::desktop
