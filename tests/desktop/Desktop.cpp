@@ -102,8 +102,8 @@ void keyboard::hold(const QString& key) { output("xdotool", {"keydown", key}); }
 void keyboard::release(const QString& key) { output("xdotool", {"keyup", key}); }
 
 void mouse::click(QPoint place, int button) {
-  output("xdotool", {"mousemove", "--sync", QString::number(place.x()), QString::number(place.y()),
-                     "click", QString::number(button)});
+  output("xdotool", {"mousemove", QString::number(place.x()), QString::number(place.y()), "click",
+                     QString::number(button)});
 }
 
 QString clipboard::text() {
