@@ -29,6 +29,7 @@ class Program {
 
   qint64 processIdentifier() const { return _process.processId(); }
   bool isRunning() const { return _process.state() == QProcess::Running; }
+  int exitCode() const { return _process.exitCode(); }
   void signal(int number) const;
   /// What it has printed so far, both channels.
   QString printed();

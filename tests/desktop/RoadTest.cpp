@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: Apache-2.0
+// The real agent, engine, tray and editors, driven by clicks and keys.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QThread>
+#include <csignal>
+
+#include "tests/desktop/Agent.h"
+#include "tests/desktop/Bell.h"
+#include "tests/desktop/Desktop.h"
+
+namespace qf::desktop {
+namespace {
+
+const QString sample = "Grüße aus dem Büro,\n\n  zwei   Wörter\n";
+
+/// Some 100 kB of text outside ASCII.
+QString longSample() {
+  QString text;
+  while (text.toUtf8().size() < 100'000) text += "Überall fällt größerer Schnee, ночью и днём.\n";
+  return text;
+}
+
+class Roads : public testing::TestWithParam<const char*> {
+ protected:
+  Agent agent;
+  Editor editor{GetParam(), sample};
+};
+
+INSTANTIATE_TEST_SUITE_P(Editors, Roads, testing::Values("mousepad", "featherpad"),
+                         [](const auto& info) { return std::string(info.param); });
+
+TEST_P(Roads, ThreeModes) {
+  editor.reset(sample);
+  clipboard::setText("old");
+  agent.pick("Upper Case");
+  EXPECT_TRUE(until([&] { return editor.text() == sample.toUpper(); }))
+      << qPrintable(editor.text());
+  EXPECT_EQ(clipboard::text(), sample.toUpper());
+
+  editor.reset(sample);
+  agent.pick("Lower Case", "shift");
+  EXPECT_TRUE(until([] { return clipboard::text() == sample.toLower(); }));
+  EXPECT_EQ(editor.text(), sample);
+
+  editor.reset(sample);
+  clipboard::setText("von anderswo");
+  agent.pick("Upper Case", "alt");
+  EXPECT_TRUE(until([] { return clipboard::text() == "VON ANDERSWO"; }));
+  EXPECT_EQ(editor.text(), sample);
+}
+
+TEST_P(Roads, WithoutSelectionTheWholeText) {
+  editor.reset(sample, false);
+  agent.pick("Upper Case");
+  EXPECT_TRUE(until([&] { return editor.text() == sample.toUpper(); }))
+      << qPrintable(editor.text());
+}
+
+TEST_P(Roads, LongText) {
+  const QString text = longSample();
+  editor.reset(text);
+  agent.pick("Upper Case");
+  EXPECT_TRUE(until([&] { return editor.text() == text.toUpper(); }));
+  EXPECT_EQ(clipboard::text(), text.toUpper());
+}
+
+TEST_P(Roads, StoppedTargetIsLeftAlone) {
+  editor.reset(sample);
+  agent.pick("Upper Case");  // the engine runs and everything is found once
+  ASSERT_TRUE(until([&] { return editor.text() == sample.toUpper(); }));
+  editor.reset(sample);
+  clipboard::setText("old");
+  Bell bell;
+
+  editor.program().signal(SIGSTOP);
+  agent.pick("Upper Case");
+  EXPECT_TRUE(bell.rings(2s));
+  EXPECT_TRUE(until([&] { return agent.program().printed().contains("Apply Cleaner Error"); }, 1s));
+
+  editor.program().signal(SIGCONT);
+  QThread::sleep(2);
+  EXPECT_EQ(editor.text(), sample);
+  EXPECT_EQ(clipboard::text(), "old");
+}
+
+/// A copy of the agent in a folder of its own, where another engine is installed.
+QString agentWithEngine(const QTemporaryDir& prefix, const QString& engine) {
+  const QString program = prefix.filePath("bin/quenfold-menu");
+  QDir(prefix.path()).mkpath("bin");
+  QDir(prefix.path()).mkpath("share/applications");
+  QFile::copy(Agent::builtProgram("quenfold-menu"), program);
+  QFile::link(Agent::builtProgram("../share/quenfold"), prefix.filePath("share/quenfold"));
+  QFile entry(prefix.filePath("share/applications/org.quenfold.Quenfold.desktop"));
+  if (!entry.open(QIODevice::WriteOnly)) return {};
+  entry.write(("[Desktop Entry]\nType=Application\nName=Engine\nExec=" + engine + "\n").toUtf8());
+  return program;
+}
+
+TEST(Demonstration, NoticesAnEngineThatChangesNothing) {
+  const QTemporaryDir prefix;
+  const QString agent = agentWithEngine(prefix, Agent::builtProgram("unchanging_engine"));
+  Program demonstration(Agent::builtProgram("road_demo"), {prefix.filePath("pictures"), agent});
+  ASSERT_TRUE(until([&] { return !demonstration.isRunning(); }, 60s));
+  const QString printed = demonstration.printed();
+  EXPECT_TRUE(printed.contains("0 of 3 roads came out right")) << qPrintable(printed);
+  EXPECT_NE(demonstration.exitCode(), 0);
+}
+
+}  // namespace
+}  // namespace qf::desktop
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  const QCoreApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
