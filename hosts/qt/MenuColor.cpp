@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/qt/MenuColor.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace qf {
+namespace {
+
+/// WCAG 2.1, "relative luminance": 0 for black, 1 for white.
+double luminance(const QColor& color) {
+  const auto linear = [](double component) {
+    return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+         0.0722 * linear(color.blueF());
+}
+
+/// WCAG 2.1, "contrast ratio".
+double contrast(const QColor& one, const QColor& other) {
+  const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+  return (lighter + 0.05) / (darker + 0.05);
+}
+
+QColor toQColor(const Color& color) {
+  const auto component = [](double value) {
+    return static_cast<float>(std::clamp(value, 0.0, 1.0));
+  };
+  return QColor::fromRgbF(component(color.red), component(color.green), component(color.blue),
+                          component(color.alpha));
+}
+
+}  // namespace
+
+bool isLight(const QColor& background) {
+  return contrast(background, Qt::black) > contrast(background, Qt::white);
+}
+
+QColor readableColor(const Color& color, const QColor& background) {
+  constexpr double readableContrast = 4.5;  // WCAG 2.1, level AA
+  constexpr float step = 0.02F;
+  QColor result = toQColor(color);
+  if (isLight(background)) return result;
+  float hue = 0, saturation = 0, lightness = 0, alpha = 0;
+  result.getHslF(&hue, &saturation, &lightness, &alpha);
+  while (contrast(result, background) < readableContrast && lightness < 1) {
+    lightness = std::min(1.0F, lightness + step);
+    result = QColor::fromHslF(hue, saturation, lightness, alpha);
+  }
+  return result;
+}
+
+}  // namespace qf

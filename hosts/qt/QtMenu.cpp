@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/qt/QtMenu.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QScreen>
+#include <QStyleOptionMenuItem>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+#include "hosts/qt/KeyEquivalent.h"
+#include "hosts/qt/MenuColor.h"
+
+namespace qf {
+namespace {
+
+constexpr int blanksPerLevel = 4;
+
+QFont fontFor(const Font& font, QFont base) {
+  if (!font.family.empty()) base.setFamily(QString::fromStdString(font.family));
+  if (font.pointSize > 0) base.setPointSizeF(font.pointSize);
+  return base;
+}
+
+QString titleOf(const MenuItem& item) {
+  return QString::fromStdString(item.attributedTitle ? item.attributedTitle->text : item.title);
+}
+
+void pick(const MenuItemRef& item) {
+  // A screen reader's press leaves the menu open.
+  while (QWidget* popup = QApplication::activePopupWidget()) {
+    if (!popup->close()) break;
+  }
+  QTimer::singleShot(0, qApp, [item] {
+    // The answer to a question comes after everything sent before it: by now the window system has
+    // taken the menu away and given back mouse and keyboard. The action may block for long.
+    QCursor::pos();
+    if (item->target != nullptr) item->target->performAction(item->action, *item);
+  });
+}
+
+}  // namespace
+
+QtMenu::QtMenu(std::shared_ptr<Menu> model, QWidget* parent)
+    : QMenu(parent), _model(std::move(model)) {
+  // A click beside the menu closes it and does nothing else: on the tray icon it would open again.
+  setAttribute(Qt::WA_NoMouseReplay);
+  connect(this, &QMenu::aboutToShow, this, &QtMenu::prepare);
+}
+
+void QtMenu::openBeside(const QRect& place) {
+  connect(this, &QMenu::aboutToHide, this, &QObject::deleteLater);
+  prepare();
+  const QScreen* screen = QGuiApplication::screenAt(place.center());
+  if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+  const QRect available = screen->geometry();
+  const int roomBelow = available.bottom() - place.bottom();
+  const int roomAbove = place.top() - available.top();
+  const bool opensAbove = sizeHint().height() > roomBelow && roomAbove > roomBelow;
+  const int top = opensAbove ? std::max(available.top(), place.top() - sizeHint().height())
+                             : place.top() + place.height();
+  popup({place.left(), top});
+}
+
+void QtMenu::prepare() {
+  if (!_rows.isEmpty()) return;
+  if (_model->delegate != nullptr) {
+    _model->delegate->menuNeedsUpdate(*_model);
+    _model->delegate->menuWillOpen(*_model);
+  }
+  setFont(fontFor(_model->font, font()));
+  for (const MenuItemRef& item : _model->items()) addRow(item);
+  makeRoomForRows();
+}
+
+void QtMenu::addRow(const MenuItemRef& item) {
+  if (item->isSeparator()) {
+    addSeparator();
+    return;
+  }
+  const bool isEnabled = updateAndValidate(*item);
+  QAction* action = addAction(titleOf(*item).replace('&', "&&"));
+  action->setEnabled(isEnabled);
+  action->setCheckable(item->isOn);
+  action->setChecked(item->isOn);
+  if (item->attributedTitle && item->attributedTitle->font) {
+    action->setFont(fontFor(*item->attributedTitle->font, font()));
+  }
+  if (item->submenu) action->setMenu(new QtMenu(item->submenu, this));
+  connect(action, &QAction::triggered, this, [item] { pick(item); });
+  _rows.insert(action, {item, QString(blanksPerLevel * item->indentationLevel, ' '),
+                        keyEquivalentText(*item)});
+}
+
+void QtMenu::makeRoomForRows() {
+  // QMenu measures an action's own text, which is kept free of indentation and shortcut: it is the
+  // name under which a screen reader finds the row.
+  int indentation = 0;
+  for (const Row& row : std::as_const(_rows)) {
+    indentation = std::max(indentation, fontMetrics().horizontalAdvance(row.indentation));
+    _keyEquivalentWidth =
+        std::max(_keyEquivalentWidth, fontMetrics().horizontalAdvance(row.keyEquivalent));
+  }
+  const int gap = _keyEquivalentWidth > 0 ? 2 * fontMetrics().height() : 0;
+  setMinimumWidth(sizeHint().width() + indentation + gap + _keyEquivalentWidth);
+}
+
+void QtMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
+  QMenu::initStyleOption(option, action);
+  const auto found = _rows.constFind(action);
+  if (found == _rows.constEnd()) return;
+  option->text.prepend(found->indentation);
+  if (!found->keyEquivalent.isEmpty()) option->text += '\t' + found->keyEquivalent;
+  option->reservedShortcutWidth = _keyEquivalentWidth;
+
+  const std::optional<AttributedTitle>& title = found->item->attributedTitle;
+  if (!title || !title->foregroundColor) return;
+  const QColor color =
+      readableColor(*title->foregroundColor, option->palette.color(QPalette::Window));
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+    option->palette.setColor(role, color);
+  }
+}
+
+}  // namespace qf

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/qt/QtStatusItem.h"
+
+#include <QCursor>
+#include <utility>
+
+#include "hosts/qt/QtStatusBar.h"
+
+namespace qf {
+namespace {
+
+constexpr int panelSettlesInMs = 150;
+
+/// The caller's object, not owned.
+std::shared_ptr<Menu> unowned(Menu* menu) { return {std::shared_ptr<Menu>(), menu}; }
+
+}  // namespace
+
+QtStatusItem::QtStatusItem(QtStatusBar& statusBar) {
+  _panelTimer.setSingleShot(true);
+  _panelTimer.setInterval(panelSettlesInMs);
+  connect(&_panelTimer, &QTimer::timeout, this, &QtStatusItem::lookAtPanel);
+  connect(&_icon, &QSystemTrayIcon::activated, this, &QtStatusItem::openMenu);
+  const auto showToolTip = [this, &statusBar] { _icon.setToolTip(statusBar.toolTip()); };
+  connect(&statusBar, &QtStatusBar::toolTipChanged, this, showToolTip);
+  showToolTip();
+  updateIcon();
+  _icon.show();
+}
+
+void QtStatusItem::setImage(std::optional<Image> image) {
+  _image = std::move(image);
+  updateIcon();
+}
+
+void QtStatusItem::setHighlighted(bool highlighted) {
+  _isHighlighted = highlighted;
+  updateIcon();
+}
+
+void QtStatusItem::setEnabled(bool enabled) {
+  _isEnabled = enabled;
+  updateIcon();
+}
+
+void QtStatusItem::openMenu() {
+  if (_model == nullptr || !_isEnabled || _openMenu) return;
+  _openMenu = new QtMenu(unowned(_model));
+  // A panel on the bus does not say where it shows the icon.
+  const QRect geometry = _icon.geometry();
+  _openMenu->openBeside(geometry.isEmpty() ? QRect(QCursor::pos(), QSize(0, 0)) : geometry);
+}
+
+void QtStatusItem::updateIcon() {
+  if (!_image) {
+    _icon.setIcon(emptyIcon());
+    return;
+  }
+  IconTint tint = _tint;
+  if (_isHighlighted) tint.state = IconTint::State::highlighted;
+  if (!_isEnabled) tint.state = IconTint::State::disabled;
+  _icon.setIcon(iconForImage(*_image, tint, [this] { _panelTimer.start(); }));
+}
+
+void QtStatusItem::lookAtPanel() {
+  const IconTint::Panel panel = panelAt(_icon.geometry());
+  if (panel == _tint.panel) return;
+  _tint.panel = panel;
+  updateIcon();
+}
+
+}  // namespace qf
