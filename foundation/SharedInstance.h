@@ -20,9 +20,11 @@ class SharedInstance {
   /// Before the first `get`; a maker given later has no effect.
   static void setMaker(Maker maker) { state().maker = std::move(maker); }
 
-  static T& get() {
+  static T& get() { return get(state().maker); }
+  /// Made by this maker, if this is the first `get`: for a class whose callers choose what is made.
+  static T& get(const Maker& maker) {
     State& shared = state();
-    std::call_once(shared.once, [&shared] { shared.object = shared.maker(); });
+    std::call_once(shared.once, [&] { shared.object = maker(); });
     return *shared.object;
   }
 

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace qf {
+
+/// The file's URL, as log lines name files: "file://" and the path, percent-encoded (RFC 8089).
+std::string fileURLString(const std::filesystem::path& path);
+
+}  // namespace qf

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "foundation/Color.h"
+#include "foundation/Value.h"
+#include "kit/QFKInvertedDictionary.h"
+
+namespace qf {
+
+class Bundle;
+
+/// The engine's groups and cleaners, and every question that is asked about them. Empty until the
+/// first `setListInfo`. No query touches the disk. Main thread.
+class QFKListModel {
+ public:
+  using Names = std::optional<std::vector<std::string>>;
+
+  /// The bundle must outlive the model.
+  explicit QFKListModel(const Bundle& bundle);
+
+  /// Replaces everything by this list data and indexes it; the format is in docs/files.md. What is
+  /// missing or of the wrong kind is taken as not there.
+  void setListInfo(Dictionary data);
+  Dictionary listData() const { return _listInfo; }
+
+  /// Null without token info.
+  const Dictionary* tokenDictionary() const;
+  /// The token info turned round: its keys are the info dictionaries.
+  const QFKInvertedDictionary& reverseTokenDictionary() const { return _reverseTokenDictionary; }
+  QFKInvertedDictionary invertedDictionary(Value dictionary) const;
+
+  // Nothing before the first load, and when the list data have no such entry.
+  const Names& textEncodingList() const { return _textEncodingList; }
+  const Names& builtInGroupNames() const { return _builtInGroupNames; }
+  const Names& userGroupNames() const { return _userGroupNames; }
+
+  // Of a group that is not known: empty.
+  std::vector<std::string> tokenListForGroup(std::string_view group) const;
+  /// The group's entries in their order, each a dictionary.
+  Array namedRichList(std::string_view group) const;
+  Array infoForGroup(std::string_view group) const { return namedRichList(group); }
+  std::vector<std::string> cleanerApplyList() const { return tokenListForGroup("Library"); }
+
+  /// What is shown for the token: its name, a label's text, else the token. Options change nothing.
+  std::string nameForToken(std::string_view token, std::int64_t options = 0) const;
+  std::string labelNameForToken(std::string_view token) const;
+  std::string descriptionForToken(std::string_view token) const;
+  /// The name itself where no token is found for it.
+  std::string tokenForName(std::string_view name) const;
+  std::string tokenFromLabelName(std::optional<std::string_view> text) const;
+  bool tokenIsLabel(std::string_view token) const;
+  bool tokenIsSeparator(std::string_view token) const;
+
+  /// The colour of "#" and six hexadecimal digits; black, and a log line, for another length.
+  Color colorWithHexColorString(std::optional<std::string_view> text) const;
+  /// Black for an entry without a colour, or when there is no such entry.
+  Color colorAtIndex(std::int64_t index, std::string_view group) const;
+  /// The last coloured entry of that token in the group decides.
+  Color colorForItem(std::string_view token, std::string_view group) const;
+
+  /// Whether the engine offers the encoding, by its name with or without the family before it.
+  bool isValidTextEncoding(std::string_view name) const;
+
+ private:
+  // Colours by token. The views and pointers lead into the group's own items.
+  using ColorIndex = std::unordered_map<std::string_view, std::vector<const std::string*>>;
+
+  struct Group {
+    Array items;
+    mutable std::optional<ColorIndex> colors;  // made when first asked for: one walk, not one a row
+  };
+
+  Names namesForKey(std::string_view key) const;
+  const Group* group(std::string_view name) const;
+  const Dictionary* infoForToken(std::string_view token) const;
+
+  const Bundle& _bundle;
+  Dictionary _listInfo;
+  std::map<std::string, Group, std::less<>> _groupData;
+  QFKInvertedDictionary _reverseTokenDictionary;
+  Names _textEncodingList;
+  Names _builtInGroupNames;
+  Names _userGroupNames;
+};
+
+}  // namespace qf

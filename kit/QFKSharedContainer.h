@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "foundation/Value.h"
+#include "kit/QFKSharedContainerURL.h"
+
+namespace qf {
+
+class FileManager;
+class UserDefaults;
+class UserDefaultsDomains;
+
+/// Reads what agent and engine share. Keeps nothing: every call asks the system anew. Any thread,
+/// the user defaults excepted (main thread).
+class QFKSharedContainer {
+ public:
+  using URL = QFKSharedContainerURL::URL;
+
+  static QFKSharedContainer& sharedManager();
+
+  /// Both must outlive the container.
+  QFKSharedContainer(FileManager& fileManager, UserDefaultsDomains& userDefaults);
+
+  URL containerURL() const;
+  URL containerURLForFile(std::string_view fileName) const;
+
+  /// The menu settings as they stand in their file.
+  std::optional<Value> QFKQFMenuSettings() const;
+  /// What the property-list file holds, whatever kind its root is. Nothing when the file cannot be
+  /// read; nothing and a log line when it is not a property list.
+  std::optional<Value> QFKDictionaryForURL(const URL& url) const;
+
+  /// A new object for the domain that the group shares, with its defaults registered.
+  std::unique_ptr<UserDefaults> sharedQuenfoldDefaults() const;
+
+ private:
+  FileManager& _fileManager;
+  UserDefaultsDomains& _userDefaults;
+};
+
+}  // namespace qf

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "foundation/Value.h"
+
+namespace qf {
+
+/// One of the user's shortcuts and what it does: a plain value, stored as a record of the menu
+/// settings (docs/files.md).
+class QFKShortcutActionItem {
+ public:
+  static QFKShortcutActionItem itemFromDictionary(const Dictionary* record) {
+    return QFKShortcutActionItem(record);
+  }
+
+  /// Applies the cleaner "#SCRUB", has no keys, and has a new `uuid`.
+  QFKShortcutActionItem();
+  /// Takes every property from the record; a null record is as none.
+  explicit QFKShortcutActionItem(const Dictionary* record);
+
+  /// The record. An unset `uuid` is stored as a new one each time.
+  Dictionary dictionary() const;
+  /// Made from the record, so that an unset `uuid` becomes a new one.
+  QFKShortcutActionItem copy() const;
+  std::string description() const;
+
+  std::int64_t type = 0;  ///< 0 applies a cleaner, 1 pops up a group's menu
+  /// The cleaner's token; or the group's name, or "#current" for the group that the menu shows.
+  std::optional<std::string> typeValue = "#SCRUB";
+  bool hasShortcut = false;     ///< whether a combination was recorded
+  std::uint64_t keycode = 0;    ///< virtual key code
+  std::uint64_t modifiers = 0;  ///< as host/EventState.h lays them out
+  std::optional<std::string> uuid;
+};
+
+}  // namespace qf
