@@ -31,6 +31,8 @@ class FakeAccessibilityElement : public AccessibilityElement,
     return item;
   }
 
+  const std::vector<Ref>& children() const { return _children; }
+  void removeChildren() { _children.clear(); }
   /// Appends, and answers the child.
   Ref add(const Ref& child) {
     child->_parent = weak_from_this();
@@ -40,7 +42,9 @@ class FakeAccessibilityElement : public AccessibilityElement,
 
   std::optional<AccessibilityValue> copyAttributeValue(std::string_view attribute) const override {
     if (attribute == "AXEnabled" && isEnabled) return isEnabled();
-    if (attribute == "AXChildren") return _children;
+    if (attribute == "AXChildren") {
+      return std::vector<AccessibilityElementRef>(_children.begin(), _children.end());
+    }
     if (attribute == "AXParent") {
       if (const auto parent = _parent.lock()) return AccessibilityElementRef(parent);
       return std::nullopt;
@@ -76,7 +80,7 @@ class FakeAccessibilityElement : public AccessibilityElement,
 
  private:
   std::weak_ptr<FakeAccessibilityElement> _parent;
-  std::vector<AccessibilityElementRef> _children;
+  std::vector<Ref> _children;
 };
 
 /// Applications by their process, each a tree that the test made.

@@ -23,7 +23,8 @@ class FakeEditor {
     application->attributes["AXMenuBar"] = AccessibilityElementRef(menuBar);
     application->attributes["AXFocusedUIElement"] = AccessibilityElementRef(textArea);
     textArea->process = process;
-    for (int i = 0; i < 2; ++i) addMenu();
+    addMenu();
+    addMenu();
     addMenu()->add(FakeAccessibilityElement::menuItem("S", [] { return false; }));
     fillEditMenu(*addMenu());
     accessibility.applications[process] = application;
@@ -35,6 +36,11 @@ class FakeEditor {
   FakeAccessibilityElement::Ref addMenu() {
     return menuBar->add(FakeAccessibilityElement::make("AXMenuBarItem"))
         ->add(FakeAccessibilityElement::make("AXMenu"));
+  }
+
+  /// The menu at that place of the menu bar; Edit is at 3.
+  FakeAccessibilityElement::Ref menuAt(std::size_t index) const {
+    return menuBar->children().at(index)->children().at(0);
   }
 
   std::string text;

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/Application.h"
+#include "host/Image.h"
+
+namespace qf {
+
+class QFCurrentAppTracker;
+class QFGlobalMenu;
+class QFKClientBase;
+class QFKMenuSettingsManager;
+class StatusItem;
+class UserDefaults;
+struct Host;
+
+/// Starts the agent: makes the process-wide objects in their order, installs the status item, and
+/// follows the menu settings. Main thread.
+class AppDelegate : public ApplicationDelegate {
+ public:
+  /// Where the process-wide objects come from, each made when first asked for.
+  struct SharedObjects {
+    std::function<QFKMenuSettingsManager&()> menuSettingsMgr;
+    std::function<QFKClientBase&()> client;
+    std::function<QFGlobalMenu&()> globalMenu;
+    std::function<QFCurrentAppTracker&()> currentAppTracker;
+  };
+
+  /// Registers the defaults of the program; once, before its first delegate.
+  static void initialize(UserDefaults& standardUserDefaults);
+
+  /// The host and the objects outlive the delegate, which in turn outlives the last run of the main
+  /// loop: it never stops observing.
+  AppDelegate(Host& host, SharedObjects sharedObjects);
+  ~AppDelegate() override;
+
+  void applicationWillFinishLaunching() override {}
+  void applicationDidFinishLaunching() override;
+  void applicationWillTerminate() override {}
+
+  /// The group that the status menu shows.
+  std::optional<std::string> currentGroup() const;
+
+  /// Someone changed the menu settings.
+  void updateMenuPrefs();
+  void readQFMenuDictionaryFromSharedContainer();
+
+ private:
+  void checkAccessibilityTrust();
+  void installStatusItem();
+  std::optional<Image> menuIcon() const;
+
+  Host& _host;
+  SharedObjects _sharedObjects;
+  std::unique_ptr<StatusItem> _statusItem;
+  QFGlobalMenu* _globalMenu = nullptr;
+  QFKMenuSettingsManager* _menuSettingsMgr = nullptr;
+};
+
+}  // namespace qf

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "app/ApplicationMain.h"
+
+#include "app/AppDelegate.h"
+#include "app/Composition.h"
+#include "host/Application.h"
+#include "host/Host.h"
+#include "host/UserDefaults.h"
+#include "kit/QFKMenuSettingsManager.h"
+#include "kit/QFMenuClient.h"
+#include "menu/QFGlobalMenu.h"
+#include "textaccess/QFCurrentAppTracker.h"
+
+namespace qf {
+
+int applicationMain(Host& host) {
+  composeSharedInstances(host);
+  AppDelegate::initialize(host.userDefaults.standardUserDefaults());
+  AppDelegate delegate(host, {
+                                 .menuSettingsMgr = &QFKMenuSettingsManager::sharedManager,
+                                 .client = &QFMenuClient::sharedClient,
+                                 .globalMenu = &QFGlobalMenu::shared,
+                                 .currentAppTracker = &QFCurrentAppTracker::shared,
+                             });
+  return host.application.run(delegate);
+}
+
+}  // namespace qf

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "app/Composition.h"
+
+#include <memory>
+
+#include "foundation/SharedInstance.h"
+#include "host/Host.h"
+#include "host/Pasteboard.h"
+#include "host/UserDefaults.h"
+#include "kit/QFKMenuSettingsManager.h"
+#include "kit/QFKSharedContainer.h"
+#include "kit/QFMenuClient.h"
+#include "menu/QFGlobalMenu.h"
+#include "textaccess/QFCurrentAppTracker.h"
+#include "textaccess/QFTextAccess.h"
+
+namespace qf {
+
+void composeSharedInstances(Host& host) {
+  SharedInstance<QFKSharedContainer>::setMaker([&host] {
+    return std::make_unique<QFKSharedContainer>(host.fileManager, host.userDefaults);
+  });
+  SharedInstance<QFKMenuSettingsManager>::setMaker([&host] {
+    return std::make_unique<QFKMenuSettingsManager>(
+        QFKSharedContainer::sharedManager(), host.fileManager, host.distributedNotificationCenter);
+  });
+  QFKClientBase::setSharedServices({
+      .appleEvents = host.appleEvents,
+      .bundle = host.bundle,
+      .distributedNotificationCenter = host.distributedNotificationCenter,
+      .fileManager = host.fileManager,
+      .workspace = host.workspace,
+  });
+  SharedInstance<QFTextAccess>::setMaker([&host] {
+    return std::make_unique<QFTextAccess>(host.accessibility, host.pasteboards.generalPasteboard(),
+                                          host.workspace);
+  });
+  SharedInstance<QFCurrentAppTracker>::setMaker(
+      [&host] { return std::make_unique<QFCurrentAppTracker>(host.workspace); });
+  SharedInstance<QFGlobalMenu>::setMaker([&host] {
+    return std::make_unique<QFGlobalMenu>(QFGlobalMenu::Collaborators{
+        .client = QFMenuClient::sharedClient(),
+        .menuSettingsMgr = QFKMenuSettingsManager::sharedManager(),
+        .textAccess = SharedInstance<QFTextAccess>::get(),
+        .application = host.application,
+        .bundle = host.bundle,
+        .distributedNotificationCenter = host.distributedNotificationCenter,
+        .eventState = host.eventState,
+        .menuPresenter = host.menuPresenter,
+        .sound = host.sound,
+        .userDefaults = host.userDefaults.standardUserDefaults(),
+        .currentAppTracker = &QFCurrentAppTracker::shared,
+    });
+  });
+}
+
+}  // namespace qf
