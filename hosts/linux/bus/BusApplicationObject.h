@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QByteArray>
+#include <QDBusContext>
+#include <QObject>
+#include <QString>
+#include <functional>
+
+namespace qf {
+
+/// What this process exports at `bus::applicationPath`. The bus calls it on the main thread, from
+/// the run loop.
+class BusApplicationObject : public QObject, protected QDBusContext {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.quenfold.Application1")
+  Q_PROPERTY(QString BundleIdentifier READ bundleIdentifier SCRIPTABLE true)
+  Q_PROPERTY(int ProcessIdentifier READ processIdentifier SCRIPTABLE true)
+  Q_PROPERTY(int ActivationPolicy READ activationPolicy SCRIPTABLE true)
+
+ public:
+  /// The reply's bytes, or a D-Bus error when `errorName` is not empty.
+  struct Answer {
+    QByteArray data;
+    QString errorName;
+    QString errorText;
+  };
+  using EventReceiver = std::function<Answer(quint32 eventClass, quint32 eventID,
+                                             const QByteArray& data, const QString& sender)>;
+
+  BusApplicationObject(QString bundleIdentifier, int processIdentifier, int activationPolicy);
+
+  QString bundleIdentifier() const { return _bundleIdentifier; }
+  int processIdentifier() const { return _processIdentifier; }
+  int activationPolicy() const { return _activationPolicy; }
+  void setActivationPolicy(int policy) { _activationPolicy = policy; }
+  void setEventReceiver(EventReceiver receiver) { _eventReceiver = std::move(receiver); }
+
+ public slots:
+  Q_SCRIPTABLE QByteArray HandleEvent(quint32 eventClass, quint32 eventID, const QByteArray& data);
+
+ private:
+  QString _bundleIdentifier;
+  int _processIdentifier;
+  int _activationPolicy;
+  EventReceiver _eventReceiver;
+};
+
+}  // namespace qf

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QDBusConnection>
+#include <QSet>
+#include <QString>
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+
+#include "host/AppleEvents.h"
+#include "hosts/linux/bus/BusApplicationObject.h"
+
+namespace qf {
+
+class BusApplications;
+
+/// Command events as `HandleEvent` calls on the session bus. Events from other users are refused
+/// with a D-Bus error, unseen by the handlers, and so is more than 16 MiB of data either way.
+class DBusAppleEvents : public AppleEvents {
+ public:
+  /// Told why a send has failed, in words for a person.
+  using FailureHandler = std::function<void(const std::string& reason)>;
+
+  static constexpr std::size_t largestData = 16 * 1024 * 1024;
+
+  /// `applications` must outlive this.
+  explicit DBusAppleEvents(BusApplications& applications);
+  ~DBusAppleEvents() override;
+
+  void setFailureHandler(FailureHandler handler) { _failureHandler = std::move(handler); }
+
+  Availability availability() const override;
+  void setEventHandler(FourCharCode eventClass, FourCharCode eventID,
+                       EventHandler handler) override;
+  AppleEventStatus sendMessage(const AppleEvent& event, std::int32_t sendMode,
+                               std::int32_t timeoutInTicks, Data& reply) override;
+
+ private:
+  struct Outcome {
+    AppleEventStatus status = AppleEventStatus::noError;
+    std::string reason;
+  };
+
+  Outcome send(const AppleEvent& event, std::int32_t sendMode, int milliseconds, Data& reply);
+  Outcome call(const QDBusMessage& message, int milliseconds, Data& reply);
+  BusApplicationObject::Answer receive(quint32 eventClass, quint32 eventID, const QByteArray& data,
+                                       const QString& sender);
+  bool isSameUser(const QString& sender);
+
+  BusApplications& _applications;
+  QDBusConnection _bus;
+  std::map<std::pair<FourCharCode, FourCharCode>, EventHandler> _handlers;
+  FailureHandler _failureHandler;
+  QSet<QString> _knownSenders;  ///< unique names of this user's; the bus never gives one twice
+};
+
+}  // namespace qf

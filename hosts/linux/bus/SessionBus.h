@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QString>
+#include <string_view>
+
+#include "host/Availability.h"
+
+namespace qf {
+
+/// The names of docs/protocol.md.
+namespace bus {
+inline constexpr char applicationPath[] = "/org/quenfold/Application";
+inline constexpr char applicationInterface[] = "org.quenfold.Application1";
+inline constexpr char notificationsPath[] = "/org/quenfold/DistributedNotifications";
+inline constexpr char notificationsInterface[] = "org.quenfold.DistributedNotifications1";
+inline constexpr char statusPath[] = "/org/quenfold/Status";
+}  // namespace bus
+
+/// Whether the connection to the session bus stands, and if not, what a person can do about it.
+Availability busAvailability(const QDBusConnection& connection);
+
+/// A method call that never makes the bus start its addressee.
+QDBusMessage busCall(const QString& service, const QString& path, const QString& interface,
+                     const QString& method);
+/// A call to the bus itself.
+QDBusMessage busDaemonCall(const QString& method, const QString& argument);
+
+inline QString toQString(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace qf

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QDBusConnection>
+#include <chrono>
+#include <string>
+#include <vector>
+
+namespace qf {
+
+/// Tells the person something through the desktop's notifications. Main thread.
+class UserNotice {
+ public:
+  using Clock = std::chrono::steady_clock;
+  static constexpr std::chrono::seconds quietTime{30};
+
+  /// `applicationName` heads each notice; `iconName` is a name of the icon theme, or a path.
+  UserNotice(QDBusConnection bus, std::string applicationName, std::string iconName);
+
+  /// Returns at once. The same text within `quietTime` of its last telling is not told again.
+  void tell(const std::string& text, Clock::time_point now = Clock::now());
+
+ private:
+  struct Told {
+    std::string text;
+    Clock::time_point when;
+  };
+
+  bool wasToldRecently(const std::string& text, Clock::time_point now);
+
+  QDBusConnection _bus;
+  std::string _applicationName;
+  std::string _iconName;
+  std::vector<Told> _told;
+};
+
+}  // namespace qf
