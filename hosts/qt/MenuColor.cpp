@@ -18,7 +18,7 @@ double luminance(const QColor& color) {
 
 /// WCAG 2.1, "contrast ratio".
 double contrast(const QColor& one, const QColor& other) {
-  const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+  const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
   return (lighter + 0.05) / (darker + 0.05);
 }
 
@@ -48,6 +48,14 @@ QColor readableColor(const Color& color, const QColor& background) {
     result = QColor::fromHslF(hue, saturation, lightness, alpha);
   }
   return result;
+}
+
+QColor fadedText(const QColor& text, const QColor& background) {
+  constexpr float share = 0.55F;
+  const auto mixed = [](float one, float other) { return share * one + (1 - share) * other; };
+  return QColor::fromRgbF(mixed(text.redF(), background.redF()),
+                          mixed(text.greenF(), background.greenF()),
+                          mixed(text.blueF(), background.blueF()));
 }
 
 }  // namespace qf

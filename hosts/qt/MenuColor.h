@@ -14,4 +14,7 @@ bool isLight(const QColor& background);
 /// as they are there; on a dark one, a colour too dark to read is made lighter in its own hue.
 QColor readableColor(const Color& color, const QColor& background);
 
+/// Text that cannot be picked: fainter than the rest, but still to be read.
+QColor fadedText(const QColor& text, const QColor& background);
+
 }  // namespace qf

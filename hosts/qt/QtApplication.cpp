@@ -3,16 +3,20 @@
 
 #include <QTimer>
 
+#include "hosts/qt/MenuStyle.h"
+
 namespace qf {
 
 QtApplication::QtApplication(int& argc, char** argv) : _application(argc, argv) {
   // A menu or a palette that closes is never the application's last window.
   QGuiApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setStyle(new MenuStyle);
 }
 
 int QtApplication::run(ApplicationDelegate& delegate) {
   delegate.applicationWillFinishLaunching();
-  QTimer::singleShot(0, &_application, [&delegate] { delegate.applicationDidFinishLaunching(); });
+  // Before the loop turns: no event finds the application half made.
+  delegate.applicationDidFinishLaunching();
   const int exitCode = QApplication::exec();
   delegate.applicationWillTerminate();
   return exitCode;

@@ -16,6 +16,7 @@ namespace qf {
 namespace {
 
 constexpr int blanksPerLevel = 4;
+constexpr auto textRoles = {QPalette::Text, QPalette::WindowText, QPalette::ButtonText};
 
 QFont fontFor(const Font& font, QFont base) {
   if (!font.family.empty()) base.setFamily(QString::fromStdString(font.family));
@@ -114,12 +115,17 @@ void QtMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action
   if (!found->keyEquivalent.isEmpty()) option->text += '\t' + found->keyEquivalent;
   option->reservedShortcutWidth = _keyEquivalentWidth;
 
+  const QPalette& palette = option->palette;
   const std::optional<AttributedTitle>& title = found->item->attributedTitle;
-  if (!title || !title->foregroundColor) return;
-  const QColor color =
-      readableColor(*title->foregroundColor, option->palette.color(QPalette::Window));
-  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
-    option->palette.setColor(role, color);
+  if (title && title->foregroundColor) {
+    const QColor color = readableColor(*title->foregroundColor, palette.color(QPalette::Window));
+    for (const auto role : textRoles) option->palette.setColor(role, color);
+  } else {
+    for (const auto role : textRoles) {
+      option->palette.setColor(
+          QPalette::Disabled, role,
+          fadedText(palette.color(QPalette::Active, role), palette.color(QPalette::Window)));
+    }
   }
 }
 
