@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "engine/cleaners/Cleaner.h"
+
+namespace qf {
+
+/// The cleaners by token: those that are built in, and those that a person made. Any number of
+/// threads may clean at once; changing the person's needs the library to itself.
+class QFCleanerLibrary {
+ public:
+  using Cleaners = std::map<std::string, CleanerFunction, std::less<>>;
+
+  QFCleanerLibrary();
+
+  /// Cleans a text of any bytes: ill-formed UTF-8 becomes U+FFFD first. Fails for a token that
+  /// names no cleaner and where the cleaner does.
+  Result<std::string> clean(std::string_view token, std::string_view bytes) const;
+
+  const Cleaners& builtInCleaners() const { return _builtIn; }
+  /// Replaces the person's own; a built-in cleaner of the same token wins.
+  void setCustomCleaners(Cleaners cleaners) { _custom = std::move(cleaners); }
+
+ private:
+  Cleaners _builtIn;
+  Cleaners _custom;
+};
+
+}  // namespace qf

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/QFEngine.h"
+
+#include "foundation/Log.h"
+#include "kit/DictionaryFile.h"
+#include "kit/QFKIdentifiers.h"
+#include "kit/QFKListFormat.h"
+#include "kit/QFKSharedContainerURL.h"
+
+namespace qf {
+namespace {
+
+void logIgnored(std::string_view command, std::string_view reason) {
+  log("Command " + std::string(command) + " ignored: " + std::string(reason));
+}
+
+const std::string* stringIn(const std::optional<Value>& value) {
+  return value ? value->string() : nullptr;
+}
+
+}  // namespace
+
+QFEngine::QFEngine(const QFEngineServices& services, std::function<void()> terminate)
+    : _fileManager(services.fileManager),
+      _terminate(std::move(terminate)),
+      _publisher(services.bundle, services.fileManager, services.distributedNotificationCenter),
+      _pasteboardCleaner(services.pasteboards, _library),
+      _fileCleaner(services.fileManager, _library),
+      _connector(services.appleEvents, services.workspace, services.distributedNotificationCenter) {
+  _connector.setDelegate(this);
+}
+
+void QFEngine::start() {
+  reload();
+  _connector.setupIncomingCommandsReceiver();
+}
+
+void QFEngine::reload() {
+  _publisher.reload();
+  _publisher.publish();
+}
+
+std::string QFEngine::remoteAppBundleIdentifier() const {
+  return std::string(agentBundleIdentifier);
+}
+
+std::optional<Value> QFEngine::processReceivedCommand(std::optional<std::string_view> command,
+                                                      std::optional<Value> param1,
+                                                      std::optional<Value> param2) {
+  const std::string_view name = command.value_or("");
+  if (name == "listData") return Value(_publisher.listData());
+  if (name == "menuSettings") return menuSettings();
+  if (name == "textEncodingList") return textEncodingList();
+  if (name == "quitEngine") {
+    _terminate();
+  } else if (name == "resetEngine") {
+    reload();
+  } else if (name == "launchQuenfoldApp" || name == "showQuenfoldPreferences") {
+    logIgnored(name, "this build of the engine has no window");
+  } else if (name == "cleanPasteboard:cleaner:") {
+    cleanPasteboard(param1, param2);
+  } else if (name == "cleanFiles:cleaner:") {
+    const std::string* cleaner = stringIn(param2);
+    cleanFiles(param1, cleaner ? *cleaner : "", "");
+  } else if (name == "cleanFiles:options:") {
+    cleanFilesWithOptions(param1, param2);
+  } else {
+    log("command:<<" + std::string(name) + ">> is not implemented");
+  }
+  return std::nullopt;
+}
+
+void QFEngine::cleanPasteboard(const std::optional<Value>& name,
+                               const std::optional<Value>& cleaner) {
+  const std::string* pasteboardName = stringIn(name);
+  const std::string* token = stringIn(cleaner);
+  if (!pasteboardName || !token) {
+    return logIgnored("cleanPasteboard:cleaner:", "it needs a pasteboard's name and a cleaner");
+  }
+  _pasteboardCleaner.clean(*pasteboardName, *token);
+}
+
+void QFEngine::cleanFilesWithOptions(const std::optional<Value>& files,
+                                     const std::optional<Value>& options) {
+  const Dictionary* entries = options ? options->dictionary() : nullptr;
+  const std::string* cleaner = entries ? entries->string("cleanerName") : nullptr;
+  const std::string* encoding = entries ? entries->string("encodingName") : nullptr;
+  cleanFiles(files, cleaner ? *cleaner : "", encoding ? *encoding : "");
+}
+
+void QFEngine::cleanFiles(const std::optional<Value>& files, std::string_view cleaner,
+                          std::string_view encoding) {
+  const Array* paths = files ? files->array() : nullptr;
+  if (!paths || cleaner.empty()) {
+    return logIgnored("cleanFiles", "it needs a list of paths and a cleaner");
+  }
+  for (const Value& value : *paths) {
+    const std::filesystem::path path = value.string() ? *value.string() : "";
+    if (!path.is_absolute()) {
+      logIgnored("cleanFiles", value.description() + " is no absolute path");
+    } else if (const auto error = _fileCleaner.clean(path, cleaner, encoding)) {
+      log("File " + path.string() + " left as it is: " + error->localizedDescription);
+    }
+  }
+}
+
+Value QFEngine::menuSettings() const {
+  const auto stored = dictionaryWithContentsOfURL(
+      _fileManager, QFKSharedContainerURL::QFKMenuSettingsURL(_fileManager));
+  return stored ? *stored : Dictionary{{"menuIconID", 0}, {"menuStyle", 0}};
+}
+
+std::optional<Value> QFEngine::textEncodingList() const {
+  const Value* list = _publisher.listData().find(listKey::textEncoding);
+  return list ? std::optional(*list) : std::nullopt;
+}
+
+}  // namespace qf

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "engine/QFCleanerLibrary.h"
+#include "engine/QFFileCleaner.h"
+#include "engine/QFListPublisher.h"
+#include "engine/QFPasteboardCleaner.h"
+#include "kit/QFKAEConnector.h"
+#include "kit/QFKAEConnectorDelegate.h"
+
+namespace qf {
+
+class AppleEvents;
+class Bundle;
+class DistributedNotificationCenter;
+class FileManager;
+class Pasteboards;
+class Workspace;
+
+/// What the engine needs of the host. All outlive it.
+struct QFEngineServices {
+  AppleEvents& appleEvents;
+  const Bundle& bundle;
+  DistributedNotificationCenter& distributedNotificationCenter;
+  FileManager& fileManager;
+  Pasteboards& pasteboards;
+  Workspace& workspace;
+};
+
+/// The engine as other programs see it: offers the lists and carries out commands. It never sends
+/// any, so that it cannot wait for a program that waits for it. Main thread.
+class QFEngine final : public QFKAEConnectorDelegate {
+ public:
+  /// `terminate` ends the program once the present command is answered.
+  QFEngine(const QFEngineServices& services, std::function<void()> terminate);
+
+  /// Loads and publishes the lists and takes commands from now on.
+  void start();
+  /// Loads everything anew from its files and publishes again.
+  void reload();
+
+  std::string remoteAppBundleIdentifier() const override;
+  bool remoteAppHasAgentMode() const override { return false; }
+  bool receivesCommands() const override { return true; }
+  std::optional<Value> processReceivedCommand(std::optional<std::string_view> command,
+                                              std::optional<Value> param1,
+                                              std::optional<Value> param2) override;
+
+ private:
+  void cleanPasteboard(const std::optional<Value>& name, const std::optional<Value>& cleaner);
+  void cleanFiles(const std::optional<Value>& files, std::string_view cleaner,
+                  std::string_view encoding);
+  void cleanFilesWithOptions(const std::optional<Value>& files,
+                             const std::optional<Value>& options);
+  Value menuSettings() const;
+  std::optional<Value> textEncodingList() const;
+
+  FileManager& _fileManager;
+  std::function<void()> _terminate;
+  QFCleanerLibrary _library;
+  QFListPublisher _publisher;
+  QFPasteboardCleaner _pasteboardCleaner;
+  QFFileCleaner _fileCleaner;
+  QFKAEConnector _connector;
+};
+
+}  // namespace qf

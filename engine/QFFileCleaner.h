@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string_view>
+
+#include "foundation/Error.h"
+
+namespace qf {
+
+class FileManager;
+class QFCleanerLibrary;
+
+/// Cleans text files in place. Any thread.
+class QFFileCleaner {
+ public:
+  /// Both must outlive the object.
+  QFFileCleaner(const FileManager& fileManager, const QFCleanerLibrary& library);
+
+  /// Replaces the file's text by the cleaned one in the file's own encoding (TextEncoding.h), all
+  /// at once; permissions stay. An error means that the file is as it was, and says why. A text
+  /// that comes out the same is not written again.
+  std::optional<Error> clean(const std::filesystem::path& path, std::string_view token,
+                             std::string_view encoding = {}) const;
+
+ private:
+  const FileManager& _fileManager;
+  const QFCleanerLibrary& _library;
+};
+
+}  // namespace qf

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/QFListPublisher.h"
+
+#include "engine/AtomicFile.h"
+#include "foundation/Log.h"
+#include "foundation/PropertyList.h"
+#include "host/Bundle.h"
+#include "host/DistributedNotificationCenter.h"
+#include "kit/DictionaryFile.h"
+#include "kit/QFKIdentifiers.h"
+#include "kit/QFKSharedContainerURL.h"
+
+namespace qf {
+namespace {
+
+void logUnpublished(const std::string& reason) {
+  log("The list of cleaners could not be published: " + reason);
+}
+
+}  // namespace
+
+QFListPublisher::QFListPublisher(const Bundle& bundle, FileManager& fileManager,
+                                 DistributedNotificationCenter& distributedNotificationCenter)
+    : _bundle(bundle),
+      _fileManager(fileManager),
+      _distributedNotificationCenter(distributedNotificationCenter) {}
+
+void QFListPublisher::reload() {
+  const auto defaults = dictionaryWithContentsOfURL(
+      _fileManager, _bundle.resource("quenfold-lists-default", "plist"));
+  if (!defaults) log("The default list of cleaners is missing among the program's resources");
+  _listData = defaults.value_or(Dictionary());
+}
+
+void QFListPublisher::publish() const {
+  const auto url = QFKSharedContainerURL::QFKGroupsListURL(_fileManager);
+  if (!url) return logUnpublished("there is no shared folder");
+  const Result<Data> bytes = writePropertyList(Value(_listData), PropertyListFormat::xml);
+  if (!bytes) return logUnpublished(bytes.error().localizedDescription);
+  if (const auto error = replaceFile(*url, *bytes)) {
+    return logUnpublished(error->localizedDescription);
+  }
+  _distributedNotificationCenter.post(SharedGroupsDataChangedNotification);
+}
+
+}  // namespace qf
