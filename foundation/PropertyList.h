@@ -13,9 +13,10 @@ namespace qf {
 struct PropertyListLimits {
   std::size_t depth;  ///< containers inside one another
   std::size_t nodes;  ///< values in all, a shared one counted at each place that refers to it
+  std::size_t bytes;  ///< of the input
 
-  static constexpr PropertyListLimits file() { return {512, 8'000'000}; }
-  static constexpr PropertyListLimits message() { return {64, 1'000'000}; }
+  static constexpr PropertyListLimits file() { return {512, 8'000'000, std::size_t{1} << 30}; }
+  static constexpr PropertyListLimits message() { return {64, 1'000'000, std::size_t{64} << 20}; }
 };
 
 enum class PropertyListFormat { xml, binary };

@@ -135,6 +135,8 @@ class Dictionary {
 
   /// Replaces the value where the key stands already, else appends.
   void set(std::string_view key, Value value);
+  /// Makes room for that many keys.
+  void reserve(std::size_t count) { _entries.reserve(count); }
   void remove(std::string_view key);
   void clear();
 

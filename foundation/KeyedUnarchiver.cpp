@@ -1,0 +1,272 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "foundation/BinaryPropertyList.h"
+#include "foundation/DateText.h"
+#include "foundation/DecodedObject.h"
+#include "foundation/Failure.h"
+#include "foundation/KeyAllowance.h"
+#include "foundation/KeyedArchive.h"
+
+namespace qf {
+namespace {
+
+enum class CodedClass { string, data, date, array, dictionary, shortcut };
+
+constexpr std::pair<std::string_view, CodedClass> codedClasses[] = {
+    {"NSString", CodedClass::string},
+    {"NSMutableString", CodedClass::string},
+    {"NSData", CodedClass::data},
+    {"NSMutableData", CodedClass::data},
+    {"NSDate", CodedClass::date},
+    {"NSArray", CodedClass::array},
+    {"NSMutableArray", CodedClass::array},
+    {"NSDictionary", CodedClass::dictionary},
+    {"NSMutableDictionary", CodedClass::dictionary},
+    {"MASShortcut", CodedClass::shortcut},
+};
+
+// An archive is flat; per value that it codes it needs a few more of its own.
+constexpr std::size_t archiveNodesPerNode = 8;
+
+class KeyedUnarchiver {
+ public:
+  KeyedUnarchiver(std::size_t size, PropertyListLimits limits) : _limits(limits), _keys(size) {}
+
+  Result<Value> unarchive(const Value& archive) {
+    const auto root = rootIndex(archive);
+    if (!root) return _error;
+    _decoded.resize(_objects->size());
+    const DecodedObject* object = decoded(*root, 1);
+    if (!object) return _error;
+    return *object->value;
+  }
+
+ private:
+  static constexpr std::size_t nowhere = 0;  // no object that codes anything has this number
+
+  Failure fail(std::string_view what, std::uint64_t index = nowhere) {
+    if (_error.localizedDescription.empty()) {
+      _error.localizedDescription = "keyed archive";
+      if (index != nowhere) _error.localizedDescription += ", object " + std::to_string(index);
+      _error.localizedDescription += ": " + std::string(what);
+    }
+    return {};
+  }
+
+  std::optional<std::uint64_t> rootIndex(const Value& archive) {
+    const Dictionary* content = archive.dictionary();
+    if (!content) {
+      fail("not a dictionary");
+      return std::nullopt;
+    }
+    const Value* version = content->find("$version");
+    const std::string* archiver = content->string("$archiver");
+    const Dictionary* top = content->dictionary("$top");
+    const Value* root = top ? top->find("root") : nullptr;
+    _objects = content->array("$objects");
+    if (!version || *version != Value(100000)) {
+      fail("$version is not 100000");
+    } else if (!archiver || *archiver != "NSKeyedArchiver") {
+      fail("$archiver is not NSKeyedArchiver");
+    } else if (!_objects || _objects->empty() || _objects->front() != Value("$null")) {
+      fail("$objects is not an array that begins with $null");
+    } else if (!root || !root->uid()) {
+      fail("$top names no root");
+    } else {
+      return root->uid()->index;
+    }
+    return std::nullopt;
+  }
+
+  // The object as the archive holds it.
+  const Value* object(std::uint64_t index) {
+    if (index == 0) return fail("no object where a value must be");
+    if (index >= _objects->size()) return fail("outside the archive", index);
+    return &(*_objects)[index];
+  }
+
+  const DecodedObject* decoded(std::uint64_t index, std::size_t depth) {
+    const Value* coded = object(index);
+    if (!coded) return nullptr;
+    DecodedObject& result = _decoded[index];
+    if (result.isOpen) return fail("contains itself", index);
+    if (!result.value) {
+      result.isOpen = true;
+      if (!decode(result, *coded, index, depth)) return nullptr;
+      result.isOpen = false;
+    }
+    if (!result.fits(depth, _limits)) return fail("nested too deeply", index);
+    return &result;
+  }
+
+  bool decode(DecodedObject& result, const Value& coded, std::uint64_t index, std::size_t depth) {
+    const Dictionary* fields = coded.dictionary();
+    if (!fields) {
+      if (coded.uid() || coded.array()) return fail("neither a value nor an object", index);
+      result.value = coded;
+      return true;
+    }
+    const auto codedClass = classOf(*fields, index);
+    if (!codedClass) return false;
+    switch (*codedClass) {
+      case CodedClass::string:
+        return decodeWrapped(result, *fields, "NS.string", Value::Kind::string, index);
+      case CodedClass::data:
+        return decodeWrapped(result, *fields, "NS.data", Value::Kind::data, index);
+      case CodedClass::date:
+        return decodeDate(result, *fields, index);
+      default:
+        break;
+    }
+    if (depth > _limits.depth) return fail("nested too deeply", index);
+    result.height = 1;
+    if (*codedClass == CodedClass::array) return decodeArray(result, *fields, index, depth);
+    if (*codedClass == CodedClass::shortcut) return decodeFields(result, *fields, index, depth);
+    return decodeDictionary(result, *fields, index, depth);
+  }
+
+  std::optional<CodedClass> classOf(const Dictionary& fields, std::uint64_t index) {
+    const Value* reference = fields.find("$class");
+    if (!reference || !reference->uid()) {
+      fail("an object without a class", index);
+      return std::nullopt;
+    }
+    const Value* record = object(reference->uid()->index);
+    if (!record) return std::nullopt;
+    const Dictionary* description = record->dictionary();
+    const std::string* name = description ? description->string("$classname") : nullptr;
+    const Array* classes = description ? description->array("$classes") : nullptr;
+    if (!name || !classes || classes->empty() || classes->front() != Value(*name)) {
+      fail("a class that is not described", index);
+      return std::nullopt;
+    }
+    for (const auto& [className, codedClass] : codedClasses) {
+      if (*name == className) return codedClass;
+    }
+    fail("of the class \"" + name->substr(0, 80) + "\", which is not read", index);
+    return std::nullopt;
+  }
+
+  // The one field of a string or data object, in its place or by reference.
+  bool decodeWrapped(DecodedObject& result, const Dictionary& fields, std::string_view key,
+                     Value::Kind kind, std::uint64_t index) {
+    const Value* content = fields.find(key);
+    if (content && content->uid()) {
+      content = object(content->uid()->index);
+      if (!content) return false;
+    }
+    if (!content || content->kind() != kind) return fail("an object without its content", index);
+    result.value = *content;
+    return true;
+  }
+
+  bool decodeDate(DecodedObject& result, const Dictionary& fields, std::uint64_t index) {
+    const Value* time = fields.find("NS.time");
+    if (!time || !time->real() || !isStorableDate(Date{*time->real()})) {
+      return fail("a date without its time", index);
+    }
+    result.value = Value(Date{*time->real()});
+    return true;
+  }
+
+  // What the reference stands for, counted as a part of the container.
+  const Value* part(DecodedObject& container, const Value& reference, std::uint64_t index,
+                    std::size_t depth) {
+    if (!reference.uid()) return fail("a part that is no reference", index);
+    const DecodedObject* found = decoded(reference.uid()->index, depth + 1);
+    if (!found) return nullptr;
+    if (!container.add(*found, _limits)) return fail("too many values", index);
+    return &*found->value;
+  }
+
+  const Array* references(const Dictionary& fields, std::string_view key, std::uint64_t index) {
+    const Array* list = fields.array(key);
+    if (!list) return fail("a container without its parts", index);
+    if (list->size() >= _limits.nodes) return fail("too many values", index);
+    return list;
+  }
+
+  bool decodeArray(DecodedObject& result, const Dictionary& fields, std::uint64_t index,
+                   std::size_t depth) {
+    const Array* objects = references(fields, "NS.objects", index);
+    if (!objects) return false;
+    Array items;
+    items.reserve(objects->size());
+    for (const Value& reference : *objects) {
+      const Value* item = part(result, reference, index, depth);
+      if (!item) return false;
+      items.push_back(*item);
+    }
+    result.value = Value(std::move(items));
+    return true;
+  }
+
+  bool decodeDictionary(DecodedObject& result, const Dictionary& fields, std::uint64_t index,
+                        std::size_t depth) {
+    const Array* keys = references(fields, "NS.keys", index);
+    const Array* objects = references(fields, "NS.objects", index);
+    if (!keys || !objects) return false;
+    if (keys->size() != objects->size()) return fail("not as many values as keys", index);
+    Dictionary entries;
+    entries.reserve(keys->size());
+    for (std::size_t i = 0; i < keys->size(); ++i) {
+      const std::string* key = decodedKey((*keys)[i], index, depth);
+      if (!key) return false;
+      if (entries.contains(*key)) return fail("a key that comes twice", index);
+      const Value* value = part(result, (*objects)[i], index, depth);
+      if (!value) return false;
+      entries.set(*key, *value);
+    }
+    result.value = Value(std::move(entries));
+    return true;
+  }
+
+  const std::string* decodedKey(const Value& reference, std::uint64_t index, std::size_t depth) {
+    if (!reference.uid()) return fail("a key that is no reference", index);
+    const DecodedObject* found = decoded(reference.uid()->index, depth + 1);
+    if (!found) return nullptr;
+    const std::string* key = found->value->string();
+    if (!key) return fail("a key that is not a string", index);
+    if (!_keys.spend(key->size())) return fail("too many keys", index);
+    return key;
+  }
+
+  // The fields of an object that codes itself by keys.
+  bool decodeFields(DecodedObject& result, const Dictionary& fields, std::uint64_t index,
+                    std::size_t depth) {
+    Dictionary entries;
+    for (const auto& [key, field] : fields) {
+      if (key == "$class") continue;
+      if (!_keys.spend(key.size())) return fail("too many keys", index);
+      const bool isInline = field.boolean() || field.integer() || field.real();
+      const Value* value = isInline ? &field : part(result, field, index, depth);
+      if (!value) return false;
+      if (isInline && !result.add({}, _limits)) return fail("too many values", index);
+      entries.set(key, *value);
+    }
+    result.value = Value(std::move(entries));
+    return true;
+  }
+
+  PropertyListLimits _limits;
+  KeyAllowance _keys;
+  const Array* _objects = nullptr;
+  std::vector<DecodedObject> _decoded;
+  Error _error;
+};
+
+}  // namespace
+
+Result<Value> unarchiveKeyed(std::span<const std::uint8_t> bytes, PropertyListLimits limits) {
+  if (bytes.size() > limits.bytes) return Error{"keyed archive: too large"};
+  PropertyListLimits archiveLimits = limits;
+  archiveLimits.nodes *= archiveNodesPerNode;
+  const auto archive = readBinaryPropertyList(bytes, archiveLimits);
+  if (!archive) return archive.error();
+  return KeyedUnarchiver(bytes.size(), limits).unarchive(*archive);
+}
+
+}  // namespace qf

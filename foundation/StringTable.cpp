@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "foundation/StringTable.h"
+
+#include <utility>
+
+#include "foundation/OpenStepPropertyList.h"
+#include "foundation/Unicode.h"
+
+namespace qf {
+
+Result<StringTable> StringTable::read(std::span<const std::uint8_t> bytes) {
+  const auto text = decodeTextFile(bytes);
+  if (!text) return Error{"strings file: " + text.error().localizedDescription};
+  auto entries = readOpenStepEntries(*text, PropertyListLimits::file());
+  if (!entries) return entries.error();
+  return StringTable(*std::move(entries));
+}
+
+std::string StringTable::localized(std::string_view key) const {
+  const std::string* text = find(key);
+  return text ? *text : std::string(key);
+}
+
+}  // namespace qf
