@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/Host.h"
+#include "tests/support/FakeAccessibility.h"
+#include "tests/support/FakeAppleEvents.h"
+#include "tests/support/FakeApplication.h"
+#include "tests/support/FakeBundle.h"
+#include "tests/support/FakeCrashReporter.h"
+#include "tests/support/FakeDistributedNotificationCenter.h"
+#include "tests/support/FakeEventState.h"
+#include "tests/support/FakeFileManager.h"
+#include "tests/support/FakeMenuPresenter.h"
+#include "tests/support/FakePasteboard.h"
+#include "tests/support/FakeSound.h"
+#include "tests/support/FakeStatusBar.h"
+#include "tests/support/FakeUserDefaults.h"
+#include "tests/support/FakeWorkspace.h"
+
+namespace qf {
+
+/// A whole host in memory.
+struct FakeHost {
+  FakeAccessibility accessibility;
+  FakeAppleEvents appleEvents;
+  FakeApplication application;
+  FakeBundle bundle;
+  FakeCrashReporter crashReporter;
+  FakeDistributedNotificationCenter distributedNotificationCenter;
+  FakeEventState eventState;
+  FakeFileManager fileManager;
+  FakeMenuPresenter menuPresenter;
+  FakePasteboards pasteboards;
+  FakeSound sound;
+  FakeStatusBar statusBar;
+  FakeUserDefaultsDomains userDefaults;
+  FakeWorkspace workspace;
+
+  Host host{
+      .accessibility = accessibility,
+      .appleEvents = appleEvents,
+      .application = application,
+      .bundle = bundle,
+      .crashReporter = crashReporter,
+      .distributedNotificationCenter = distributedNotificationCenter,
+      .eventState = eventState,
+      .fileManager = fileManager,
+      .menuPresenter = menuPresenter,
+      .pasteboards = pasteboards,
+      .sound = sound,
+      .statusBar = statusBar,
+      .userDefaults = userDefaults,
+      .workspace = workspace,
+  };
+};
+
+}  // namespace qf
