@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "foundation/KeyedArchive.h"
+#include "foundation/PropertyList.h"
+#include "kit/QFKClientServices.h"
+#include "kit/QFKIdentifiers.h"
+#include "kit/QFKMenuSettingsManager.h"
+#include "kit/QFKSharedContainer.h"
+#include "tests/support/FakeAppleEvents.h"
+#include "tests/support/FakeBundle.h"
+#include "tests/support/FakeDistributedNotificationCenter.h"
+#include "tests/support/FakeFileManager.h"
+#include "tests/support/FakeUserDefaults.h"
+#include "tests/support/FakeWorkspace.h"
+
+namespace qf {
+
+inline const std::filesystem::path dataFolder = "/data/group.org.quenfold/Data";
+inline const std::filesystem::path listsFile = dataFolder / "quenfold-lists.plist";
+inline const std::filesystem::path menuFile = dataFolder / "quenfold-menu.plist";
+
+/// The parts of a host that the kit stands on, all in memory.
+struct KitHost {
+  void put(const std::filesystem::path& path, const Value& value) {
+    fileManager.files[path] = *writePropertyList(value, PropertyListFormat::binary);
+  }
+  /// The engine's process joins those that run.
+  void runEngine(std::int32_t process, ActivationPolicy policy = ActivationPolicy::accessory) {
+    workspace.applications.push_back(
+        {std::string(engineBundleIdentifier), "Quenfold", process, policy});
+  }
+  /// The message of the event sent last.
+  Value lastMessage() const { return *unarchiveKeyed(appleEvents.sent.back().event.data); }
+
+  FakeAppleEvents appleEvents;
+  FakeBundle bundle;
+  FakeDistributedNotificationCenter distributedCenter;
+  FakeFileManager fileManager;
+  FakeUserDefaultsDomains userDefaults;
+  FakeWorkspace workspace;
+
+  QFKClientServices services{appleEvents, bundle, distributedCenter, fileManager, workspace};
+  QFKSharedContainer container{fileManager, userDefaults};
+};
+
+}  // namespace qf
