@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/qt/TemplateIcon.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
@@ -34,6 +35,7 @@ QImage draw(const QString& path, QSize size) {
   QImage image = transparentImage(size);
   QPainter painter(&image);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  if (!QFile::exists(path)) return image;
   if (path.endsWith(".svg")) {
     QSvgRenderer renderer(path);
     renderer.render(&painter, fitted(renderer.defaultSize(), size));
