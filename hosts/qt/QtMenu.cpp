@@ -16,7 +16,6 @@ namespace qf {
 namespace {
 
 constexpr int blanksPerLevel = 4;
-constexpr auto textRoles = {QPalette::Text, QPalette::WindowText, QPalette::ButtonText};
 
 QFont fontFor(const Font& font, QFont base) {
   if (!font.family.empty()) base.setFamily(QString::fromStdString(font.family));
@@ -26,6 +25,13 @@ QFont fontFor(const Font& font, QFont base) {
 
 QString titleOf(const MenuItem& item) {
   return QString::fromStdString(item.attributedTitle ? item.attributedTitle->text : item.title);
+}
+
+/// Styles differ in the role they take for a row's text.
+void write(QStyleOptionMenuItem& option, const QColor& color) {
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+    option.palette.setColor(role, color);
+  }
 }
 
 void pick(const MenuItemRef& item) {
@@ -48,6 +54,10 @@ QtMenu::QtMenu(std::shared_ptr<Menu> model, QWidget* parent)
   // A click beside the menu closes it and does nothing else: on the tray icon it would open again.
   setAttribute(Qt::WA_NoMouseReplay);
   connect(this, &QMenu::aboutToShow, this, &QtMenu::prepare);
+  // Menus above hear of the pick too; the item is in the one that shows it.
+  connect(this, &QMenu::triggered, this, [this](const QAction* action) {
+    if (const auto row = _rows.constFind(action); row != _rows.constEnd()) pick(row->item);
+  });
 }
 
 void QtMenu::openBeside(const QRect& place) {
@@ -81,7 +91,7 @@ void QtMenu::addRow(const MenuItemRef& item) {
     return;
   }
   const bool isEnabled = updateAndValidate(*item);
-  QAction* action = addAction(titleOf(*item).replace('&', "&&"));
+  auto* action = new QAction(titleOf(*item).replace('&', "&&"), this);
   action->setEnabled(isEnabled);
   action->setCheckable(item->isOn);
   action->setChecked(item->isOn);
@@ -89,22 +99,24 @@ void QtMenu::addRow(const MenuItemRef& item) {
     action->setFont(fontFor(*item->attributedTitle->font, font()));
   }
   if (item->submenu) action->setMenu(new QtMenu(item->submenu, this));
-  connect(action, &QAction::triggered, this, [item] { pick(item); });
   _rows.insert(action, {item, QString(blanksPerLevel * item->indentationLevel, ' '),
                         keyEquivalentText(*item)});
+  addAction(action);  // last: the menu follows every change of an action it has
 }
 
 void QtMenu::makeRoomForRows() {
   // QMenu measures an action's own text, which is kept free of indentation and shortcut: it is the
   // name under which a screen reader finds the row.
+  const QFontMetrics metrics = fontMetrics();
   int indentation = 0;
   for (const Row& row : std::as_const(_rows)) {
-    indentation = std::max(indentation, fontMetrics().horizontalAdvance(row.indentation));
+    indentation = std::max(indentation, metrics.horizontalAdvance(row.indentation));
     _keyEquivalentWidth =
-        std::max(_keyEquivalentWidth, fontMetrics().horizontalAdvance(row.keyEquivalent));
+        std::max(_keyEquivalentWidth, metrics.horizontalAdvance(row.keyEquivalent));
   }
-  const int gap = _keyEquivalentWidth > 0 ? 2 * fontMetrics().height() : 0;
-  setMinimumWidth(sizeHint().width() + indentation + gap + _keyEquivalentWidth);
+  const int gap = _keyEquivalentWidth > 0 ? 2 * metrics.height() : 0;
+  const int extra = indentation + gap + _keyEquivalentWidth;
+  if (extra > 0) setMinimumWidth(sizeHint().width() + extra);
 }
 
 void QtMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
@@ -115,17 +127,13 @@ void QtMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action
   if (!found->keyEquivalent.isEmpty()) option->text += '\t' + found->keyEquivalent;
   option->reservedShortcutWidth = _keyEquivalentWidth;
 
-  const QPalette& palette = option->palette;
+  const QColor background = option->palette.color(QPalette::Window);
   const std::optional<AttributedTitle>& title = found->item->attributedTitle;
   if (title && title->foregroundColor) {
-    const QColor color = readableColor(*title->foregroundColor, palette.color(QPalette::Window));
-    for (const auto role : textRoles) option->palette.setColor(role, color);
-  } else {
-    for (const auto role : textRoles) {
-      option->palette.setColor(
-          QPalette::Disabled, role,
-          fadedText(palette.color(QPalette::Active, role), palette.color(QPalette::Window)));
-    }
+    write(*option, readableColor(*title->foregroundColor, background));
+  } else if (!action->isEnabled()) {
+    const QColor text = option->palette.color(QPalette::Active, QPalette::Text);
+    write(*option, fadedText(text, background));
   }
 }
 
