@@ -7,7 +7,8 @@ namespace qf {
 
 QFCleanerLibrary::QFCleanerLibrary() {
   for (const auto table :
-       {styleCleaners, whiteSpaceCleaners, punctuationCleaners, letterCaseCleaners}) {
+       {styleCleaners, whiteSpaceCleaners, lineCleaners, mailCleaners, punctuationCleaners,
+        letterCaseCleaners, unicodeCleaners, webCleaners, extractCleaners, dataCleaners}) {
     for (Cleaner& cleaner : table()) {
       _builtIn.emplace(cleaner.token, std::move(cleaner.clean));
     }

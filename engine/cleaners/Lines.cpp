@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <unicode/brkiter.h>
+#include <unicode/coll.h>
+#include <unicode/tblcoll.h>
+
+#include <algorithm>
+#include <memory>
+#include <unordered_set>
+
+#include "engine/cleaners/Cleaner.h"
+#include "engine/cleaners/CodePoints.h"
+#include "engine/cleaners/Paragraphs.h"
+#include "engine/cleaners/TextLines.h"
+
+namespace qf {
+namespace {
+
+constexpr std::string_view indentation = "    ";
+
+CleanerFunction wrap(std::size_t width) {
+  return [width](std::string_view text) -> Result<std::string> { return wrapped(text, width); };
+}
+
+std::string unwrap(std::string_view text) { return unwrapped(text, QuotedLines::stay); }
+
+/// The order of the Unicode collation, the same on every machine; with numbers by their value.
+std::unique_ptr<icu::Collator> makeCollator() {
+  UErrorCode status = U_ZERO_ERROR;
+  std::unique_ptr<icu::Collator> collator(
+      icu::Collator::createInstance(icu::Locale::getRoot(), status));
+  if (U_FAILURE(status)) return nullptr;
+  collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
+  return collator;
+}
+
+Result<std::string> sortedLines(std::string_view text, bool descending) {
+  const std::unique_ptr<icu::Collator> collator = makeCollator();
+  if (!collator) return Error{"the rules for sorting are missing on this machine"};
+  std::vector<std::string_view> lines = lineTexts(text);
+  std::stable_sort(lines.begin(), lines.end(), [&](std::string_view a, std::string_view b) {
+    if (descending) std::swap(a, b);
+    UErrorCode status = U_ZERO_ERROR;
+    const auto piece = [](std::string_view line) {
+      return icu::StringPiece(line.data(), static_cast<int32_t>(line.size()));
+    };
+    const UCollationResult order = collator->compareUTF8(piece(a), piece(b), status);
+    return order == UCOL_EQUAL ? a < b : order == UCOL_LESS;
+  });
+  return joinedLines(lines, text);
+}
+
+Result<std::string> sortLines(std::string_view text) { return sortedLines(text, false); }
+Result<std::string> sortLinesDescending(std::string_view text) { return sortedLines(text, true); }
+
+std::string uniqueLines(std::string_view text) {
+  std::unordered_set<std::string_view> seen;
+  std::vector<std::string_view> lines = lineTexts(text);
+  std::erase_if(lines, [&](std::string_view line) { return !seen.insert(line).second; });
+  return joinedLines(lines, text);
+}
+
+std::string reverseLines(std::string_view text) {
+  std::vector<std::string_view> lines = lineTexts(text);
+  std::reverse(lines.begin(), lines.end());
+  return joinedLines(lines, text);
+}
+
+std::string numberLines(std::string_view text) {
+  std::size_t number = 0;
+  return mapLines(text, [&](std::string_view line) {
+    if (trimmedStart(line).empty()) return std::string(line);
+    return std::to_string(++number).append(". ").append(line);
+  });
+}
+
+std::string removeLineNumbers(std::string_view text) {
+  return mapLines(text, [](std::string_view line) {
+    const std::string_view body = trimmedStart(line);
+    const std::size_t end = std::min(body.find_first_not_of("0123456789"), body.size());
+    if (end == 0) return std::string(line);
+    std::string_view rest = body.substr(end);
+    if (!rest.empty() && std::string_view(".):|").find(rest[0]) != std::string_view::npos) {
+      rest.remove_prefix(1);
+    }
+    // "3.5 miles" and "2024" are no line numbers.
+    if (!rest.starts_with(' ') && !rest.starts_with('\t')) return std::string(line);
+    return std::string(rest.substr(1));
+  });
+}
+
+std::string joinWith(std::string_view text, std::string_view glue) {
+  std::string result;
+  for (const TextLine& line : textLines(text)) {
+    const std::string_view words = trimmed(line.text);
+    if (words.empty()) continue;
+    if (!result.empty()) result.append(glue);
+    result.append(words);
+  }
+  return result;
+}
+
+std::string joinLines(std::string_view text) { return joinWith(text, " "); }
+std::string joinLinesWithCommas(std::string_view text) { return joinWith(text, ", "); }
+
+std::string commasToLines(std::string_view text) {
+  return mapLines(text, [ending = std::string(lineEnding(text))](std::string_view line) {
+    std::string result;
+    for (std::size_t position = 0;;) {
+      const std::size_t comma = line.find(',', position);
+      result.append(trimmed(line.substr(position, comma - position)));
+      if (comma == std::string_view::npos) return result;
+      result.append(ending);
+      position = comma + 1;
+    }
+  });
+}
+
+std::string indent(std::string_view text) {
+  return mapLines(text, [](std::string_view line) {
+    return trimmedStart(line).empty() ? std::string(line) : std::string(indentation).append(line);
+  });
+}
+
+std::string outdent(std::string_view text) {
+  return mapLines(text, [](std::string_view line) {
+    if (line.starts_with('\t')) return line.substr(1);
+    const std::size_t blanks = std::min(line.find_first_not_of(' '), line.size());
+    return line.substr(std::min(blanks, indentation.size()));
+  });
+}
+
+std::string addBullets(std::string_view text) {
+  return mapLines(text, [](std::string_view line) {
+    const LineStart start = lineStart(line);
+    if (trimmed(start.words).empty() || !start.bullet.empty()) return std::string(line);
+    return std::string(line.substr(0, line.size() - start.words.size()))
+        .append("- ")
+        .append(start.words);
+  });
+}
+
+std::string removeBullets(std::string_view text) {
+  return mapLines(text, [](std::string_view line) {
+    const LineStart start = lineStart(line);
+    return std::string(start.quote).append(start.indentation).append(start.words);
+  });
+}
+
+/// One blank line between paragraphs that had none: each line is taken for one.
+std::string spaceParagraphs(std::string_view text) {
+  std::string result;
+  bool afterWords = false;
+  for (const TextLine& line : textLines(text)) {
+    const bool blank = line.isBlank();
+    if (!blank && afterWords) result.append(lineEnding(text));
+    result.append(line.text).append(line.ending);
+    afterWords = !blank;
+  }
+  return result;
+}
+
+Result<std::string> sentencesToLines(std::string_view text) {
+  UErrorCode status = U_ZERO_ERROR;
+  const std::unique_ptr<icu::BreakIterator> breaks(
+      icu::BreakIterator::createSentenceInstance(icu::Locale::getRoot(), status));
+  if (U_FAILURE(status)) return Error{"the rules for sentences are missing on this machine"};
+  const std::string ending(lineEnding(text));
+  return mapLines(text, [&](std::string_view line) {
+    const icu::UnicodeString words = unicodeString(line);
+    breaks->setText(words);
+    std::string result;
+    int32_t start = breaks->first();
+    for (int32_t end = breaks->next(); end != icu::BreakIterator::DONE; end = breaks->next()) {
+      const std::string sentence = utf8String(words.tempSubStringBetween(start, end));
+      if (!result.empty()) result.append(ending);
+      result.append(trimmedEnd(sentence));
+      start = end;
+    }
+    return result;
+  });
+}
+
+}  // namespace
+
+CleanerTable lineCleaners() {
+  return {
+      {"#UNWRAP", unwrap},
+      {"#WRAP-72", wrap(72)},
+      {"#WRAP-80", wrap(80)},
+      {"#SORT-LINES", sortLines},
+      {"#SORT-LINES-DESCENDING", sortLinesDescending},
+      {"#UNIQUE-LINES", uniqueLines},
+      {"#REVERSE-LINES", reverseLines},
+      {"#NUMBER-LINES", numberLines},
+      {"#REMOVE-LINE-NUMBERS", removeLineNumbers},
+      {"#JOIN-LINES", joinLines},
+      {"#JOIN-LINES-COMMAS", joinLinesWithCommas},
+      {"#COMMAS-TO-LINES", commasToLines},
+      {"#SENTENCES-TO-LINES", sentencesToLines},
+      {"#INDENT", indent},
+      {"#OUTDENT", outdent},
+      {"#ADD-BULLETS", addBullets},
+      {"#REMOVE-BULLETS", removeBullets},
+      {"#SPACE-PARAGRAPHS", spaceParagraphs},
+  };
+}
+
+}  // namespace qf
