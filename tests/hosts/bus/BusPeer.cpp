@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 // The other side of the bus tests: an application with its own way to handle each event.
-//   bus_peer IDENTIFIER POLICY [USER]
-// It says "ready" once it is a running instance, and ends with its standard input.
+//   bus_peer IDENTIFIER POLICY [--user N]
+// It says "ready" once it is a running instance. Started with a pipe, it ends with it.
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <thread>
 
 #include "hosts/linux/bus/BusApplications.h"
@@ -16,7 +18,9 @@
 
 int main(int argc, char** argv) {
   using namespace qf;
-  if (argc > 3 && setuid(static_cast<uid_t>(std::atoi(argv[3]))) != 0) return 3;
+  if (argc > 4 && std::strcmp(argv[3], "--user") == 0 &&
+      setuid(static_cast<uid_t>(std::atoi(argv[4]))) != 0)
+    return 3;
   QCoreApplication application(argc, argv);
   const QDBusConnection bus = QDBusConnection::sessionBus();
   BusApplications applications(bus, argv[1], static_cast<ActivationPolicy>(std::atoi(argv[2])));
@@ -55,7 +59,10 @@ int main(int argc, char** argv) {
   }
   std::puts("ready");
   std::fflush(stdout);
+  struct stat input = {};
+  fstat(STDIN_FILENO, &input);
   QSocketNotifier end(STDIN_FILENO, QSocketNotifier::Read);
+  end.setEnabled(S_ISFIFO(input.st_mode));
   QObject::connect(&end, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
   return application.exec();
 }

@@ -49,7 +49,7 @@ class Peer {
  public:
   explicit Peer(ActivationPolicy policy = ActivationPolicy::accessory, const QString& user = {}) {
     QStringList arguments{peerIdentifier, QString::number(static_cast<int>(policy))};
-    if (!user.isEmpty()) arguments << user;
+    if (!user.isEmpty()) arguments << "--user" << user;
     _process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     _process.start(BUS_PEER, arguments);
     isReady = _process.waitForReadyRead(10'000) && _process.readLine() == "ready\n";
