@@ -112,7 +112,7 @@ class BinaryReader {
       case 0x4:
         return decodeData(object, offset);
       case 0x5:
-        return decodeASCII(object, offset);
+        return decodeText(object, offset);
       case 0x6:
         return decodeUTF16(object, offset);
       case 0xA:
@@ -226,12 +226,13 @@ class BinaryReader {
     return true;
   }
 
-  bool decodeASCII(DecodedObject& object, std::size_t offset) {
+  // Meant for ASCII; some writers put UTF-8 here.
+  bool decodeText(DecodedObject& object, std::size_t offset) {
     const auto content = extent(offset, 1);
     if (!content) return false;
     const auto* first = reinterpret_cast<const char*>(_bytes.data()) + content->start;
     const std::string_view text(first, content->count);
-    if (!isASCII(text)) return fail("an ASCII string with other bytes", offset);
+    if (invalidUTF8Offset(text)) return fail("a string that is neither ASCII nor UTF-8", offset);
     object.value = Value(text);
     return true;
   }

@@ -34,7 +34,7 @@ bool match(std::string_view pattern, std::string_view text, int (&numbers)[N]) {
 
 std::optional<Date> dateFromParts(const int* parts) {
   const auto day = std::chrono::year(parts[0]) / parts[1] / parts[2];
-  if (parts[0] == 0 || !day.ok() || parts[3] > 23 || parts[4] > 59 || parts[5] > 59) {
+  if (!day.ok() || parts[3] > 23 || parts[4] > 59 || parts[5] > 59) {
     return std::nullopt;
   }
   const auto days = (sys_days(day) - referenceDay).count();

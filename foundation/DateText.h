@@ -19,7 +19,8 @@ bool isStorableDate(Date date);
 /// Nothing outside the years 1 to 9999.
 std::optional<std::string> iso8601(Date date);
 
-/// Reads exactly that form; nothing for anything else and for a day that does not exist.
+/// Reads exactly that form, the year 0 included; nothing for anything else and for a day that does
+/// not exist.
 std::optional<Date> dateFromISO8601(std::string_view text);
 
 /// Reads "2001-01-01 00:00:00 +0000", the form of GNUstep's property lists.

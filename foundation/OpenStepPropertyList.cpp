@@ -183,8 +183,8 @@ class OpenStepReader : private TextScanner {
 
   // What follows a backslash.
   bool appendEscape(std::string& text) {
-    static constexpr std::string_view letters = "abfnrtv";
-    static constexpr std::string_view controls = "\a\b\f\n\r\t\v";
+    static constexpr std::string_view letters = "abfnrtv\"'\\\n";
+    static constexpr std::string_view characters = "\a\b\f\n\r\t\v\"'\\\n";
     const char c = peek();
     if (atEnd()) {
       fail("a string without its end");
@@ -192,9 +192,13 @@ class OpenStepReader : private TextScanner {
     }
     if (digitValue(c) < 8) return appendOctal(text);
     ++_at;
-    if (c == 'U') return appendUnicode(text);
+    if (c == 'U' || c == 'u') return appendUnicode(text);
     const auto letter = letters.find(c);
-    text += letter == std::string_view::npos ? c : controls[letter];
+    if (letter == std::string_view::npos) {
+      fail("an unknown escape");
+      return false;
+    }
+    text += characters[letter];
     return true;
   }
 
@@ -224,7 +228,7 @@ class OpenStepReader : private TextScanner {
   // Up to four hexadecimal digits: a unit of UTF-16.
   bool appendUnicode(std::string& text) {
     auto code = digits(16, 4);
-    if (code && isHighSurrogate(*code) && accept("\\U")) {
+    if (code && isHighSurrogate(*code) && (accept("\\U") || accept("\\u"))) {
       const auto low = digits(16, 4);
       if (low && isLowSurrogate(*low)) code = combineSurrogates(*code, *low);
     }

@@ -81,13 +81,13 @@ class XMLReader : private TextScanner {
 
   std::optional<Value> document() {
     if (!checkCharacters() || !skipMarkup(true)) return std::nullopt;
-    const auto plist = startTag();
-    if (!plist) return std::nullopt;
-    if (plist->name != "plist") return fail("the root element is not \"plist\"");
-    if (plist->isEmpty) return fail("no value");
-    auto root = element(1);
+    const auto tag = startTag();
+    if (!tag) return std::nullopt;
+    const bool isWrapped = tag->name == "plist";
+    if (isWrapped && tag->isEmpty) return fail("no value");
+    auto root = isWrapped ? element(1) : element(*tag, 1);
     if (!root || !skipMarkup(false)) return std::nullopt;
-    if (!endTag("plist") || !skipMarkup(false)) return std::nullopt;
+    if (isWrapped && (!endTag("plist") || !skipMarkup(false))) return std::nullopt;
     if (!atEnd()) return fail("something follows the end of the property list");
     return root;
   }
@@ -224,11 +224,15 @@ class XMLReader : private TextScanner {
     if (!skipMarkup(false)) return std::nullopt;
     const auto tag = startTag();
     if (!tag) return std::nullopt;
-    const std::string_view name = tag->name;
+    return element(*tag, depth);
+  }
+
+  std::optional<Value> element(const Tag& tag, std::size_t depth) {
+    const std::string_view name = tag.name;
     if (!admit(depth, name == "dict" || name == "array")) return std::nullopt;
-    if (name == "dict") return dictionary(*tag, depth);
-    if (name == "array") return array(*tag, depth);
-    const auto text = content(*tag);
+    if (name == "dict") return dictionary(tag, depth);
+    if (name == "array") return array(tag, depth);
+    const auto text = content(tag);
     if (!text) return std::nullopt;
     return scalar(name, *text);
   }

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "foundation/BinaryPropertyList.h"
+#include "fuzz/Checks.h"
+#include "fuzz/RandomValue.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  const qf::Value value = qf::fuzz::RandomValue(bytes, size).make();
+  const auto written = qf::writeBinaryPropertyList(value);
+  qf::fuzz::check(bool(written), "a value can't be written");
+  const auto read = qf::readBinaryPropertyList(*written, qf::PropertyListLimits::file());
+  qf::fuzz::check(bool(read) && *read == value, "a value does not come back");
+  return 0;
+}
