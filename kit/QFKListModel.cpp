@@ -160,7 +160,7 @@ Color QFKListModel::colorForItem(std::string_view token, std::string_view name) 
   const Group* known = group(name);
   if (!known) return Color::black();
   if (!known->colors) {
-    ColorIndex& index = known->colors.emplace();
+    ColorIndex& index = known->colors.emplace(known->items.size());
     for (const Value& item : known->items) {
       const std::string* itemToken = item.dictionary()->string(listKey::token);
       const std::string* color = item.dictionary()->string(listKey::hexColor);

@@ -19,7 +19,7 @@ constexpr FourCharCode oldForm = 0x71665376;
 
 class Delegate : public QFKAEConnectorDelegate {
  public:
-  std::string remoteAppBundleIdentifier() const override { return identifier; }
+  std::string remoteAppBundleIdentifier() const override { return "org.quenfold.Quenfold"; }
   bool remoteAppHasAgentMode() const override { return hasAgentMode; }
   bool receivesCommands() const override { return receives; }
   std::optional<Value> processReceivedCommand(std::optional<std::string_view> command,
@@ -32,7 +32,6 @@ class Delegate : public QFKAEConnectorDelegate {
     return answer;
   }
 
-  std::string identifier{engineBundleIdentifier};
   bool hasAgentMode = true;
   bool receives = true;
   std::optional<Value> answer;
@@ -42,6 +41,7 @@ class Delegate : public QFKAEConnectorDelegate {
 class AEConnector : public testing::Test {
  protected:
   AEConnector() { connector.setDelegate(&delegate); }
+  void installEngine() { host.workspace.locations["org.quenfold.Quenfold"] = "/bin/quenfold"; }
 
   KitHost host;
   LogCapture log;
@@ -52,24 +52,19 @@ class AEConnector : public testing::Test {
 TEST_F(AEConnector, SendsTheCommandAndDecodesTheAnswer) {
   host.runEngine(42);
   host.appleEvents.answer = *archiveKeyed(Array{"yes"});
-  EXPECT_EQ(connector.sendRemoteCommand("go", Value("a"), Value(Dictionary{{"k", 1}})),
-            Value(Array{"yes"}));
-  EXPECT_EQ(
-      host.lastMessage(),
-      Value(Dictionary{{"command", "go"}, {"param1", "a"}, {"param2", Dictionary{{"k", 1}}}}));
+  EXPECT_EQ(connector.sendRemoteCommand("go", Value("a"), Value(7)), Value(Array{"yes"}));
+  EXPECT_EQ(host.lastMessage(), "{command = go; param1 = a; param2 = 7;}");
   const auto& [event, sendMode, timeout] = host.appleEvents.sent.at(0);
   EXPECT_EQ(event.eventClass, fold);
   EXPECT_EQ(event.eventID, currentForm);
   EXPECT_EQ(event.target, (AppleEventTarget{0x6B706964, 42}));
-  EXPECT_EQ(event.returnID, -1);
-  EXPECT_EQ(event.transactionID, 0);
   EXPECT_EQ(sendMode, 0x1053);
   EXPECT_EQ(timeout, -1);
   EXPECT_THAT(host.workspace.launches, IsEmpty());
 
   connector.sendRemoteCommand("go", std::nullopt, std::nullopt, false);
   EXPECT_EQ(host.appleEvents.sent.at(1).sendMode, 0x1050);
-  EXPECT_EQ(host.lastMessage(), Value(Dictionary{{"command", "go"}}));
+  EXPECT_EQ(host.lastMessage(), "{command = go;}");
 }
 
 TEST_F(AEConnector, GivesNothingWhenTheAnswerIsMissingOrBroken) {
@@ -82,7 +77,7 @@ TEST_F(AEConnector, GivesNothingWhenTheAnswerIsMissingOrBroken) {
   host.appleEvents.status = AppleEventStatus::timeout;
   EXPECT_FALSE(connector.sendRemoteCommand("go"));
   EXPECT_THAT(log.lines, ElementsAre("AppleEvent Error: -1712"));
-  EXPECT_FALSE(connector.sendRemoteCommand("go", Value("\xff")));
+  EXPECT_FALSE(connector.sendRemoteCommand("go", Value("\xff")));  // no text: is not sent
   EXPECT_EQ(host.appleEvents.sent.size(), 3u);
 }
 
@@ -91,64 +86,57 @@ TEST_F(AEConnector, AddressesTheLastOfSeveralInstances) {
   host.runEngine(43);
   connector.sendRemoteCommand("go");
   EXPECT_EQ(host.appleEvents.sent.at(0).event.target.processIdentifier, 43);
-  EXPECT_THAT(
-      log.lines,
-      ElementsAre("Warning: Multiple instances of app with bundleID 'org.quenfold.Quenfold' "
-                  "found. Cannot guarantee which processes AppleEvent."));
+  EXPECT_THAT(log.lines, ElementsAre("Warning: Multiple instances of app with bundleID "
+                                     "'org.quenfold.Quenfold' found. Cannot guarantee which "
+                                     "processes AppleEvent."));
 }
 
 TEST_F(AEConnector, StartsTheEngineInTheBackgroundWhenItDoesNotRun) {
-  host.workspace.locations["org.quenfold.Quenfold"] = "/bin/quenfold";
+  installEngine();
   host.workspace.onLaunch = [this] { host.runEngine(50); };
   connector.sendRemoteCommand("go");
-  ASSERT_EQ(host.workspace.launches.size(), 1u);
-  const auto& [url, options] = host.workspace.launches[0];
-  EXPECT_EQ(url, "/bin/quenfold");
-  EXPECT_EQ(options.flags, 0x100200u);
-  EXPECT_THAT(options.arguments, ElementsAre("--agent"));
-  EXPECT_EQ(host.appleEvents.sent.at(0).event.target.processIdentifier, 50);
   EXPECT_TRUE(connector.launchRemoteAppAsAgent());
-  EXPECT_EQ(host.workspace.launches.size(), 1u);
+  ASSERT_EQ(host.workspace.launches.size(), 1u);
+  EXPECT_EQ(host.workspace.launches[0].first, "/bin/quenfold");
+  EXPECT_EQ(host.workspace.launches[0].second.flags, 0x100200u);
+  EXPECT_THAT(host.workspace.launches[0].second.arguments, ElementsAre("--agent"));
+  EXPECT_EQ(host.appleEvents.sent.at(0).event.target.processIdentifier, 50);
 }
 
 TEST_F(AEConnector, SendsToNobodyWhenTheEngineCannotBeStarted) {
-  delegate.hasAgentMode = false;
   host.appleEvents.status = AppleEventStatus::processNotFound;
   connector.sendRemoteCommand("go");
-  host.workspace.locations["org.quenfold.Quenfold"] = "/bin/quenfold";
+  EXPECT_EQ(host.appleEvents.sent.at(0).event.target.processIdentifier, 0);
+  installEngine();
   host.workspace.launchError = Error{"not on the bus"};
   EXPECT_FALSE(connector.launchRemoteAppAsAgent());
   EXPECT_THAT(log.lines, ElementsAre("Unable to find App URL for org.quenfold.Quenfold",
                                      "Error: While creating target, runningApplication = nil",
                                      "AppleEvent Error: -600",
                                      "Launch of Quenfold Application failed: not on the bus"));
-  EXPECT_EQ(host.appleEvents.sent.at(0).event.target.processIdentifier, 0);
-  EXPECT_THAT(host.workspace.launches.at(0).second.arguments, IsEmpty());
 }
 
 TEST_F(AEConnector, StartsTheEngineWithItsWindows) {
-  connector.launchRemoteAppWithUI();
-  EXPECT_EQ(host.workspace.launches.at(0).second.flags, 0x10000u);
-  EXPECT_THAT(log.lines, ElementsAre(StartsWith("Launch of Quenfold Application failed: ")));
-  host.workspace.locations["org.quenfold.Quenfold"] = "/bin/quenfold";
+  const auto flags = [this] {
+    connector.launchRemoteAppWithUI();
+    return host.workspace.launches.back().second.flags;
+  };
+  EXPECT_EQ(flags(), 0x10000u);
+  installEngine();
   host.runEngine(1, ActivationPolicy::regular);
-  connector.launchRemoteAppWithUI();
-  EXPECT_EQ(host.workspace.launches.at(1).second.flags, 0x10000u);
+  EXPECT_EQ(flags(), 0x10000u);
   EXPECT_THAT(host.distributedCenter.posted, IsEmpty());
   host.runEngine(2);
-  connector.launchRemoteAppWithUI();
-  EXPECT_EQ(host.workspace.launches.at(2).second.flags, 0x90000u);
-  EXPECT_THAT(host.workspace.launches.at(2).second.arguments, IsEmpty());
+  EXPECT_EQ(flags(), 0x90000u);
   EXPECT_THAT(host.distributedCenter.posted,
               ElementsAre("org.quenfold.kit.SharedGroupsDataChangedNotification"));
-}
-
-TEST_F(AEConnector, StartsAnEngineWithoutAgentModeTheOnlyWay) {
+  // Without an agent mode there is only one way to start it.
   delegate.hasAgentMode = false;
-  host.workspace.locations["org.quenfold.Quenfold"] = "/bin/quenfold";
-  connector.launchRemoteAppWithUI();
-  EXPECT_EQ(host.workspace.launches.at(0).second.flags, 0x100200u);
-  EXPECT_THAT(log.lines, ElementsAre("Calling launchRemoteAppWithUI on remote app that does not "
+  host.workspace.applications.clear();
+  EXPECT_EQ(flags(), 0x100200u);
+  EXPECT_THAT(host.workspace.launches.back().second.arguments, IsEmpty());
+  EXPECT_THAT(log.lines, ElementsAre(StartsWith("Launch of Quenfold Application failed: "),
+                                     "Calling launchRemoteAppWithUI on remote app that does not "
                                      "have agent mode available."));
 }
 
@@ -177,9 +165,8 @@ TEST_F(AEConnector, HandsEventsOfTheOldFormToItsDelegate) {
   };
   EXPECT_FALSE(receive(Dictionary{{"command", "a"}, {"param1", Array{"f"}}}));
   delegate.answer = Array{1, 2};
-  const Data reply = receive(Dictionary{{"command", "b"}}).value();
-  EXPECT_TRUE(std::string(reply.begin(), reply.end()).starts_with("<?xml"));
-  EXPECT_EQ(*readPropertyList(reply), *delegate.answer);
+  EXPECT_EQ(receive(Dictionary{{"command", "b"}}),
+            *writePropertyList(*delegate.answer, PropertyListFormat::xml));
   delegate.answer = "\x01";  // no character of XML
   EXPECT_FALSE(receive(Dictionary{{"command", "c"}}));
   EXPECT_FALSE(receive("no message"));
@@ -192,24 +179,11 @@ TEST_F(AEConnector, ReceivesOnlyForADelegateThatDoes) {
   delegate.receives = false;
   connector.setupIncomingCommandsReceiver();
   EXPECT_THAT(host.appleEvents.handlers, IsEmpty());
-
   connector.setDelegate(nullptr);
   EXPECT_EQ(connector.remoteAppBundleIdentifier(), "");
-  EXPECT_FALSE(connector.remoteAppHasAgentMode());
   EXPECT_FALSE(connector.handleAppleEvent(*archiveKeyed(Dictionary{{"command", "a"}})));
   EXPECT_THAT(log.lines,
               ElementsAre("delegate required to handle processReceivedCommand:param1:param2:"));
-}
-
-TEST_F(AEConnector, LeavesNoHandlerDangling) {
-  {
-    QFKAEConnector shortLived(host.appleEvents, host.workspace, host.distributedCenter);
-    shortLived.setDelegate(&delegate);
-    shortLived.setupIncomingCommandsReceiver();
-  }
-  EXPECT_FALSE(
-      host.appleEvents.receive(fold, currentForm, *archiveKeyed(Dictionary{{"command", "a"}})));
-  EXPECT_THAT(delegate.calls, IsEmpty());
 }
 
 }  // namespace

@@ -34,7 +34,9 @@ struct KitHost {
         {std::string(engineBundleIdentifier), "Quenfold", process, policy});
   }
   /// The message of the event sent last.
-  Value lastMessage() const { return *unarchiveKeyed(appleEvents.sent.back().event.data); }
+  std::string lastMessage() const {
+    return unarchiveKeyed(appleEvents.sent.back().event.data)->description();
+  }
 
   FakeAppleEvents appleEvents;
   FakeBundle bundle;

@@ -31,11 +31,7 @@ class ListModel : public testing::Test {
 
 TEST_F(ListModel, IsEmptyBeforeTheFirstLoadAndReplacedWholeByEach) {
   EXPECT_FALSE(model.builtInGroupNames());
-  EXPECT_FALSE(model.userGroupNames());
-  EXPECT_FALSE(model.textEncodingList());
-  EXPECT_EQ(model.tokenDictionary(), nullptr);
-  EXPECT_EQ(model.nameForToken("#SCRUB"), "#SCRUB");
-
+  EXPECT_FALSE(model.isValidTextEncoding("UTF-8"));
   const Dictionary data{{"^^AUTOMATIC-NAMES^^", Array{"Library", 7, "Basics"}},
                         {"^^USERLISTS-NAMES^^", Array{}},
                         {"^^MASTER^^", Array{group("Library", {item("#A")})}},
@@ -45,7 +41,6 @@ TEST_F(ListModel, IsEmptyBeforeTheFirstLoadAndReplacedWholeByEach) {
   EXPECT_THAT(model.userGroupNames(), testing::Optional(IsEmpty()));
   EXPECT_THAT(model.cleanerApplyList(), ElementsAre("#A"));
   EXPECT_EQ(model.listData(), data);
-
   model.setListInfo({});
   EXPECT_FALSE(model.builtInGroupNames());
   EXPECT_THAT(model.cleanerApplyList(), IsEmpty());

@@ -21,40 +21,27 @@ TEST(SharedContainer, MakesItsFolderWheneverAFileIsLocated) {
   EXPECT_THAT(host.fileManager.folders, ElementsAre(dataFolder));
 }
 
-TEST(SharedContainer, AnswersTheLocationThoughTheFolderCannotBeMade) {
+TEST(SharedContainer, LocatesFilesThoughTheFolderCannotBeMadeButNotWithoutAContainer) {
   KitHost host;
   host.fileManager.createDirectoryError = Error{"disk full"};
   LogCapture log;
   EXPECT_EQ(host.container.containerURLForFile("x"), dataFolder / "x");
-  EXPECT_THAT(log.lines, ElementsAre("Error setting up shared folder: disk full"));
-}
-
-TEST(SharedContainer, IsSilentlyEmptyWithoutAGroupFolder) {
-  KitHost host;
   host.fileManager.dataFolder.reset();
-  LogCapture log;
   EXPECT_FALSE(host.container.containerURL());
-  EXPECT_FALSE(QFKSharedContainerURL::QFKGroupsListURL(host.fileManager));
   EXPECT_FALSE(host.container.QFKQFMenuSettings());
-  EXPECT_THAT(host.fileManager.folders, IsEmpty());
-  EXPECT_THAT(log.lines, IsEmpty());
+  EXPECT_THAT(log.lines, ElementsAre("Error setting up shared folder: disk full"));
 }
 
 TEST(SharedContainer, ReadsWhateverAPropertyListHolds) {
   KitHost host;
   LogCapture log;
   EXPECT_FALSE(host.container.QFKQFMenuSettings());
-  host.put(menuFile, Dictionary());
-  EXPECT_EQ(host.container.QFKQFMenuSettings(), Value(Dictionary()));
-  host.put(menuFile, Array{"a"});
-  EXPECT_EQ(host.container.QFKQFMenuSettings(), Value(Array{"a"}));
+  for (const Value& content : {Value(Dictionary()), Value(Array{"a"})}) {
+    host.put(menuFile, content);
+    EXPECT_EQ(host.container.QFKQFMenuSettings(), content);
+  }
   EXPECT_THAT(log.lines, IsEmpty());
-}
-
-TEST(SharedContainer, NamesTheFileThatIsNoPropertyList) {
-  KitHost host;
   host.fileManager.put("/d/50% größe;.plist", "");
-  LogCapture log;
   EXPECT_FALSE(host.container.QFKDictionaryForURL("/d/50% größe;.plist"));
   EXPECT_THAT(
       log.lines,
