@@ -1,59 +1,24 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <gmock/gmock.h>
-
 #include "app/AppDelegate.h"
-#include "kit/QFKIdentifiers.h"
-#include "kit/QFKMenuSettingsManager.h"
-#include "kit/QFKSharedContainer.h"
-#include "kit/QFMenuClient.h"
-#include "menu/QFGlobalMenu.h"
-#include "tests/support/FakeHost.h"
-#include "tests/support/LogCapture.h"
-#include "textaccess/QFCurrentAppTracker.h"
-#include "textaccess/QFTextAccess.h"
+#include "tests/menu/MenuTest.h"
 
 namespace qf {
 namespace {
 
-class AppDelegateTest : public testing::Test {
+class AppDelegateTest : public MenuTest {
  protected:
-  void addIcon(const std::string& name) { fake.bundle.images[name] = {name, name + ".svg"}; }
+  void addIcon(const std::string& name) { host.bundle.images[name] = {name, name + ".svg"}; }
 
   /// As if the engine had written the settings.
   void changeIconElsewhere(std::int64_t iconID) {
-    QFKMenuSettingsManager engine(container, fake.fileManager, fake.distributedNotificationCenter);
+    QFKMenuSettingsManager engine(container, host.fileManager, host.distributedNotificationCenter);
     engine.readSettings();
     engine.setMenuIconID(iconID);
-    fake.distributedNotificationCenter.deliver();
+    host.distributedNotificationCenter.deliver();
   }
 
-  FakeHost fake;
-  LogCapture log;
-  QFMenuClient client{{
-      .appleEvents = fake.appleEvents,
-      .bundle = fake.bundle,
-      .distributedNotificationCenter = fake.distributedNotificationCenter,
-      .fileManager = fake.fileManager,
-      .workspace = fake.workspace,
-  }};
-  QFKSharedContainer container{fake.fileManager, fake.userDefaults};
-  QFKMenuSettingsManager settings{container, fake.fileManager, fake.distributedNotificationCenter};
-  QFCurrentAppTracker tracker{fake.workspace};
-  QFTextAccess textAccess{fake.accessibility, fake.pasteboards.generalPasteboard(), fake.workspace};
-  QFGlobalMenu menu{{
-      .client = client,
-      .menuSettingsMgr = settings,
-      .textAccess = textAccess,
-      .application = fake.application,
-      .bundle = fake.bundle,
-      .distributedNotificationCenter = fake.distributedNotificationCenter,
-      .eventState = fake.eventState,
-      .menuPresenter = fake.menuPresenter,
-      .sound = fake.sound,
-      .userDefaults = fake.userDefaults.standard,
-      .currentAppTracker = [this]() -> QFCurrentAppTracker& { return tracker; },
-  }};
-  AppDelegate delegate{fake.host, {.menuSettingsMgr = [this]() -> auto& {return settings;
+  QFGlobalMenu menu = makeMenu();
+  AppDelegate delegate{host.host, {.menuSettingsMgr = [this]() -> auto& {return settings;
 }, .client = [this]() -> QFKClientBase& { return client; }, .globalMenu = [this]() -> auto& {
   return menu;
 }
@@ -69,28 +34,28 @@ TEST_F(AppDelegateTest, ShowsTheIconOfTheSettings) {
       {5, "qfmenu-icon05"}, {123, "qfmenu-icon123"}, {-1, "qfmenu-icon-01"}, {0, "qfmenu-icon00"}};
   for (const auto& [iconID, name] : icons) addIcon(name);
   delegate.applicationDidFinishLaunching();
-  EXPECT_EQ(fake.statusBar.button.image->name, "qfmenu-icon00");
-  EXPECT_TRUE(fake.statusBar.button.image->isTemplate);
-  EXPECT_FALSE(fake.statusBar.itemImage);
+  EXPECT_EQ(host.statusBar.button.image->name, "qfmenu-icon00");
+  EXPECT_TRUE(host.statusBar.button.image->isTemplate);
+  EXPECT_FALSE(host.statusBar.itemImage);
 
   for (const auto& [iconID, name] : icons) {
     changeIconElsewhere(iconID);
-    ASSERT_TRUE(fake.statusBar.itemImage) << name;
-    EXPECT_EQ(fake.statusBar.itemImage->name, name);
-    EXPECT_TRUE(fake.statusBar.itemImage->isTemplate);
+    ASSERT_TRUE(host.statusBar.itemImage) << name;
+    EXPECT_EQ(host.statusBar.itemImage->name, name);
+    EXPECT_TRUE(host.statusBar.itemImage->isTemplate);
   }
-  EXPECT_EQ(fake.statusBar.button.image->name, "qfmenu-icon00") << "only the item's is replaced";
+  EXPECT_EQ(host.statusBar.button.image->name, "qfmenu-icon00") << "only the item's is replaced";
 
   changeIconElsewhere(77);
-  EXPECT_FALSE(fake.statusBar.itemImage) << "there is no such icon";
+  EXPECT_FALSE(host.statusBar.itemImage) << "there is no such icon";
 }
 
 TEST_F(AppDelegateTest, TakesSettingsThatChangeWhileItStarts) {
   addIcon("qfmenu-icon03");
-  fake.accessibility.onTrustCheck = [this](bool) { changeIconElsewhere(3); };
+  host.accessibility.onTrustCheck = [this](bool) { changeIconElsewhere(3); };
   delegate.applicationDidFinishLaunching();
-  EXPECT_EQ(fake.statusBar.button.image->name, "qfmenu-icon03");
-  EXPECT_FALSE(fake.statusBar.itemImage);
+  EXPECT_EQ(host.statusBar.button.image->name, "qfmenu-icon03");
+  EXPECT_FALSE(host.statusBar.itemImage);
 }
 
 TEST_F(AppDelegateTest, KnowsTheCurrentGroup) {
