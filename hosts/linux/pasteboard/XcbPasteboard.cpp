@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/pasteboard/XcbPasteboard.h"
+
+#include <utility>
+
+namespace qf {
+
+XcbPasteboard::XcbPasteboard(const std::string& displayName)
+    : _service(displayName), _reader(displayName) {}
+
+std::optional<std::string> XcbPasteboard::string() const {
+  const auto own = _service.contents();
+  return own ? own->string() : _reader.string();
+}
+
+std::vector<PasteboardItem> XcbPasteboard::items() const {
+  if (const auto own = _service.contents()) return own->items();
+  PasteboardItem item = _reader.item();
+  if (item.representations.empty()) return {};
+  return {std::move(item)};
+}
+
+bool XcbPasteboard::setString(std::string_view text) {
+  return setItems({{{{std::string(pasteboardTypeString), Data(text.begin(), text.end())}}}});
+}
+
+bool XcbPasteboard::setItems(std::vector<PasteboardItem> items) {
+  return _service.own(std::make_shared<const ClipboardContents>(std::move(items)));
+}
+
+}  // namespace qf
