@@ -24,7 +24,7 @@ class DBusAppleEvents : public AppleEvents {
   /// Told why a send has failed, in words for a person.
   using FailureHandler = std::function<void(const std::string& reason)>;
 
-  static constexpr std::size_t largestData = 16 * 1024 * 1024;
+  static constexpr std::size_t largestData = std::size_t{16} << 20;
 
   /// `applications` must outlive this.
   explicit DBusAppleEvents(BusApplications& applications);

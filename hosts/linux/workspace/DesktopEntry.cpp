@@ -9,7 +9,7 @@
 namespace qf {
 namespace {
 
-constexpr std::size_t largestFile = 1024 * 1024;
+constexpr std::size_t largestFile = std::size_t{1} << 20;
 
 using Fields = std::map<std::string, std::string, std::less<>>;
 
@@ -91,7 +91,7 @@ std::string localizedField(const Fields& fields, const std::string& key) {
   const std::string language = territory.substr(0, territory.find('_'));
   for (const std::string& wanted :
        {territory + modifier, territory, language + modifier, language}) {
-    const auto found = fields.find(key + "[" + wanted + "]");
+    const auto found = fields.find(std::string(key).append("[").append(wanted).append("]"));
     if (found != fields.end()) return found->second;
   }
   return field(fields, key);

@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
     AppleEvent event{fourCharCode("Test"), fourCharCode("note"), {}, -1, 0, data};
     event.target.processIdentifier = tests.empty() ? 0 : tests.back().processIdentifier;
     Data ignored;
-    const AppleEventStatus status = events.sendMessage(event, data.empty() ? 3 : 0, 60, ignored);
+    const AppleEventStatus status = events.sendMessage(event, data.empty() ? 3 : 0, 20, ignored);
     const std::string text = std::to_string(static_cast<int>(status));
     return Data(text.begin(), text.end());
   });

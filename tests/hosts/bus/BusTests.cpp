@@ -107,7 +107,7 @@ TEST_F(Bus, ListsTheInstancesInTheirOrderWithPolicyAndProcess) {
   QElapsedTimer timer;
   timer.start();
   running = applications.running(peerIdentifier);
-  EXPECT_LT(timer.elapsed(), 1300);
+  EXPECT_LT(timer.elapsed(), 2000);
   ASSERT_EQ(running.size(), 2U);
   EXPECT_EQ(running[0].processIdentifier, first->pid());
   EXPECT_EQ(running[1].activationPolicy, ActivationPolicy::regular);
@@ -183,13 +183,13 @@ TEST_F(Bus, TellsTheFailuresApart) {
   timer.start();
   EXPECT_EQ(send(peer->pid(), "hang", "x", wait, 12), AppleEventStatus::timeout);
   EXPECT_GE(timer.elapsed(), 190);
-  EXPECT_LT(timer.elapsed(), 1000);
+  EXPECT_LT(timer.elapsed(), 4000);
 
   peer = std::make_unique<Peer>();
   applications.running(peerIdentifier);
   timer.restart();
   EXPECT_EQ(send(peer->pid(), "die ", "x"), AppleEventStatus::connectionInvalid);
-  EXPECT_LT(timer.elapsed(), 2000);
+  EXPECT_LT(timer.elapsed(), 4000);
   EXPECT_EQ(send(peer->pid(), "echo", "x"), AppleEventStatus::processNotFound);
 
   EXPECT_THAT(reasons, ElementsAre("Quenfold is not running", "Quenfold is not running",
@@ -256,7 +256,7 @@ TEST_F(Bus, SurvivesTheLossOfTheBus) {
   QElapsedTimer timer;
   timer.start();
   EXPECT_EQ(send(peer.pid(), "hang", "x"), AppleEventStatus::connectionInvalid);
-  EXPECT_LT(timer.elapsed(), 2000);
+  EXPECT_LT(timer.elapsed(), 4000);
   killer.join();
   EXPECT_EQ(send(peer.pid(), "echo", "x"), AppleEventStatus::connectionInvalid);
   EXPECT_THAT(applications.running(peerIdentifier), IsEmpty());

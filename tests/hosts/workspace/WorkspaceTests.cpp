@@ -160,17 +160,17 @@ TEST_F(WorkspaceTest, FollowsTheUserAndGoesBack) {
 
   // The window that was active last comes back, not merely any of that process.
   EXPECT_TRUE(workspace.activateApplication(first.pid()));
-  EXPECT_EQ(display.active(), lastOfFirst);
+  EXPECT_TRUE(runUntil([&] { return display.active() == lastOfFirst; }));
   EXPECT_EQ(frontmost(), first.pid());
   EXPECT_TRUE(workspace.activateApplication(first.pid()));
   EXPECT_EQ(display.active(), lastOfFirst);
 
   // A closed one gives way to what is left.
   EXPECT_TRUE(workspace.activateApplication(second.pid()));
-  EXPECT_EQ(display.active(), other);
+  EXPECT_TRUE(runUntil([&] { return display.active() == other; }));
   display.destroy(lastOfFirst);
-  EXPECT_TRUE(workspace.activateApplication(first.pid()));
-  EXPECT_EQ(frontmost(), first.pid());
+  EXPECT_TRUE(runUntil(
+      [&] { return workspace.activateApplication(first.pid()) && frontmost() == first.pid(); }));
 
   const Process windowless;
   EXPECT_FALSE(workspace.activateApplication(windowless.pid()));
@@ -283,7 +283,7 @@ TEST_F(WorkspaceTest, SaysWhyAnApplicationDidNotStart) {
   EXPECT_THAT(why("Exec=sleep 1\nPath=/no/such\n"), HasSubstr("Broken cannot be started: "));
   EXPECT_THAT(launchError(patient, "/no/such.desktop"), HasSubstr("is not the desktop entry"));
   EXPECT_EQ(launchError(patient, ""), "the application is not installed");
-  EXPECT_LT(timer.elapsed(), 2000);
+  EXPECT_LT(timer.elapsed(), 5000);
   EXPECT_FALSE(patient.URLForApplicationWithBundleIdentifier("org.quenfold.NotThere"));
 }
 
