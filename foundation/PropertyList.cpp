@@ -13,7 +13,8 @@ namespace qf {
 Result<Value> readPropertyList(std::span<const std::uint8_t> bytes, PropertyListLimits limits) {
   if (bytes.size() > limits.bytes) return Error{"property list: too large"};
   if (looksLikeBinaryPropertyList(bytes)) return readBinaryPropertyList(bytes, limits);
-  const auto text = decodeTextFile(bytes);
+  std::string storage;
+  const auto text = decodeTextFile(bytes, storage);
   if (!text) return Error{"property list: " + text.error().localizedDescription};
   return looksLikeXML(*text) ? readXMLPropertyList(*text, limits)
                              : readOpenStepPropertyList(*text, limits);

@@ -9,7 +9,8 @@
 namespace qf {
 
 Result<StringTable> StringTable::read(std::span<const std::uint8_t> bytes) {
-  const auto text = decodeTextFile(bytes);
+  std::string storage;
+  const auto text = decodeTextFile(bytes, storage);
   if (!text) return Error{"strings file: " + text.error().localizedDescription};
   auto entries = readOpenStepEntries(*text, PropertyListLimits::file());
   if (!entries) return entries.error();

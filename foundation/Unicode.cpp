@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "foundation/Unicode.h"
 
-#include <cstring>
+#include <algorithm>
+
+#include "foundation/ByteScan.h"
 
 namespace qf {
 namespace {
 
-constexpr std::uint64_t highBits = 0x8080808080808080;
-
 std::size_t asciiPrefix(std::string_view text) {
   std::size_t at = 0;
-  while (at + 8 <= text.size()) {
-    std::uint64_t word;
-    std::memcpy(&word, text.data() + at, 8);
-    if (word & highBits) break;
-    at += 8;
-  }
+  while (text.size() - at >= 8 && !anyBeyondASCII(loadEight(text.data() + at))) at += 8;
   while (at < text.size() && static_cast<std::uint8_t>(text[at]) < 0x80) ++at;
   return at;
 }
@@ -163,22 +158,21 @@ std::u16string utf16FromUTF8(std::string_view text) {
   return units;
 }
 
-Result<std::string> decodeTextFile(std::span<const std::uint8_t> bytes) {
+Result<std::string_view> decodeTextFile(std::span<const std::uint8_t> bytes, std::string& storage) {
   const Encoding encoding = detectEncoding(bytes);
   if (encoding.unit == 1) {
     const auto* first = reinterpret_cast<const char*>(bytes.data()) + encoding.mark;
     const std::string_view text(first, bytes.size() - encoding.mark);
-    if (const auto offset = invalidUTF8Offset(text)) {
-      return notWellFormed("UTF-8", *offset + encoding.mark);
-    }
-    return std::string(text);
+    const auto offset = invalidUTF8Offset(text);
+    if (offset) return notWellFormed("UTF-8", *offset + encoding.mark);
+    return text;
   }
-  std::string text;
-  text.reserve(bytes.size() / encoding.unit);
-  if (const auto offset = appendUnits(text, bytes, encoding)) {
+  storage.clear();
+  storage.reserve(bytes.size() / encoding.unit);
+  if (const auto offset = appendUnits(storage, bytes, encoding)) {
     return notWellFormed(encoding.unit == 2 ? "UTF-16" : "UTF-32", *offset);
   }
-  return text;
+  return std::string_view(storage);
 }
 
 }  // namespace qf

@@ -42,7 +42,8 @@ std::u16string utf16FromUTF8(std::string_view text);
 
 /// A text file as UTF-8 without its byte order mark. UTF-16 and UTF-32 are known by their mark, or
 /// by the zero bytes around an ASCII character in front (XML 1.0, appendix F); everything else is
-/// UTF-8. Fails where the bytes are not well-formed, with the byte offset.
-Result<std::string> decodeTextFile(std::span<const std::uint8_t> bytes);
+/// UTF-8. Fails where the bytes are not well-formed, with the byte offset. The text lies in `bytes`
+/// or, where it had to be converted, in `storage`.
+Result<std::string_view> decodeTextFile(std::span<const std::uint8_t> bytes, std::string& storage);
 
 }  // namespace qf

@@ -2,13 +2,19 @@
 #include "foundation/Value.h"
 
 #include <algorithm>
+#include <bit>
 #include <cctype>
 #include <charconv>
 #include <cmath>
 #include <utility>
 
+#include "foundation/KeyedHash.h"
+
 namespace qf {
 namespace {
+
+// Up to this many keys a search from front to back beats an index.
+constexpr std::size_t searchableSize = 16;
 
 std::string_view withoutLeadingBlanks(std::string_view text) {
   const auto first = text.find_first_not_of(" \t\n\r\v\f");
@@ -167,10 +173,46 @@ Dictionary::Dictionary(std::initializer_list<Entry> entries) {
   for (const auto& [key, value] : entries) set(key, value);
 }
 
+Dictionary::Dictionary(std::span<Entry> entries) {
+  _entries.reserve(entries.size());
+  if (entries.size() > searchableSize) _index.resize(std::bit_ceil(entries.size()) * 2);
+  for (Entry& entry : entries) {
+    if (const auto index = position(entry.first)) {
+      _entries[*index].second = std::move(entry.second);
+      continue;
+    }
+    _entries.push_back(std::move(entry));
+    if (!_index.empty()) addToIndex(_entries.size() - 1);
+  }
+}
+
 std::optional<std::size_t> Dictionary::position(std::string_view key) const {
-  const auto found = _positions.find(key);
-  if (found == _positions.end()) return std::nullopt;
-  return found->second;
+  if (_index.empty()) {
+    for (std::size_t i = 0; i < _entries.size(); ++i) {
+      if (_entries[i].first == key) return i;
+    }
+    return std::nullopt;
+  }
+  const std::size_t mask = _index.size() - 1;
+  for (std::size_t place = keyedHash(key) & mask; _index[place] != 0; place = (place + 1) & mask) {
+    const std::size_t candidate = _index[place] - 1;
+    if (_entries[candidate].first == key) return candidate;
+  }
+  return std::nullopt;
+}
+
+void Dictionary::addToIndex(std::size_t position) {
+  const std::size_t mask = _index.size() - 1;
+  std::size_t place = keyedHash(_entries[position].first) & mask;
+  while (_index[place] != 0) place = (place + 1) & mask;
+  _index[place] = static_cast<std::uint32_t>(position + 1);
+}
+
+void Dictionary::rebuildIndex() {
+  _index.clear();
+  if (_entries.size() <= searchableSize) return;
+  _index.resize(std::bit_ceil(_entries.size()) * 2);
+  for (std::size_t i = 0; i < _entries.size(); ++i) addToIndex(i);
 }
 
 const Value* Dictionary::find(std::string_view key) const {
@@ -198,23 +240,25 @@ void Dictionary::set(std::string_view key, Value value) {
     _entries[*index].second = std::move(value);
     return;
   }
-  _positions.emplace(std::string(key), _entries.size());
   _entries.emplace_back(std::string(key), std::move(value));
+  if (_entries.size() <= searchableSize) return;
+  if (_entries.size() * 2 > _index.size()) {
+    rebuildIndex();
+  } else {
+    addToIndex(_entries.size() - 1);
+  }
 }
 
 void Dictionary::remove(std::string_view key) {
   const auto index = position(key);
   if (!index) return;
-  _positions.erase(_positions.find(key));
   _entries.erase(_entries.begin() + static_cast<std::ptrdiff_t>(*index));
-  for (auto& [name, later] : _positions) {
-    if (later > *index) --later;
-  }
+  rebuildIndex();
 }
 
 void Dictionary::clear() {
   _entries.clear();
-  _positions.clear();
+  _index.clear();
 }
 
 bool Dictionary::operator==(const Dictionary& other) const {

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -123,6 +123,8 @@ class Dictionary {
 
   Dictionary() = default;
   Dictionary(std::initializer_list<Entry> entries);
+  /// Takes the entries out of their place. A later one replaces an equal earlier one.
+  explicit Dictionary(std::span<Entry> entries);
 
   /// Null when there is no such key. Valid until the dictionary is next changed.
   const Value* find(std::string_view key) const;
@@ -149,17 +151,14 @@ class Dictionary {
   bool operator==(const Dictionary& other) const;
 
  private:
-  struct StringHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const {
-      return std::hash<std::string_view>()(text);
-    }
-  };
-
   std::optional<std::size_t> position(std::string_view key) const;
+  void addToIndex(std::size_t position);
+  void rebuildIndex();
 
   std::vector<Entry> _entries;
-  std::unordered_map<std::string, std::size_t, StringHash, std::equal_to<>> _positions;
+  // For more keys than a search from front to back is good for: positions counted from 1 (0 is
+  // free), at the key's hash or in the next free place behind it.
+  std::vector<std::uint32_t> _index;
 };
 
 }  // namespace qf

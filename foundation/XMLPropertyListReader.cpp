@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <array>
 #include <charconv>
+#include <iterator>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "foundation/Base64.h"
+#include "foundation/ByteScan.h"
 #include "foundation/DateText.h"
 #include "foundation/TextScanner.h"
 #include "foundation/Unicode.h"
@@ -14,12 +18,47 @@ namespace {
 
 constexpr bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
-constexpr bool endsName(char c) { return isBlank(c) || c == '>' || c == '/' || c == '<'; }
-
 // XML 1.0, production 2.
 constexpr bool isXMLCharacter(char32_t code) {
   if (code < 0x20) return code == '\t' || code == '\n' || code == '\r';
   return isUnicodeScalar(code) && code != 0xFFFE && code != 0xFFFF;
+}
+
+// Whether a character that XML forbids stands in front of well-formed UTF-8.
+constexpr bool isForbidden(std::string_view text) {
+  return !isXMLCharacter(static_cast<std::uint8_t>(text.front())) ||
+         text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF");
+}
+
+enum : std::uint8_t { endsName = 1, endsPlainText = 2 };
+
+// What a byte puts an end to. 0xEF begins the two characters beyond ASCII that XML forbids.
+constexpr std::array<std::uint8_t, 256> byteRoles = [] {
+  std::array<std::uint8_t, 256> table{};
+  for (std::size_t c = 0; c < 0x20; ++c) table[c] = endsPlainText;
+  table['\t'] = table['\n'] = table[' '] = endsName;
+  table['>'] = table['/'] = endsName;
+  table['\r'] = table['<'] = endsName | endsPlainText;
+  table['&'] = table[0xEF] = endsPlainText;
+  return table;
+}();
+
+constexpr bool hasRole(char c, std::uint8_t role) {
+  return byteRoles[static_cast<std::uint8_t>(c)] & role;
+}
+
+// The length of the text in front that stands for itself.
+std::size_t plainLength(std::string_view text) {
+  std::size_t length = 0;
+  while (text.size() - length >= 8) {
+    const std::uint64_t word = loadEight(text.data() + length);
+    if (anyEqual(word, '<') | anyEqual(word, '&') | anyBelow(word, 0x20) | anyEqual(word, '\xEF')) {
+      break;
+    }
+    length += 8;
+  }
+  while (length < text.size() && !hasRole(text[length], endsPlainText)) ++length;
+  return length;
 }
 
 std::string_view trimmed(std::string_view text) {
@@ -80,7 +119,7 @@ class XMLReader : private TextScanner {
   };
 
   std::optional<Value> document() {
-    if (!checkCharacters() || !skipMarkup(true)) return std::nullopt;
+    if (!skipMarkup(true)) return std::nullopt;
     const auto tag = startTag();
     if (!tag) return std::nullopt;
     const bool isWrapped = tag->name == "plist";
@@ -92,18 +131,14 @@ class XMLReader : private TextScanner {
     return root;
   }
 
-  bool checkCharacters() {
-    const std::string_view text = rest();
-    for (std::size_t i = 0; i < text.size(); ++i) {
-      const auto c = static_cast<std::uint8_t>(text[i]);
-      const bool isForbidden = c < 0x20
-                                   ? !isXMLCharacter(c)
-                                   : c == 0xEF && (text.substr(i).starts_with("\xEF\xBF\xBE") ||
-                                                   text.substr(i).starts_with("\xEF\xBF\xBF"));
-      if (!isForbidden) continue;
-      _at = i;
-      fail("a character that XML forbids");
-      return false;
+  // XML forbids some characters everywhere; here, in what is not read as text.
+  bool checkSkipped(std::size_t start) {
+    const std::size_t end = _at;
+    for (_at = start; _at < end; ++_at) {
+      if (isForbidden(rest())) {
+        fail("a character that XML forbids");
+        return false;
+      }
     }
     return true;
   }
@@ -116,7 +151,8 @@ class XMLReader : private TextScanner {
   bool skipMarkup(bool inProlog) {
     for (;;) {
       skipBlanks();
-      if (!lookingAt("<!") && !lookingAt("<?")) return true;
+      const std::string_view text = rest();
+      if (text.size() < 2 || (text[1] != '!' && text[1] != '?') || text[0] != '<') return true;
       if (lookingAt("<!--") || lookingAt("<?")) {
         if (!skipNote()) return false;
       } else if (!inProlog || !lookingAt("<!DOCTYPE")) {
@@ -130,7 +166,8 @@ class XMLReader : private TextScanner {
   bool skipNote() {
     const bool isComment = accept("<!--");
     if (!isComment && rest().substr(2).starts_with("xml") && !checkDeclaration()) return false;
-    if (skipPast(isComment ? "-->" : "?>")) return true;
+    const std::size_t start = _at;
+    if (skipPast(isComment ? "-->" : "?>")) return checkSkipped(start);
     fail(isComment ? "a comment without its end" : "a processing instruction without its end");
     return false;
   }
@@ -155,6 +192,7 @@ class XMLReader : private TextScanner {
   }
 
   bool skipDocumentType() {
+    const std::size_t start = _at;
     char quote = 0;
     for (; !atEnd(); ++_at) {
       const char c = peek();
@@ -167,7 +205,7 @@ class XMLReader : private TextScanner {
         return false;
       } else if (c == '>') {
         ++_at;
-        return true;
+        return checkSkipped(start);
       }
     }
     fail("a document type without its end");
@@ -176,9 +214,11 @@ class XMLReader : private TextScanner {
 
   std::optional<Tag> startTag() {
     if (peek() != '<') return fail(atEnd() ? "the text ends too early" : "expected an element");
+    if (accept("<string>")) return Tag{"string", false};  // the two that come most
+    if (accept("<key>")) return Tag{"key", false};
     const std::string_view text = rest().substr(1);
     std::size_t length = 0;
-    while (length < text.size() && !endsName(text[length])) ++length;
+    while (length < text.size() && !hasRole(text[length], endsName)) ++length;
     Tag tag{text.substr(0, length), false};
     if (tag.name.empty()) return fail("expected an element");
     _at += 1 + length;
@@ -193,9 +233,10 @@ class XMLReader : private TextScanner {
   }
 
   bool skipAttributes() {
+    const std::size_t start = _at;
     for (;;) {
       skipBlanks();
-      if (atEnd() || peek() == '>' || peek() == '/') return true;
+      if (atEnd() || peek() == '>' || peek() == '/') return checkSkipped(start);
       const auto assign = rest().find_first_of("=<>");
       if (assign != std::string_view::npos && rest()[assign] == '=') {
         _at += assign + 1;
@@ -263,7 +304,7 @@ class XMLReader : private TextScanner {
   }
 
   std::optional<Value> array(const Tag& tag, std::size_t depth) {
-    Array items;
+    const std::size_t first = _items.size();
     while (!tag.isEmpty) {
       if (!skipMarkup(false)) return std::nullopt;
       if (lookingAt("</")) {
@@ -272,13 +313,16 @@ class XMLReader : private TextScanner {
       }
       auto item = element(depth + 1);
       if (!item) return std::nullopt;
-      items.push_back(*std::move(item));
+      _items.push_back(*std::move(item));
     }
+    const auto start = _items.begin() + static_cast<std::ptrdiff_t>(first);
+    Array items(std::make_move_iterator(start), std::make_move_iterator(_items.end()));
+    _items.erase(start, _items.end());
     return Value(std::move(items));
   }
 
   std::optional<Value> dictionary(const Tag& tag, std::size_t depth) {
-    Dictionary entries;
+    const std::size_t first = _entries.size();
     while (!tag.isEmpty) {
       if (!skipMarkup(false)) return std::nullopt;
       if (lookingAt("</")) {
@@ -288,13 +332,16 @@ class XMLReader : private TextScanner {
       const auto keyTag = startTag();
       if (!keyTag) return std::nullopt;
       if (keyTag->name != "key") return fail("expected a key");
-      const auto text = content(*keyTag);
-      if (!text) return std::nullopt;
-      const std::string key(*text);
+      const auto key = content(*keyTag);
+      if (!key) return std::nullopt;
+      _entries.emplace_back(*key, false);
+      const std::size_t place = _entries.size() - 1;
       auto value = element(depth + 1);
       if (!value) return std::nullopt;
-      entries.set(key, *std::move(value));
+      _entries[place].second = *std::move(value);
     }
+    Dictionary entries(std::span<Dictionary::Entry>(_entries).subspan(first));
+    _entries.resize(first, {std::string(), false});
     return Value(std::move(entries));
   }
 
@@ -316,15 +363,6 @@ class XMLReader : private TextScanner {
     return _content;
   }
 
-  static std::size_t plainLength(std::string_view text) {
-    std::size_t length = 0;
-    while (length < text.size() && text[length] != '<' && text[length] != '&' &&
-           text[length] != '\r') {
-      ++length;
-    }
-    return length;
-  }
-
   bool appendContent() {
     const std::size_t length = plainLength(rest());
     _content += rest().substr(0, length);
@@ -336,9 +374,16 @@ class XMLReader : private TextScanner {
       return true;
     }
     if (peek() == '&') return appendReference();
+    if (peek() == '\xEF' && !isForbidden(rest())) {
+      _content += peek();
+      ++_at;
+      return true;
+    }
     if (accept("<![CDATA[")) return appendCharacterData();
     if (lookingAt("<!--") || lookingAt("<?")) return skipNote();
-    fail(atEnd() ? "the text ends too early" : "an element where only text may stand");
+    fail(atEnd()               ? "the text ends too early"
+         : isForbidden(rest()) ? "a character that XML forbids"
+                               : "an element where only text may stand");
     return false;
   }
 
@@ -354,7 +399,10 @@ class XMLReader : private TextScanner {
       _content += endsLine ? '\n' : characters[i];
       if (endsLine && characters.substr(i + 1).starts_with('\n')) ++i;
     }
-    _at += length + 3;
+    const std::size_t start = _at;
+    _at += length;
+    if (!checkSkipped(start)) return false;
+    _at += 3;
     return true;
   }
 
@@ -385,6 +433,9 @@ class XMLReader : private TextScanner {
   }
 
   std::string _content;
+  // The parts, so far, of all the containers that are being read.
+  Array _items;
+  std::vector<Dictionary::Entry> _entries;
 };
 
 }  // namespace

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <string>
 #include <vector>
 
 #include "foundation/Base64.h"
+#include "foundation/ByteScan.h"
+#include "foundation/ByteSink.h"
 #include "foundation/DateText.h"
 #include "foundation/Unicode.h"
 #include "foundation/XMLPropertyList.h"
@@ -19,13 +23,36 @@ constexpr std::string_view header =
     "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
     "<plist version=\"1.0\">\n";
 
+enum class Escape : std::uint8_t { none, entity, forbidden, wide };
+
+// What a byte of text needs; `wide` begins or continues a character beyond ASCII.
+constexpr std::array<Escape, 256> escapes = [] {
+  std::array<Escape, 256> table{};
+  for (std::size_t c = 0; c < 0x20; ++c) table[c] = Escape::forbidden;
+  for (std::size_t c = 0x80; c < 0x100; ++c) table[c] = Escape::wide;
+  for (const char c : {'\t', '\n'}) table[static_cast<std::uint8_t>(c)] = Escape::none;
+  for (const char c : {'&', '<', '>', '\r'}) table[static_cast<std::uint8_t>(c)] = Escape::entity;
+  return table;
+}();
+
+std::string_view entityFor(char c) {
+  if (c == '&') return "&amp;";
+  if (c == '<') return "&lt;";
+  if (c == '>') return "&gt;";
+  return "&#13;";  // a bare carriage return would be read as the end of a line
+}
+
+constexpr bool isNonCharacter(std::string_view text) {  // U+FFFE and U+FFFF
+  return text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF");
+}
+
 class XMLWriter {
  public:
   Result<Data> write(const Value& root) {
-    _output = header;
+    _output.put(header);
     if (!value(root, 0)) return Error{"XML property list: " + _problem};
-    _output += "</plist>\n";
-    return Data(_output.begin(), _output.end());
+    _output.put("</plist>\n");
+    return _output.bytes();
   }
 
  private:
@@ -36,25 +63,29 @@ class XMLWriter {
 
   bool value(const Value& value, std::size_t depth) {
     if (_nodes++ == PropertyListLimits::file().nodes) return fail("too many values");
-    _output.append(depth, '\t');
+    indent(depth);
     switch (value.kind()) {
       case Value::Kind::boolean:
-        _output += *value.boolean() ? "<true/>\n" : "<false/>\n";
+        _output.put(*value.boolean() ? "<true/>\n" : "<false/>\n");
         return true;
       case Value::Kind::integer:
-        return element("integer", number(*value.integer()));
+        return element("<integer>", number(*value.integer()), "</integer>\n");
       case Value::Kind::real:
-        return element("real", number(*value.real()));
+        return element("<real>", number(*value.real()), "</real>\n");
       case Value::Kind::date: {
         const auto text = iso8601(*value.date());
-        return text ? element("date", *text) : fail("a date outside the years 1 to 9999");
+        return text ? element("<date>", *text, "</date>\n")
+                    : fail("a date outside the years 1 to 9999");
       }
       case Value::Kind::uid:
         return fail("a reference of a keyed archive");
       case Value::Kind::string:
-        return text("string", *value.string());
-      case Value::Kind::data:
-        return data(*value.data());
+        return text("<string>", *value.string(), "</string>\n");
+      case Value::Kind::data: {
+        std::string text;
+        appendBase64(text, *value.data());
+        return element("<data>", text, "</data>\n");
+      }
       case Value::Kind::array:
         return array(*value.array(), depth);
       case Value::Kind::dictionary:
@@ -63,23 +94,19 @@ class XMLWriter {
     return false;
   }
 
-  bool element(std::string_view name, std::string_view content) {
-    open(name);
-    _output += content;
-    close(name);
+  void indent(std::size_t depth) {
+    static constexpr char tabs[] = "\t\t\t\t\t\t\t\t";
+    std::uint8_t* to = _output.reserve(depth + 8);
+    if (depth > 8) std::memset(to + 8, '\t', depth - 8);
+    std::memcpy(to, tabs, 8);  // more than is kept, mostly: one store
+    _output.advanceTo(to + depth);
+  }
+
+  bool element(std::string_view start, std::string_view content, std::string_view end) {
+    _output.put(start);
+    _output.put(content);
+    _output.put(end);
     return true;
-  }
-
-  void open(std::string_view name) {
-    _output += '<';
-    _output += name;
-    _output += '>';
-  }
-
-  void close(std::string_view name) {
-    _output += "</";
-    _output += name;
-    _output += ">\n";
   }
 
   std::string_view number(const Integer& integer) {
@@ -96,99 +123,107 @@ class XMLWriter {
     return {_digits, std::to_chars(std::begin(_digits), std::end(_digits), real).ptr};
   }
 
-  bool text(std::string_view name, std::string_view content) {
-    open(name);
+  template <std::size_t N, std::size_t M>
+  bool text(const char (&start)[N], std::string_view content, const char (&end)[M]) {
+    _output.put(start);
     if (!escaped(content)) return false;
-    close(name);
+    _output.put(end);
     return true;
   }
 
   bool escaped(std::string_view text) {
-    if (invalidUTF8Offset(text)) return fail("text that is not UTF-8");
-    std::size_t done = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-      const std::string_view replacement = escape(text, i);
-      if (replacement.empty()) continue;
-      if (replacement == forbidden) return fail("a character that XML forbids");
-      _output += text.substr(done, i - done);
-      _output += replacement;
-      done = i + 1;
-    }
-    _output += text.substr(done);
-    return true;
-  }
-
-  static constexpr std::string_view forbidden = "!";
-
-  // What stands for the character at that place, when it can't stand for itself.
-  static std::string_view escape(std::string_view text, std::size_t at) {
-    switch (const auto c = static_cast<std::uint8_t>(text[at])) {
-      case '&':
-        return "&amp;";
-      case '<':
-        return "&lt;";
-      case '>':
-        return "&gt;";
-      case '\r':
-        return "&#13;";  // bare, a reader would take it for the end of a line
-      case '\t':
-      case '\n':
-        return {};
-      case 0xEF: {  // U+FFFE and U+FFFF
-        const std::string_view character = text.substr(at, 3);
-        return character == "\xEF\xBF\xBE" || character == "\xEF\xBF\xBF" ? forbidden
-                                                                          : std::string_view();
+    bool isChecked = false;  // as UTF-8
+    for (;;) {
+      text.remove_prefix(putPlain(text));
+      if (text.empty()) return true;
+      const char c = text.front();
+      if (escapes[static_cast<std::uint8_t>(c)] == Escape::forbidden) {
+        return fail("a character that XML forbids");
       }
-      default:
-        return c < 0x20 ? forbidden : std::string_view();
+      if (escapes[static_cast<std::uint8_t>(c)] == Escape::entity) {
+        _output.put(entityFor(c));
+        text.remove_prefix(1);
+        continue;
+      }
+      if (!isChecked && invalidUTF8Offset(text)) return fail("text that is not UTF-8");
+      isChecked = true;
+      if (isNonCharacter(text)) return fail("a character that XML forbids");
+      std::size_t length = 1;
+      while (length < text.size() && (text[length] & 0xC0) == 0x80) ++length;
+      _output.put(text.substr(0, length));
+      text.remove_prefix(length);
     }
   }
 
-  bool data(const Data& bytes) {
-    open("data");
-    appendBase64(_output, bytes);
-    close("data");
-    return true;
+  // Puts what needs no escape in front of the text; how much that was.
+  std::size_t putPlain(std::string_view text) {
+    std::uint8_t* const start = _output.reserve(text.size());
+    std::uint8_t* to = start;
+    std::size_t i = 0;
+    for (; text.size() - i >= 8; i += 8, to += 8) {
+      const std::uint64_t word = loadEight(text.data() + i);
+      constexpr std::uint64_t ltToGt = eightTimes('<' ^ '>');
+      if (anyBeyondASCII(word) | anyBelow(word, 0x20) | anyEqual(word, '&') |
+          anyEqual(word | ltToGt, '>')) {
+        break;
+      }
+      std::memcpy(to, &word, 8);
+    }
+    for (; i < text.size() && escapes[static_cast<std::uint8_t>(text[i])] == Escape::none; ++i) {
+      *to++ = static_cast<std::uint8_t>(text[i]);
+    }
+    _output.advanceTo(to);
+    return i;
   }
 
   bool array(const Array& items, std::size_t depth) {
     if (depth == PropertyListLimits::file().depth) return fail("nested too deeply");
     if (items.empty()) {
-      _output += "<array/>\n";
+      _output.put("<array/>\n");
       return true;
     }
-    _output += "<array>\n";
+    _output.put("<array>\n");
     for (const Value& item : items) {
       if (!value(item, depth + 1)) return false;
     }
-    _output.append(depth, '\t');
-    close("array");
+    indent(depth);
+    _output.put("</array>\n");
     return true;
   }
 
   bool dictionary(const Dictionary& entries, std::size_t depth) {
     if (depth == PropertyListLimits::file().depth) return fail("nested too deeply");
     if (entries.empty()) {
-      _output += "<dict/>\n";
+      _output.put("<dict/>\n");
       return true;
     }
-    std::vector<const Dictionary::Entry*> sorted;
-    sorted.reserve(entries.size());
-    for (const auto& entry : entries) sorted.push_back(&entry);
-    std::sort(sorted.begin(), sorted.end(),
-              [](const auto* left, const auto* right) { return left->first < right->first; });
-    _output += "<dict>\n";
-    for (const auto* entry : sorted) {
-      _output.append(depth + 1, '\t');
-      if (!text("key", entry->first) || !value(entry->second, depth + 1)) return false;
+    _output.put("<dict>\n");
+    const std::size_t first = _sorted.size();
+    pushSorted(entries);
+    for (std::size_t i = first; i < first + entries.size(); ++i) {
+      const Dictionary::Entry& entry = *_sorted[i];
+      indent(depth + 1);
+      if (!text("<key>", entry.first, "</key>\n") || !value(entry.second, depth + 1)) return false;
     }
-    _output.append(depth, '\t');
-    close("dict");
+    _sorted.resize(first);
+    indent(depth);
+    _output.put("</dict>\n");
     return true;
   }
 
-  std::string _output;
+  void pushSorted(const Dictionary& entries) {
+    const auto first = static_cast<std::ptrdiff_t>(_sorted.size());
+    for (const auto& entry : entries) _sorted.push_back(&entry);
+    const auto byKey = [](const auto* left, const auto* right) {
+      return left->first < right->first;
+    };
+    if (std::is_sorted(_sorted.begin() + first, _sorted.end(), byKey)) return;
+    std::sort(_sorted.begin() + first, _sorted.end(), byKey);
+  }
+
+  ByteSink _output;
   std::string _problem;
+  std::vector<const Dictionary::Entry*> _sorted;  // of all the dictionaries that are being written
   std::size_t _nodes = 0;
   char _digits[32];
 };

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: Apache-2.0
+// What it costs to read and write list data, by the number of cleaners in it.
+#include <benchmark/benchmark.h>
+
+#include "bench/foundation_list_data.h"
+#include "foundation/KeyedArchive.h"
+#include "foundation/PropertyList.h"
+
+namespace qf::bench {
+namespace {
+
+// As a reader leaves them in memory.
+Value readListData(benchmark::State& state) {
+  const Value made = listData(static_cast<int>(state.range(0)));
+  return *readPropertyList(*writePropertyList(made, PropertyListFormat::binary));
+}
+
+void write(benchmark::State& state, PropertyListFormat format) {
+  const Value list = readListData(state);
+  for (auto _ : state) benchmark::DoNotOptimize(writePropertyList(list, format));
+}
+
+void read(benchmark::State& state, PropertyListFormat format) {
+  const Data bytes = *writePropertyList(listData(static_cast<int>(state.range(0))), format);
+  for (auto _ : state) benchmark::DoNotOptimize(readPropertyList(bytes));
+}
+
+void archive(benchmark::State& state) {
+  const Value list = readListData(state);
+  for (auto _ : state) benchmark::DoNotOptimize(archiveKeyed(list));
+}
+
+void unarchive(benchmark::State& state) {
+  const Data bytes = *archiveKeyed(listData(static_cast<int>(state.range(0))));
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(unarchiveKeyed(bytes, PropertyListLimits::file()));
+  }
+}
+
+#define QF_SIZES ->Arg(1'000)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)
+BENCHMARK_CAPTURE(read, xml, PropertyListFormat::xml) QF_SIZES;
+BENCHMARK_CAPTURE(write, xml, PropertyListFormat::xml) QF_SIZES;
+BENCHMARK_CAPTURE(read, binary, PropertyListFormat::binary) QF_SIZES;
+BENCHMARK_CAPTURE(write, binary, PropertyListFormat::binary) QF_SIZES;
+BENCHMARK(archive) QF_SIZES;
+BENCHMARK(unarchive) QF_SIZES;
+
+}  // namespace
+}  // namespace qf::bench

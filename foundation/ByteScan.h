@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+
+namespace qf {
+
+// Eight bytes of text looked at together (Warren, "Hacker's Delight", section 6-1). Each test is
+// non-zero exactly when one of the eight bytes passes it.
+
+constexpr std::uint64_t eightTimes(std::uint8_t byte) { return 0x0101010101010101 * byte; }
+
+inline std::uint64_t loadEight(const char* bytes) {
+  std::uint64_t word;
+  std::memcpy(&word, bytes, sizeof word);
+  return word;
+}
+
+constexpr std::uint64_t anyBeyondASCII(std::uint64_t word) { return word & eightTimes(0x80); }
+
+/// For a limit up to 128.
+constexpr std::uint64_t anyBelow(std::uint64_t word, std::uint8_t limit) {
+  return (word - eightTimes(limit)) & ~word & eightTimes(0x80);
+}
+
+constexpr std::uint64_t anyEqual(std::uint64_t word, char c) {
+  return anyBelow(word ^ eightTimes(static_cast<std::uint8_t>(c)), 1);
+}
+
+}  // namespace qf
