@@ -106,6 +106,7 @@ TEST_F(ApplyCleanerTest, BeepsWhereNothingCanBeCopied) {
 
 TEST_F(ApplyCleanerTest, AppliesFromAPoppedUpGroupWithoutModifiers) {
   host.eventState.location = {30, 40};
+  host.eventState.flags = modifier::shift;
   menu.menuNeedsUpdate(menu.statusMenu());
   menu.showGroupMenuPopup("Mine");
   menu.showGroupMenuPopup("#current");
@@ -116,7 +117,6 @@ TEST_F(ApplyCleanerTest, AppliesFromAPoppedUpGroupWithoutModifiers) {
   EXPECT_EQ(mine.title, "popup");
   EXPECT_EQ(host.menuPresenter.popUps[0].location, (Point{30, 40}));
 
-  host.eventState.flags = modifier::option;
   pick(mine, "mine");
   EXPECT_EQ(editor.text, "one TWO");
   editor.selection = "one";
@@ -124,6 +124,10 @@ TEST_F(ApplyCleanerTest, AppliesFromAPoppedUpGroupWithoutModifiers) {
   EXPECT_EQ(editor.text, "ONE TWO");
   EXPECT_THAT(engine.commands, ElementsAre("cleanPasteboard:cleaner: NSGeneralPboard mine",
                                            "cleanPasteboard:cleaner: NSGeneralPboard #LABEL:Case"));
+  editor.presses.clear();
+  pick(menu.statusMenu(), "upper");
+  EXPECT_THAT(editor.presses, ElementsAre("Select All", "Copy", "Paste"))
+      << "the pop-up has put the status menu's modifiers back";
 }
 
 TEST_F(ApplyCleanerTest, SelectsAGroupForGood) {
