@@ -75,9 +75,11 @@ TEST_F(Client, PassesNewsOnOnceTheNewDataAreInPlace) {
   host.put(listsFile, listOf("#A"));
   host.distributedCenter.deliver(SharedGroupsDataChangedNotification);
   host.distributedCenter.deliver(SharedGroupsDataChangedNotification);
+  host.distributedCenter.deliver(SharedQFMenuPrefsChangedNotification);
   host.put(menuFile, Dictionary{{"menuStyle", 1}});
   host.distributedCenter.deliver(SharedQFMenuPrefsChangedNotification);
-  EXPECT_THAT(seen, ElementsAre("#A", "#A", "{menuStyle = 1;}"));
+  EXPECT_THAT(seen,
+              ElementsAre("#A", "#A", "{menuIconID = 0; menuStyle = 0;}", "{menuStyle = 1;}"));
   center.removeObserver(groups);
   center.removeObserver(settings);
 }
