@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <span>
+
+#include "foundation/Error.h"
+#include "foundation/Value.h"
+
+namespace qf {
+
+// Files and folders of one user: what is made new is for nobody else's eyes. Any thread.
+
+/// Makes the folder and those above it.
+std::optional<Error> createPrivateFolder(const std::filesystem::path& path);
+
+/// The whole file; nothing when it is missing, not permitted, no regular file, or above 256 MiB.
+std::optional<Data> readRegularFile(const std::filesystem::path& path);
+
+/// Writes over the file as it stands, with the permissions it has.
+std::optional<Error> overwriteFile(const std::filesystem::path& path,
+                                   std::span<const std::uint8_t> bytes);
+
+/// Puts a new file in the place of the old one (of the file behind it where it is a link): whoever
+/// reads meanwhile sees the one or the other whole.
+std::optional<Error> replaceFile(const std::filesystem::path& path,
+                                 std::span<const std::uint8_t> bytes);
+
+}  // namespace qf
