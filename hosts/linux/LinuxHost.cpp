@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/LinuxHost.h"
+
+#include <xcb/xcb.h>
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QIcon>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "foundation/Log.h"
+#include "hosts/linux/accessibility/AtspiAccessibility.h"
+#include "hosts/linux/bus/BusApplications.h"
+#include "hosts/linux/bus/DBusAppleEvents.h"
+#include "hosts/linux/bus/DBusDistributedNotificationCenter.h"
+#include "hosts/linux/bus/StatusReport.h"
+#include "hosts/linux/bus/UserNotice.h"
+#include "hosts/linux/files/LocalCrashReporter.h"
+#include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
+#include "hosts/linux/files/XdgBundle.h"
+#include "hosts/linux/files/XdgFileManager.h"
+#include "hosts/linux/pasteboard/XcbPasteboards.h"
+#include "hosts/linux/workspace/LinuxWorkspace.h"
+#include "hosts/qt/QtApplication.h"
+#include "hosts/qt/QtEventState.h"
+#include "hosts/qt/QtMenuPresenter.h"
+#include "hosts/qt/QtSound.h"
+#include "hosts/qt/QtStatusBar.h"
+
+namespace qf {
+namespace {
+
+constexpr const char* iconName = "org.quenfold.Quenfold";
+
+std::filesystem::path programFolder() {
+  return QCoreApplication::applicationDirPath().toStdString();
+}
+
+bool canReachDisplay() {
+  xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
+  const bool isReached = xcb_connection_has_error(connection) == 0;
+  xcb_disconnect(connection);
+  return isReached;
+}
+
+}  // namespace
+
+/// What stands before the other services are made: a second instance ends here.
+struct LinuxHost::Core {
+  Core(int& argc, char** argv, Program identity)
+      : program(identity),
+        application(argc, argv),
+        bus(QDBusConnection::sessionBus()),
+        applications(bus, program.bundleIdentifier, program.activationPolicy) {}
+
+  Program program;
+  QtApplication application;
+  QDBusConnection bus;
+  BusApplications applications;
+};
+
+struct LinuxHost::Services {
+  explicit Services(Core& core)
+      : crashReporter(std::string(core.program.name), std::string(core.program.version)),
+        userDefaults(core.program.bundleIdentifier),
+        appleEvents(core.applications),
+        distributedNotificationCenter(core.bus),
+        workspace(core.applications, {.programFolder = programFolder()}),
+        accessibility(pasteboards.generalPasteboard(), workspace),
+        notice(core.bus, "Quenfold", iconName),
+        statusReport(core.bus, [this] { return states(); }),
+        host{.accessibility = accessibility,
+             .appleEvents = appleEvents,
+             .application = core.application,
+             .bundle = bundle,
+             .crashReporter = crashReporter,
+             .distributedNotificationCenter = distributedNotificationCenter,
+             .eventState = eventState,
+             .fileManager = fileManager,
+             .menuPresenter = menuPresenter,
+             .pasteboards = pasteboards,
+             .sound = sound,
+             .statusBar = statusBar,
+             .userDefaults = userDefaults,
+             .workspace = workspace} {
+    appleEvents.setFailureHandler([this](const std::string& reason) { tell(reason); });
+    for (const auto& [name, availability] : states()) {
+      if (!availability.isAvailable) log(name + ": " + availability.reason);
+    }
+  }
+
+  std::map<std::string, Availability> states() const {
+    std::map<std::string, Availability> result{
+        {"Accessibility", accessibility.availability()},
+        {"AppleEvents", appleEvents.availability()},
+        {"DistributedNotifications", distributedNotificationCenter.availability()},
+        {"Pasteboard", pasteboards.generalPasteboard().availability()},
+        {"StatusBar", statusBar.availability()},
+        {"Workspace", workspace.availability()},
+    };
+    if (latestFailure) result.emplace("LatestCommand", Availability::unavailable(*latestFailure));
+    return result;
+  }
+
+  void tell(const std::string& failure) {
+    latestFailure = failure;
+    statusBar.setNotice(failure);
+    notice.tell(failure);
+  }
+
+  LocalCrashReporter crashReporter;
+  XdgBundle bundle;
+  XdgFileManager fileManager;
+  PropertyListUserDefaultsDomains userDefaults;
+  DBusAppleEvents appleEvents;
+  DBusDistributedNotificationCenter distributedNotificationCenter;
+  LinuxWorkspace workspace;
+  mutable XcbPasteboards pasteboards;
+  AtspiAccessibility accessibility;
+  QtEventState eventState;
+  QtMenuPresenter menuPresenter;
+  QtSound sound;
+  QtStatusBar statusBar;
+  UserNotice notice;
+  StatusReport statusReport;
+  std::optional<std::string> latestFailure;
+  Host host;
+};
+
+Availability LinuxHost::desktop() {
+  if (!canReachDisplay()) {
+    return Availability::unavailable(
+        "No X display: start Quenfold in a desktop session with X11 or XWayland (DISPLAY).");
+  }
+  // Windows and services have to live on the same display; Qt would take Wayland where both are.
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb");
+  return Availability::available();
+}
+
+LinuxHost::LinuxHost(int& argc, char** argv, Program program)
+    : _core(std::make_unique<Core>(argc, argv, program)) {}
+
+LinuxHost::~LinuxHost() = default;
+
+bool LinuxHost::registerOnlyInstance() {
+  const auto error = _core->applications.registerInstance(BusApplications::Instances::one);
+  if (!error) return true;
+  log(error->localizedDescription);
+  return !_core->applications.availability().isAvailable;
+}
+
+BusApplications& LinuxHost::applications() { return _core->applications; }
+
+Host& LinuxHost::services() {
+  if (!_services) _services = std::make_unique<Services>(*_core);
+  return _services->host;
+}
+
+}  // namespace qf
