@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <bit>
-#include <cmath>
+#include <cstring>
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -22,14 +23,14 @@ constexpr std::size_t trailerSize = 32;
 class BinaryReader {
  public:
   BinaryReader(std::span<const std::uint8_t> bytes, PropertyListLimits limits)
-      : _bytes(bytes), _limits(limits), _keys(bytes.size()) {}
+      : _bytes(bytes), _limits(DecodedObject::bounded(limits)), _keys(bytes.size()) {}
 
   Result<Value> read() {
     if (!readTrailer()) return _error;
     _objects.resize(_objectCount);
-    const DecodedObject* root = object(_rootIndex, 1);
-    if (!root) return _error;
-    return *root->value;
+    Value root = false;
+    if (!object(_rootIndex, 1, root)) return _error;
+    return root;
   }
 
  private:
@@ -47,10 +48,13 @@ class BinaryReader {
     return {};
   }
 
+  // Of 1 to 8 bytes. Eight can be read from whatever offset, since nothing but the trailer's last
+  // number stands less than eight bytes from the end.
   std::uint64_t number(std::size_t offset, std::size_t size) const {
-    std::uint64_t result = 0;
-    for (std::size_t i = 0; i < size; ++i) result = (result << 8) | _bytes[offset + i];
-    return result;
+    std::uint64_t result;
+    std::memcpy(&result, _bytes.data() + offset, sizeof result);
+    if constexpr (std::endian::native == std::endian::little) result = __builtin_bswap64(result);
+    return result >> (64 - 8 * size);
   }
 
   bool readTrailer() {
@@ -79,46 +83,51 @@ class BinaryReader {
     return true;
   }
 
-  const DecodedObject* object(std::uint64_t index, std::size_t depth) {
+  // Puts the object's value into the place, which keeps its address.
+  const DecodedObject* object(std::uint64_t index, std::size_t depth, Value& place) {
     const std::size_t entry = _table + static_cast<std::size_t>(index) * _offsetSize;
     DecodedObject& object = _objects[index];
-    if (object.isOpen) return fail("a container that contains itself", entry);
-    if (!object.value) {
+    if (object.state == DecodedObject::State::done) {
+      place = *object.value;
+    } else if (object.state == DecodedObject::State::open) {
+      return fail("a container that contains itself", entry);
+    } else {
       const std::uint64_t offset = number(entry, _offsetSize);
       if (offset < headerSize || offset >= _table) {
         return fail("an object outside the objects' part of the file", entry);
       }
-      object.isOpen = true;
-      if (!decode(object, static_cast<std::size_t>(offset), depth)) return nullptr;
-      object.isOpen = false;
+      object.state = DecodedObject::State::open;
+      if (!decode(object, static_cast<std::size_t>(offset), depth, place)) return nullptr;
+      object.state = DecodedObject::State::done;
+      object.value = &place;
     }
     if (!object.fits(depth, _limits)) return fail("nested too deeply", entry);
     return &object;
   }
 
-  bool decode(DecodedObject& object, std::size_t offset, std::size_t depth) {
+  bool decode(DecodedObject& object, std::size_t offset, std::size_t depth, Value& place) {
     const std::uint8_t size = _bytes[offset] & 0x0F;
     switch (_bytes[offset] >> 4) {
       case 0x0:
-        return decodeSingle(object, offset);
+        return decodeSingle(place, offset);
       case 0x1:
-        return decodeInteger(object, offset, size);
+        return decodeInteger(place, offset, size);
       case 0x2:
-        return decodeReal(object, offset, size);
+        return decodeReal(place, offset, size);
       case 0x3:
-        return decodeDate(object, offset, size);
+        return decodeDate(place, offset, size);
       case 0x8:
-        return decodeUID(object, offset, std::size_t{size} + 1);
+        return decodeUID(place, offset, std::size_t{size} + 1);
       case 0x4:
-        return decodeData(object, offset);
+        return decodeData(place, offset);
       case 0x5:
-        return decodeText(object, offset);
+        return decodeText(place, offset);
       case 0x6:
-        return decodeUTF16(object, offset);
+        return decodeUTF16(place, offset);
       case 0xA:
-        return decodeArray(object, offset, depth);
+        return decodeArray(object, offset, depth, place);
       case 0xD:
-        return decodeDictionary(object, offset, depth);
+        return decodeDictionary(object, offset, depth, place);
       default:
         return fail("an unknown kind of object", offset);
     }
@@ -154,29 +163,29 @@ class BinaryReader {
     return Extent{start, static_cast<std::size_t>(count)};
   }
 
-  bool decodeSingle(DecodedObject& object, std::size_t offset) {
+  bool decodeSingle(Value& place, std::size_t offset) {
     if (!claim(offset, offset + 1, 0, 1)) return false;
     if (_bytes[offset] != 0x08 && _bytes[offset] != 0x09) {
       return fail("an object without a value", offset);
     }
-    object.value = Value(_bytes[offset] == 0x09);
+    place = Value(_bytes[offset] == 0x09);
     return true;
   }
 
-  bool decodeInteger(DecodedObject& object, std::size_t offset, std::uint8_t size) {
+  bool decodeInteger(Value& place, std::size_t offset, std::uint8_t size) {
     if (size > 4) return fail("an integer of an unknown size", offset);
     const std::size_t length = std::size_t{1} << size;
     if (!claim(offset, offset + 1, length, 1)) return false;
     if (length < 16) {
       const std::uint64_t bits = number(offset + 1, length);
-      object.value = length == 8 ? Value(static_cast<std::int64_t>(bits)) : Value(bits);
+      place = length == 8 ? Value(static_cast<std::int64_t>(bits)) : Value(bits);
       return true;
     }
     const std::uint64_t high = number(offset + 1, 8);
     const std::uint64_t low = number(offset + 9, 8);
     const bool isNegative = high == UINT64_MAX && low >> 63;
     if (high != 0 && !isNegative) return fail("an integer beyond 64 bits", offset);
-    object.value = isNegative ? Value(static_cast<std::int64_t>(low)) : Value(low);
+    place = isNegative ? Value(static_cast<std::int64_t>(low)) : Value(low);
     return true;
   }
 
@@ -192,68 +201,68 @@ class BinaryReader {
     return std::bit_cast<double>(bits);
   }
 
-  bool decodeReal(DecodedObject& object, std::size_t offset, std::uint8_t size) {
+  bool decodeReal(Value& place, std::size_t offset, std::uint8_t size) {
     const auto real = decodedReal(offset, size);
-    if (real) object.value = Value(*real);
+    if (real) place = Value(*real);
     return real.has_value();
   }
 
-  bool decodeDate(DecodedObject& object, std::size_t offset, std::uint8_t size) {
+  bool decodeDate(Value& place, std::size_t offset, std::uint8_t size) {
     if (size != 3) return fail("a date of an unknown size", offset);
     const auto seconds = decodedReal(offset, size);
     if (!seconds) return false;
     const Date date{*seconds};
     if (!isStorableDate(date)) return fail("a date that is no date", offset);
-    object.value = Value(date);
+    place = Value(date);
     return true;
   }
 
-  bool decodeUID(DecodedObject& object, std::size_t offset, std::size_t length) {
+  bool decodeUID(Value& place, std::size_t offset, std::size_t length) {
     if (!claim(offset, offset + 1, length, 1)) return false;
     const std::size_t excess = length > 8 ? length - 8 : 0;
     for (std::size_t i = 0; i < excess; ++i) {
       if (_bytes[offset + 1 + i]) return fail("a UID beyond 64 bits", offset);
     }
-    object.value = Value(UID{number(offset + 1 + excess, length - excess)});
+    place = Value(UID{number(offset + 1 + excess, length - excess)});
     return true;
   }
 
-  bool decodeData(DecodedObject& object, std::size_t offset) {
+  bool decodeData(Value& place, std::size_t offset) {
     const auto content = extent(offset, 1);
     if (!content) return false;
     const auto bytes = _bytes.subspan(content->start, content->count);
-    object.value = Value(Data(bytes.begin(), bytes.end()));
+    place = Value(Data(bytes.begin(), bytes.end()));
     return true;
   }
 
   // Meant for ASCII; some writers put UTF-8 here.
-  bool decodeText(DecodedObject& object, std::size_t offset) {
+  bool decodeText(Value& place, std::size_t offset) {
     const auto content = extent(offset, 1);
     if (!content) return false;
     const auto* first = reinterpret_cast<const char*>(_bytes.data()) + content->start;
     const std::string_view text(first, content->count);
     if (invalidUTF8Offset(text)) return fail("a string that is neither ASCII nor UTF-8", offset);
-    object.value = Value(text);
+    place = Value(text);
     return true;
   }
 
-  bool decodeUTF16(DecodedObject& object, std::size_t offset) {
+  bool decodeUTF16(Value& place, std::size_t offset) {
     const auto content = extent(offset, 2);
     if (!content) return false;
     auto text = utf8FromUTF16BE(_bytes.subspan(content->start, content->count * 2));
     if (!text) return fail("a string that is not well-formed UTF-16", offset);
-    object.value = Value(*std::move(text));
+    place = Value(*std::move(text));
     return true;
   }
 
-  // The object that a container refers to, its nodes and height added to the container's.
-  const Value* child(DecodedObject& container, std::size_t reference, std::size_t depth) {
+  // Puts what a container refers to into the place and counts it as a part of the container.
+  bool part(DecodedObject& container, std::size_t reference, std::size_t depth, Value& place) {
     const std::uint64_t index = number(reference, _referenceSize);
     if (index >= _objectCount) return fail("a reference to no object", reference);
-    const DecodedObject* found = object(index, depth + 1);
-    if (!found) return nullptr;
+    const DecodedObject* found = object(index, depth + 1, place);
+    if (!found) return false;
     if (!container.add(*found, _limits)) return fail("too many values", reference);
-    return &*found->value;
+    return true;
   }
 
   bool mayOpen(std::size_t offset, std::size_t depth, std::size_t count) {
@@ -262,49 +271,58 @@ class BinaryReader {
     return true;
   }
 
-  bool decodeArray(DecodedObject& object, std::size_t offset, std::size_t depth) {
+  bool decodeArray(DecodedObject& object, std::size_t offset, std::size_t depth, Value& place) {
     const auto content = extent(offset, _referenceSize);
     if (!content || !mayOpen(offset, depth, content->count)) return false;
     object.height = 1;
-    Array items;
-    items.reserve(content->count);
-    for (std::size_t i = 0; i < content->count; ++i) {
-      const Value* item = child(object, content->start + i * _referenceSize, depth);
-      if (!item) return false;
-      items.push_back(*item);
+    Array items(content->count, false);
+    std::size_t reference = content->start;
+    for (Value& item : items) {
+      if (!part(object, reference, depth, item)) return false;
+      reference += _referenceSize;
     }
-    object.value = Value(std::move(items));
+    place = Value(std::move(items));
     return true;
   }
 
-  bool decodeDictionary(DecodedObject& object, std::size_t offset, std::size_t depth) {
+  bool decodeDictionary(DecodedObject& object, std::size_t offset, std::size_t depth,
+                        Value& place) {
     const auto content = extent(offset, _referenceSize * 2);
     if (!content || !mayOpen(offset, depth, content->count)) return false;
     object.height = 1;
-    Dictionary entries;
+    std::vector<Dictionary::Entry> entries;
     entries.reserve(content->count);
-    for (std::size_t i = 0; i < content->count; ++i) {
-      const std::string* name = key(content->start + i * _referenceSize);
+    std::size_t reference = content->start;
+    const std::size_t toValue = content->count * _referenceSize;
+    for (std::size_t i = 0; i < content->count; ++i, reference += _referenceSize) {
+      const std::string* name = key(reference);
       if (!name) return false;
-      const std::size_t reference = content->start + (content->count + i) * _referenceSize;
-      const Value* value = child(object, reference, depth);
-      if (!value) return false;
-      entries.set(*name, *value);
+      Value& value = entries.emplace_back(*name, false).second;
+      if (!part(object, reference + toValue, depth, value)) return false;
     }
-    object.value = Value(std::move(entries));
+    Dictionary dictionary(std::move(entries));
+    if (dictionary.size() != content->count) return fail("a key that comes twice", offset);
+    place = Value(std::move(dictionary));
     return true;
+  }
+
+  bool isString(std::uint64_t index) const {
+    const DecodedObject& object = _objects[index];
+    if (object.state == DecodedObject::State::done) return object.value->string() != nullptr;
+    const std::uint64_t offset =
+        number(_table + static_cast<std::size_t>(index) * _offsetSize, _offsetSize);
+    const std::uint8_t kind = offset < _table ? _bytes[offset] >> 4 : 0;
+    return kind == 0x5 || kind == 0x6;
   }
 
   const std::string* key(std::size_t reference) {
     const std::uint64_t index = number(reference, _referenceSize);
     if (index >= _objectCount) return fail("a reference to no object", reference);
-    const std::uint64_t offset =
-        number(_table + static_cast<std::size_t>(index) * _offsetSize, _offsetSize);
-    const std::uint8_t kind = offset < _table ? _bytes[offset] >> 4 : 0;
-    if (kind != 0x5 && kind != 0x6) return fail("a key that is not a string", reference);
-    const DecodedObject* found = object(index, 1);
-    if (!found) return nullptr;
-    const std::string& name = *found->value->string();
+    if (!isString(index)) return fail("a key that is not a string", reference);
+    if (_objects[index].state != DecodedObject::State::done) {
+      if (!object(index, 1, _keyStrings.emplace_back(false))) return nullptr;
+    }
+    const std::string& name = *_objects[index].value->string();
     if (!_keys.spend(name.size())) return fail("too many keys", reference);
     return &name;
   }
@@ -319,6 +337,7 @@ class BinaryReader {
   std::size_t _unclaimed = 0;  // bytes of the objects' part that no object has taken
   KeyAllowance _keys;
   std::vector<DecodedObject> _objects;
+  std::deque<Value> _keyStrings;  // keys that came as keys first
   Error _error;
 };
 

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <optional>
+#include <cstdint>
 
 #include "foundation/PropertyList.h"
 #include "foundation/Value.h"
@@ -13,16 +13,27 @@ namespace qf {
 /// What a reader of numbered objects knows of one of them. It is decoded once, however often it is
 /// referred to; its cost is counted at each place that refers to it.
 struct DecodedObject {
-  std::optional<Value> value;
-  std::size_t nodes = 1;   ///< values in all
-  std::size_t height = 0;  ///< containers inside one another, 0 for a scalar
-  bool isOpen = false;     ///< being decoded: a reference to it closes a cycle
+  enum class State : std::uint8_t { unread, open, done };  // open: a reference to it closes a cycle
+
+  const Value* value = nullptr;  ///< where it has been put; not owned
+  std::uint32_t nodes = 1;       ///< values in all
+  std::uint16_t height = 0;      ///< containers inside one another, 0 for a scalar
+  State state = State::unread;
+
+  /// What these counts can hold.
+  static PropertyListLimits bounded(PropertyListLimits limits) {
+    limits.nodes = std::min(limits.nodes, std::size_t{UINT32_MAX});
+    limits.depth = std::min(limits.depth, std::size_t{UINT16_MAX - 1});
+    return limits;
+  }
 
   /// Counts a part of this container. False when that makes too many values.
   bool add(const DecodedObject& part, PropertyListLimits limits) {
-    nodes += part.nodes;
-    height = std::max(height, part.height + 1);
-    return nodes <= limits.nodes;
+    const std::size_t sum = std::size_t{nodes} + part.nodes;
+    if (sum > limits.nodes) return false;
+    nodes = static_cast<std::uint32_t>(sum);
+    height = std::max(height, static_cast<std::uint16_t>(part.height + 1));
+    return true;
   }
 
   /// Whether it may stand inside `depth` - 1 containers.

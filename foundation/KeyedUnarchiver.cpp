@@ -33,12 +33,14 @@ constexpr std::size_t archiveNodesPerNode = 8;
 
 class KeyedUnarchiver {
  public:
-  KeyedUnarchiver(std::size_t size, PropertyListLimits limits) : _limits(limits), _keys(size) {}
+  KeyedUnarchiver(std::size_t size, PropertyListLimits limits)
+      : _limits(DecodedObject::bounded(limits)), _keys(size) {}
 
   Result<Value> unarchive(const Value& archive) {
     const auto root = rootIndex(archive);
     if (!root) return _error;
     _decoded.resize(_objects->size());
+    _values.resize(_objects->size(), false);
     const DecodedObject* object = decoded(*root, 1);
     if (!object) return _error;
     return *object->value;
@@ -92,11 +94,12 @@ class KeyedUnarchiver {
     const Value* coded = object(index);
     if (!coded) return nullptr;
     DecodedObject& result = _decoded[index];
-    if (result.isOpen) return fail("contains itself", index);
-    if (!result.value) {
-      result.isOpen = true;
+    if (result.state == DecodedObject::State::open) return fail("contains itself", index);
+    if (result.state == DecodedObject::State::unread) {
+      result.state = DecodedObject::State::open;
       if (!decode(result, *coded, index, depth)) return nullptr;
-      result.isOpen = false;
+      result.value = &_values[index];
+      result.state = DecodedObject::State::done;
     }
     if (!result.fits(depth, _limits)) return fail("nested too deeply", index);
     return &result;
@@ -106,18 +109,18 @@ class KeyedUnarchiver {
     const Dictionary* fields = coded.dictionary();
     if (!fields) {
       if (coded.uid() || coded.array()) return fail("neither a value nor an object", index);
-      result.value = coded;
+      _values[index] = coded;
       return true;
     }
     const auto codedClass = classOf(*fields, index);
     if (!codedClass) return false;
     switch (*codedClass) {
       case CodedClass::string:
-        return decodeWrapped(result, *fields, "NS.string", Value::Kind::string, index);
+        return decodeWrapped(*fields, "NS.string", Value::Kind::string, index);
       case CodedClass::data:
-        return decodeWrapped(result, *fields, "NS.data", Value::Kind::data, index);
+        return decodeWrapped(*fields, "NS.data", Value::Kind::data, index);
       case CodedClass::date:
-        return decodeDate(result, *fields, index);
+        return decodeDate(*fields, index);
       default:
         break;
     }
@@ -151,24 +154,24 @@ class KeyedUnarchiver {
   }
 
   // The one field of a string or data object, in its place or by reference.
-  bool decodeWrapped(DecodedObject& result, const Dictionary& fields, std::string_view key,
-                     Value::Kind kind, std::uint64_t index) {
+  bool decodeWrapped(const Dictionary& fields, std::string_view key, Value::Kind kind,
+                     std::uint64_t index) {
     const Value* content = fields.find(key);
     if (content && content->uid()) {
       content = object(content->uid()->index);
       if (!content) return false;
     }
     if (!content || content->kind() != kind) return fail("an object without its content", index);
-    result.value = *content;
+    _values[index] = *content;
     return true;
   }
 
-  bool decodeDate(DecodedObject& result, const Dictionary& fields, std::uint64_t index) {
+  bool decodeDate(const Dictionary& fields, std::uint64_t index) {
     const Value* time = fields.find("NS.time");
     if (!time || !time->real() || !isStorableDate(Date{*time->real()})) {
       return fail("a date without its time", index);
     }
-    result.value = Value(Date{*time->real()});
+    _values[index] = Value(Date{*time->real()});
     return true;
   }
 
@@ -179,7 +182,7 @@ class KeyedUnarchiver {
     const DecodedObject* found = decoded(reference.uid()->index, depth + 1);
     if (!found) return nullptr;
     if (!container.add(*found, _limits)) return fail("too many values", index);
-    return &*found->value;
+    return found->value;
   }
 
   const Array* references(const Dictionary& fields, std::string_view key, std::uint64_t index) {
@@ -200,7 +203,7 @@ class KeyedUnarchiver {
       if (!item) return false;
       items.push_back(*item);
     }
-    result.value = Value(std::move(items));
+    _values[index] = Value(std::move(items));
     return true;
   }
 
@@ -220,7 +223,7 @@ class KeyedUnarchiver {
       if (!value) return false;
       entries.set(*key, *value);
     }
-    result.value = Value(std::move(entries));
+    _values[index] = Value(std::move(entries));
     return true;
   }
 
@@ -247,14 +250,15 @@ class KeyedUnarchiver {
       if (isInline && !result.add({}, _limits)) return fail("too many values", index);
       entries.set(key, *value);
     }
-    result.value = Value(std::move(entries));
+    _values[index] = Value(std::move(entries));
     return true;
   }
 
   PropertyListLimits _limits;
   KeyAllowance _keys;
   const Array* _objects = nullptr;
-  std::vector<DecodedObject> _decoded;
+  std::vector<DecodedObject> _decoded;  // by the object's number, as are
+  std::vector<Value> _values;           // their values
   Error _error;
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,11 +23,22 @@ class TextScanner {
   /// The character here, or 0 at the end.
   char peek() const { return atEnd() ? '\0' : _text[_at]; }
   std::string_view rest() const { return _text.substr(_at); }
-  bool lookingAt(std::string_view literal) const { return rest().starts_with(literal); }
 
-  bool accept(std::string_view literal) {
+  template <std::size_t N>
+  bool lookingAt(const char (&literal)[N]) const {
+    return _text.size() - _at >= N - 1 && std::memcmp(_text.data() + _at, literal, N - 1) == 0;
+  }
+
+  template <std::size_t N>
+  bool accept(const char (&literal)[N]) {
     if (!lookingAt(literal)) return false;
-    _at += literal.size();
+    _at += N - 1;
+    return true;
+  }
+
+  bool accept(std::string_view text) {
+    if (!rest().starts_with(text)) return false;
+    _at += text.size();
     return true;
   }
 

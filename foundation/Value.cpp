@@ -102,10 +102,12 @@ std::string describe(const Data& data) {
 
 }  // namespace
 
-Value::Value(std::string value) : _content(std::make_shared<const std::string>(std::move(value))) {}
-Value::Value(Data value) : _content(std::make_shared<const Data>(std::move(value))) {}
-Value::Value(Array value) : _content(std::make_shared<const Array>(std::move(value))) {}
-Value::Value(Dictionary value) : _content(std::make_shared<const Dictionary>(std::move(value))) {}
+Value::Value(std::string value)
+    : Value(Kind::string, std::make_shared<const std::string>(std::move(value))) {}
+Value::Value(Data value) : Value(Kind::data, std::make_shared<const Data>(std::move(value))) {}
+Value::Value(Array value) : Value(Kind::array, std::make_shared<const Array>(std::move(value))) {}
+Value::Value(Dictionary value)
+    : Value(Kind::dictionary, std::make_shared<const Dictionary>(std::move(value))) {}
 
 std::int64_t Value::integerValue() const {
   if (boolean()) return *boolean() ? 1 : 0;
@@ -156,6 +158,16 @@ std::string Value::description() const {
 bool Value::operator==(const Value& other) const {
   if (kind() != other.kind()) return false;
   switch (kind()) {
+    case Kind::boolean:
+      return *boolean() == *other.boolean();
+    case Kind::integer:
+      return *integer() == *other.integer();
+    case Kind::real:
+      return *real() == *other.real();
+    case Kind::date:
+      return *date() == *other.date();
+    case Kind::uid:
+      return *uid() == *other.uid();
     case Kind::string:
       return *string() == *other.string();
     case Kind::data:
@@ -164,26 +176,19 @@ bool Value::operator==(const Value& other) const {
       return *array() == *other.array();
     case Kind::dictionary:
       return *dictionary() == *other.dictionary();
-    default:
-      return _content == other._content;
   }
+  return false;
 }
 
 Dictionary::Dictionary(std::initializer_list<Entry> entries) {
   for (const auto& [key, value] : entries) set(key, value);
 }
 
-Dictionary::Dictionary(std::span<Entry> entries) {
-  _entries.reserve(entries.size());
-  if (entries.size() > searchableSize) _index.resize(std::bit_ceil(entries.size()) * 2);
-  for (Entry& entry : entries) {
-    if (const auto index = position(entry.first)) {
-      _entries[*index].second = std::move(entry.second);
-      continue;
-    }
-    _entries.push_back(std::move(entry));
-    if (!_index.empty()) addToIndex(_entries.size() - 1);
-  }
+Dictionary::Dictionary(std::vector<Entry> entries) : _entries(std::move(entries)) {
+  if (buildIndex()) return;
+  std::vector<Entry> all = std::exchange(_entries, {});
+  _index.clear();
+  for (auto& [key, value] : all) set(key, std::move(value));
 }
 
 std::optional<std::size_t> Dictionary::position(std::string_view key) const {
@@ -208,11 +213,16 @@ void Dictionary::addToIndex(std::size_t position) {
   _index[place] = static_cast<std::uint32_t>(position + 1);
 }
 
-void Dictionary::rebuildIndex() {
+// False when a key comes twice; the index is then not complete.
+bool Dictionary::buildIndex() {
   _index.clear();
-  if (_entries.size() <= searchableSize) return;
-  _index.resize(std::bit_ceil(_entries.size()) * 2);
-  for (std::size_t i = 0; i < _entries.size(); ++i) addToIndex(i);
+  if (_entries.size() > searchableSize) _index.resize(std::bit_ceil(_entries.size()) * 2);
+  for (std::size_t i = 0; i < _entries.size(); ++i) {
+    const auto known = position(_entries[i].first);
+    if (known && *known < i) return false;
+    if (!_index.empty()) addToIndex(i);
+  }
+  return true;
 }
 
 const Value* Dictionary::find(std::string_view key) const {
@@ -243,7 +253,7 @@ void Dictionary::set(std::string_view key, Value value) {
   _entries.emplace_back(std::string(key), std::move(value));
   if (_entries.size() <= searchableSize) return;
   if (_entries.size() * 2 > _index.size()) {
-    rebuildIndex();
+    buildIndex();
   } else {
     addToIndex(_entries.size() - 1);
   }
@@ -253,7 +263,7 @@ void Dictionary::remove(std::string_view key) {
   const auto index = position(key);
   if (!index) return;
   _entries.erase(_entries.begin() + static_cast<std::ptrdiff_t>(*index));
-  rebuildIndex();
+  buildIndex();
 }
 
 void Dictionary::clear() {

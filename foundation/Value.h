@@ -2,13 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <variant>
 #include <vector>
 
 namespace qf {
@@ -57,14 +56,14 @@ class Value {
  public:
   enum class Kind { boolean, integer, real, date, uid, string, data, array, dictionary };
 
-  Value(bool value) : _content(value) {}
-  Value(int value) : _content(Integer(value)) {}
-  Value(std::int64_t value) : _content(Integer(value)) {}
-  Value(std::uint64_t value) : _content(Integer::fromUnsigned(value)) {}
-  Value(Integer value) : _content(value) {}
-  Value(double value) : _content(value) {}
-  Value(Date value) : _content(value) {}
-  Value(UID value) : _content(value) {}
+  Value(bool value) : _kind(Kind::boolean) { _content.boolean = value; }
+  Value(int value) : Value(Integer(value)) {}
+  Value(std::int64_t value) : Value(Integer(value)) {}
+  Value(std::uint64_t value) : Value(Integer::fromUnsigned(value)) {}
+  Value(Integer value) : _kind(Kind::integer) { _content.integer = value; }
+  Value(double value) : _kind(Kind::real) { _content.real = value; }
+  Value(Date value) : _kind(Kind::date) { _content.date = value; }
+  Value(UID value) : _kind(Kind::uid) { _content.uid = value; }
   Value(const char* value) : Value(std::string(value)) {}
   Value(std::string_view value) : Value(std::string(value)) {}
   Value(std::string value);
@@ -73,18 +72,30 @@ class Value {
   Value(Dictionary value);
   Value(const void*) = delete;  // no pointer becomes a boolean unasked
 
-  Kind kind() const { return static_cast<Kind>(_content.index()); }
+  Value(const Value& other) : _kind(other._kind) { construct(other); }
+  Value(Value&& other) noexcept : _kind(other._kind) { construct(std::move(other)); }
+  Value& operator=(const Value& other) { return *this = Value(other); }
+  Value& operator=(Value&& other) noexcept {
+    if (this == &other) return *this;
+    std::destroy_at(this);
+    return *std::construct_at(this, std::move(other));
+  }
+  ~Value() {
+    if (isShared()) std::destroy_at(&_content.shared);
+  }
+
+  Kind kind() const { return _kind; }
 
   // The content when it is of that kind, else nothing: a value of the wrong kind reads as missing.
-  const bool* boolean() const { return std::get_if<bool>(&_content); }
-  const Integer* integer() const { return std::get_if<Integer>(&_content); }
-  const double* real() const { return std::get_if<double>(&_content); }
-  const Date* date() const { return std::get_if<Date>(&_content); }
-  const UID* uid() const { return std::get_if<UID>(&_content); }
-  const std::string* string() const { return shared<std::string>(); }
-  const Data* data() const { return shared<Data>(); }
-  const Array* array() const { return shared<Array>(); }
-  const Dictionary* dictionary() const { return shared<Dictionary>(); }
+  const bool* boolean() const { return _kind == Kind::boolean ? &_content.boolean : nullptr; }
+  const Integer* integer() const { return _kind == Kind::integer ? &_content.integer : nullptr; }
+  const double* real() const { return _kind == Kind::real ? &_content.real : nullptr; }
+  const Date* date() const { return _kind == Kind::date ? &_content.date : nullptr; }
+  const UID* uid() const { return _kind == Kind::uid ? &_content.uid : nullptr; }
+  const std::string* string() const { return shared<std::string>(Kind::string); }
+  const Data* data() const { return shared<Data>(Kind::data); }
+  const Array* array() const { return shared<Array>(Kind::array); }
+  const Dictionary* dictionary() const { return shared<Dictionary>(Kind::dictionary); }
 
   /// The whole number that a number, a boolean or a string of digits stands for (a real is cut, a
   /// number out of range is the nearest in it, a string is read up to its first other character);
@@ -103,16 +114,41 @@ class Value {
   bool operator==(const Value& other) const;
 
  private:
-  template <class T>
-  const T* shared() const {
-    const auto* pointer = std::get_if<std::shared_ptr<const T>>(&_content);
-    return pointer ? pointer->get() : nullptr;
+  // By hand rather than a std::variant, which takes longer to move than most values take to read.
+  union Content {
+    Content() {}
+    ~Content() {}
+    bool boolean;
+    Integer integer;
+    double real;
+    Date date;
+    UID uid;
+    std::shared_ptr<const void> shared;  // of the other kinds
+  };
+
+  Value(Kind kind, std::shared_ptr<const void> content) : _kind(kind) {
+    std::construct_at(&_content.shared, std::move(content));
   }
 
-  std::variant<bool, Integer, double, Date, UID, std::shared_ptr<const std::string>,
-               std::shared_ptr<const Data>, std::shared_ptr<const Array>,
-               std::shared_ptr<const Dictionary>>
-      _content;
+  bool isShared() const { return _kind >= Kind::string; }
+
+  template <class T>
+  const T* shared(Kind kind) const {
+    return _kind == kind ? static_cast<const T*>(_content.shared.get()) : nullptr;
+  }
+
+  // Of the other's kind already.
+  template <class Other>
+  void construct(Other&& other) {
+    if (isShared()) {
+      std::construct_at(&_content.shared, std::forward<Other>(other)._content.shared);
+    } else {
+      std::memcpy(static_cast<void*>(&_content), &other._content, sizeof(Integer));
+    }
+  }
+
+  Kind _kind;
+  Content _content;
 };
 
 /// String keys with their values, in the order in which the keys first came.
@@ -123,8 +159,9 @@ class Dictionary {
 
   Dictionary() = default;
   Dictionary(std::initializer_list<Entry> entries);
-  /// Takes the entries out of their place. A later one replaces an equal earlier one.
-  explicit Dictionary(std::span<Entry> entries);
+  /// A later entry replaces an earlier one of the same key. While there is none such, the entries
+  /// stay at their addresses, also when the dictionary is moved.
+  explicit Dictionary(std::vector<Entry> entries);
 
   /// Null when there is no such key. Valid until the dictionary is next changed.
   const Value* find(std::string_view key) const;
@@ -153,7 +190,7 @@ class Dictionary {
  private:
   std::optional<std::size_t> position(std::string_view key) const;
   void addToIndex(std::size_t position);
-  void rebuildIndex();
+  bool buildIndex();
 
   std::vector<Entry> _entries;
   // For more keys than a search from front to back is good for: positions counted from 1 (0 is

@@ -2,7 +2,6 @@
 #include <array>
 #include <charconv>
 #include <iterator>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -340,8 +339,10 @@ class XMLReader : private TextScanner {
       if (!value) return std::nullopt;
       _entries[place].second = *std::move(value);
     }
-    Dictionary entries(std::span<Dictionary::Entry>(_entries).subspan(first));
-    _entries.resize(first, {std::string(), false});
+    const auto start = _entries.begin() + static_cast<std::ptrdiff_t>(first);
+    Dictionary entries(std::vector<Dictionary::Entry>(std::make_move_iterator(start),
+                                                      std::make_move_iterator(_entries.end())));
+    _entries.erase(start, _entries.end());
     return Value(std::move(entries));
   }
 
