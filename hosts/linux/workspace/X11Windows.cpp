@@ -78,7 +78,7 @@ void X11Windows::internAtoms() {
 }
 
 Availability X11Windows::availability() const {
-  if (const Availability state = _connection.availability(); !state.isAvailable) return state;
+  if (Availability state = _connection.availability(); !state.isAvailable) return state;
   const std::vector<std::uint32_t> supported = numbersOfRoot(netSupported, XCB_ATOM_ATOM);
   if (std::find(supported.begin(), supported.end(), _atoms[netActiveWindow]) == supported.end())
     return Availability::unavailable(
@@ -137,6 +137,7 @@ std::vector<X11Window> X11Windows::describe(const std::vector<xcb_window_t>& win
     xcb_get_property_cookie_t process, type, name, transientFor, clientLeader;
   };
   std::vector<Question> questions;
+  questions.reserve(windows.size());
   for (const xcb_window_t window : windows)
     questions.push_back({xcb_get_window_attributes(_connection.get(), window),
                          askFor(window, _atoms[netWMPid], XCB_ATOM_CARDINAL),
