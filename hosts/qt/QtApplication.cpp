@@ -3,11 +3,13 @@
 
 #include <QTimer>
 
+#include "hosts/qt/AccessibleApplication.h"
 #include "hosts/qt/MenuStyle.h"
 
 namespace qf {
 
-QtApplication::QtApplication(int& argc, char** argv) : _application(argc, argv) {
+QtApplication::QtApplication(int& argc, char** argv)
+    : _application((showMenusToAccessibility(), argc), argv) {
   // A menu or a palette that closes is never the application's last window.
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QApplication::setStyle(new MenuStyle);

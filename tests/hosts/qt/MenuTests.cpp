@@ -127,6 +127,9 @@ TEST(Menu, IsFoundByItsTitlesAlone) {
   });
   sample = &model;
   const OpenMenu menu(model);
+  const QAccessibleInterface* application = QAccessible::queryAccessibleInterface(qApp);
+  EXPECT_EQ(application->child(application->childCount() - 1)->object(), menu.operator->())
+      << "a menu of no window is still found from the application";
   QAccessibleInterface* row = QAccessible::queryAccessibleInterface(menu.operator->())->child(0);
   EXPECT_EQ(row->text(QAccessible::Name), "Fold & Wrap");
 
