@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/accessibility/AtspiAccessibility.h"
+
+#include "hosts/linux/accessibility/AtspiApplicationElement.h"
+#include "hosts/linux/accessibility/AtspiSystemWideElement.h"
+
+namespace qf {
+
+AtspiAccessibility::AtspiAccessibility(const Pasteboard& pasteboard, const Workspace& workspace)
+    : _pasteboard(pasteboard), _workspace(workspace), _windows(_bus) {}
+
+AccessibilityElementRef AtspiAccessibility::systemWideElement() {
+  return std::make_shared<AtspiSystemWideElement>(*this, _workspace);
+}
+
+AccessibilityElementRef AtspiAccessibility::applicationElement(std::int32_t processIdentifier) {
+  return std::make_shared<AtspiApplicationElement>(_bus, _windows, _pasteboard, processIdentifier);
+}
+
+bool AtspiAccessibility::isProcessTrusted(bool) { return availability().isAvailable; }
+
+}  // namespace qf

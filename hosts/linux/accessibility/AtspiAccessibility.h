@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/AccessibilityElement.h"
+#include "hosts/linux/accessibility/AtspiBus.h"
+#include "hosts/linux/accessibility/AtspiWindows.h"
+
+namespace qf {
+
+class Pasteboard;
+class Workspace;
+
+/// Other applications as they show themselves on the accessibility bus (AT-SPI 2), spoken over
+/// D-Bus alone. Outlives its elements.
+class AtspiAccessibility : public Accessibility {
+ public:
+  /// Needs an application object; `pasteboard` is the one that menus copy to. Both outlive this.
+  AtspiAccessibility(const Pasteboard& pasteboard, const Workspace& workspace);
+
+  Availability availability() const override { return _bus.availability(); }
+  AccessibilityElementRef systemWideElement() override;
+  AccessibilityElementRef applicationElement(std::int32_t processIdentifier) override;
+  /// Nobody has to be asked here: whoever is on the bus may use it.
+  bool isProcessTrusted(bool prompt) override;
+
+  /// How many questions applications have been asked so far.
+  std::uint64_t questionCount() const { return _bus.questionCount(); }
+
+ private:
+  const Pasteboard& _pasteboard;
+  const Workspace& _workspace;
+  AtspiBus _bus;
+  AtspiWindows _windows;
+};
+
+}  // namespace qf

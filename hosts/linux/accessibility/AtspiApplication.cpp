@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/accessibility/AtspiApplication.h"
+
+#include <QDBusError>
+#include <algorithm>
+#include <chrono>
+#include <deque>
+
+#include "hosts/linux/accessibility/AtspiBus.h"
+#include "hosts/linux/accessibility/AtspiMessages.h"
+
+namespace qf {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// With four questions under way, 250 ms for each are within the limit of the last.
+constexpr std::size_t cautious = 4;
+constexpr std::size_t eager = 256;
+constexpr std::chrono::milliseconds quick{10};
+
+bool isLost(const QDBusMessage& answer) {
+  if (answer.type() == QDBusMessage::ReplyMessage) return false;
+  switch (QDBusError(answer).type()) {
+    case QDBusError::NoReply:
+    case QDBusError::Timeout:
+    case QDBusError::TimedOut:
+    case QDBusError::Disconnected:
+    case QDBusError::ServiceUnknown:
+      return true;
+    default:
+      return answer.errorName() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner");
+  }
+}
+
+}  // namespace
+
+AtspiApplication::AtspiApplication(AtspiBus& bus, std::int32_t processIdentifier)
+    : _bus(bus),
+      _processIdentifier(processIdentifier),
+      _roots(bus.applications(processIdentifier)),
+      _isThere(!_roots.empty()),
+      _mostUnderWay(cautious) {}
+
+bool AtspiApplication::isRoot(const AtspiReference& object) const {
+  return std::find(_roots.begin(), _roots.end(), object) != _roots.end();
+}
+
+std::vector<QDBusMessage> AtspiApplication::ask(const std::vector<QDBusMessage>& questions) {
+  std::vector<QDBusMessage> answers(questions.size());
+  std::deque<QDBusPendingCall> underWay;
+  auto next = questions.begin();
+  for (std::size_t i = 0; i < questions.size() && _isThere; ++i) {
+    while (next != questions.end() && underWay.size() < _mostUnderWay)
+      underWay.push_back(_bus.send(*next++));
+    const Clock::time_point start = Clock::now();
+    underWay.front().waitForFinished();
+    answers[i] = underWay.front().reply();
+    underWay.pop_front();
+    _mostUnderWay = Clock::now() - start < quick ? std::min(2 * _mostUnderWay, eager) : cautious;
+    _isThere = !isLost(answers[i]);
+  }
+  if (!_isThere) answers.assign(questions.size(), QDBusMessage());
+  return answers;
+}
+
+QDBusMessage AtspiApplication::ask(const QDBusMessage& question) {
+  return ask(std::vector{question}).front();
+}
+
+std::vector<AtspiReference> AtspiApplication::children(const AtspiReference& object) {
+  return atspi::references(ask(atspi::getChildren(object)));
+}
+
+AtspiStates AtspiApplication::states(const AtspiReference& object) {
+  return atspi::states(ask(atspi::getState(object)));
+}
+
+}  // namespace qf

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QDBusMessage>
+#include <cstdint>
+#include <vector>
+
+#include "hosts/linux/accessibility/AtspiReference.h"
+#include "hosts/linux/accessibility/AtspiStates.h"
+
+namespace qf {
+
+class AtspiBus;
+
+/// One road into an application: everything that is asked of it goes through here, until it fails
+/// to answer once. Main thread.
+class AtspiApplication {
+ public:
+  /// `bus` outlives this.
+  AtspiApplication(AtspiBus& bus, std::int32_t processIdentifier);
+
+  std::int32_t processIdentifier() const { return _processIdentifier; }
+  /// Empty when the process is not on the bus.
+  const std::vector<AtspiReference>& roots() const { return _roots; }
+  bool isRoot(const AtspiReference& object) const;
+
+  /// False from the first question on that was not answered within the limit, or whose addressee
+  /// has gone: nothing is sent any more, and every answer is empty.
+  bool isThere() const { return _isThere; }
+
+  /// Asks everything at once, as far as the application keeps up, and waits for all the answers,
+  /// which come in the order of the questions. An application that answers slowly has few questions
+  /// before it at a time, so that each has its own time limit.
+  std::vector<QDBusMessage> ask(const std::vector<QDBusMessage>& questions);
+  QDBusMessage ask(const QDBusMessage& question);
+
+  std::vector<AtspiReference> children(const AtspiReference& object);
+  AtspiStates states(const AtspiReference& object);
+
+ private:
+  AtspiBus& _bus;
+  std::int32_t _processIdentifier;
+  std::vector<AtspiReference> _roots;
+  bool _isThere;
+  std::size_t _mostUnderWay;
+};
+
+}  // namespace qf

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/accessibility/AtspiApplicationElement.h"
+
+#include <signal.h>
+
+#include <cerrno>
+
+#include "hosts/linux/accessibility/AtspiFocus.h"
+#include "hosts/linux/accessibility/AtspiMenuElement.h"
+#include "hosts/linux/accessibility/AtspiMenuTree.h"
+#include "hosts/linux/accessibility/AtspiMessages.h"
+#include "hosts/linux/accessibility/AtspiObjectElement.h"
+
+namespace qf {
+
+AtspiApplicationElement::AtspiApplicationElement(AtspiBus& bus, AtspiWindows& windows,
+                                                 const Pasteboard& pasteboard,
+                                                 std::int32_t processIdentifier)
+    : _application(bus, processIdentifier), _windows(windows), _pasteboard(pasteboard) {}
+
+std::vector<std::string> AtspiApplicationElement::attributeNames() const {
+  return {"AXRole",    "AXTitle",         "AXChildren",        "AXWindows",
+          "AXMenuBar", "AXFocusedWindow", "AXFocusedUIElement"};
+}
+
+std::optional<AccessibilityValue> AtspiApplicationElement::copyAttributeValue(
+    std::string_view attribute) const {
+  const auto ifThere = [](AccessibilityElementRef found) -> std::optional<AccessibilityValue> {
+    if (!found) return std::nullopt;
+    return found;
+  };
+  if (attribute == "AXRole") return Value("AXApplication");
+  if (!_application.isThere()) return std::nullopt;
+
+  if (attribute == "AXTitle") {
+    const QString name =
+        atspi::textProperty(_application.ask(atspi::getName(_application.roots().front())));
+    return Value(name.toStdString());
+  }
+  if (attribute == "AXMenuBar") return ifThere(menuBar());
+  if (attribute == "AXFocusedUIElement") return ifThere(focusedElement());
+  if (attribute == "AXFocusedWindow")
+    return inputWindow() ? ifThere(element(inputWindow()->object)) : std::nullopt;
+  if (attribute == "AXWindows") return windows();
+  if (attribute == "AXChildren") {
+    auto children = windows();
+    if (const auto bar = menuBar()) children.push_back(bar);
+    return children;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::int32_t> AtspiApplicationElement::processIdentifier() const {
+  const std::int32_t process = _application.processIdentifier();
+  if (process <= 0 || (kill(process, 0) != 0 && errno == ESRCH)) return std::nullopt;
+  return process;
+}
+
+const std::shared_ptr<AtspiWindow>& AtspiApplicationElement::inputWindow() const {
+  if (!_choice) _choice = _windows.inputWindow(_application);
+  return _choice->window;
+}
+
+bool AtspiApplicationElement::isInputWindow(const AtspiReference& object) const {
+  return inputWindow() && inputWindow()->object == object;
+}
+
+AccessibilityElementRef AtspiApplicationElement::element(const AtspiReference& object) const {
+  return std::make_shared<AtspiObjectElement>(shared_from_this(), object);
+}
+
+AccessibilityElementRef AtspiApplicationElement::focusedElement() const {
+  const auto& window = inputWindow();
+  if (!window) return nullptr;
+  window->focused =
+      findFocusedObject(_application, window->object, _choice->isActive, window->focused);
+  if (!_application.isThere()) return nullptr;
+  return element(window->focused.isNull() ? window->object : window->focused);
+}
+
+AccessibilityElementRef AtspiApplicationElement::menuBar() const {
+  const auto& window = inputWindow();
+  if (!window) return nullptr;
+  if (!_menuTree) {
+    if (!window->menuTree || !window->menuTree->isCurrent(_application))
+      window->menuTree = AtspiMenuTree::read(_application, window->object);
+    _menuTree = window->menuTree;
+  }
+  if (!_menuTree || !_application.isThere()) return nullptr;
+  return std::make_shared<AtspiMenuElement>(shared_from_this(), _menuTree, _menuTree->bar());
+}
+
+std::vector<AccessibilityElementRef> AtspiApplicationElement::windows() const {
+  std::vector<AccessibilityElementRef> elements;
+  for (const AtspiReference& root : _application.roots())
+    for (const AtspiReference& window : _application.children(root))
+      elements.push_back(element(window));
+  return elements;
+}
+
+}  // namespace qf

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+
+#include "host/AccessibilityElement.h"
+#include "hosts/linux/accessibility/AtspiApplication.h"
+#include "hosts/linux/accessibility/AtspiWindows.h"
+
+namespace qf {
+
+class Pasteboard;
+
+/// "AXApplication": where a road begins. Every element of the road holds it.
+///
+/// The window that has the input is chosen once a road, so that everything on it happens in the
+/// same window.
+class AtspiApplicationElement : public AccessibilityElement,
+                                public std::enable_shared_from_this<AtspiApplicationElement> {
+ public:
+  /// All three outlive the element.
+  AtspiApplicationElement(AtspiBus& bus, AtspiWindows& windows, const Pasteboard& pasteboard,
+                          std::int32_t processIdentifier);
+
+  std::optional<AccessibilityValue> copyAttributeValue(std::string_view attribute) const override;
+  bool isAttributeSettable(std::string_view) const override { return false; }
+  bool setAttributeValue(std::string_view, const AccessibilityValue&) override { return false; }
+  std::vector<std::string> attributeNames() const override;
+  bool performAction(std::string_view) override { return false; }
+  std::optional<std::int32_t> processIdentifier() const override;
+
+  /// The road; asking is no change of the element.
+  AtspiApplication& application() const { return _application; }
+  const Pasteboard& pasteboard() const { return _pasteboard; }
+  /// Whether the object is the window with the input.
+  bool isInputWindow(const AtspiReference& object) const;
+
+ private:
+  const std::shared_ptr<AtspiWindow>& inputWindow() const;
+  AccessibilityElementRef element(const AtspiReference& object) const;
+  AccessibilityElementRef focusedElement() const;
+  AccessibilityElementRef menuBar() const;
+  std::vector<AccessibilityElementRef> windows() const;
+
+  mutable AtspiApplication _application;
+  AtspiWindows& _windows;
+  const Pasteboard& _pasteboard;
+  mutable std::optional<AtspiWindows::Choice> _choice;
+  mutable std::shared_ptr<AtspiMenuTree> _menuTree;
+};
+
+using AtspiApplicationElementRef = std::shared_ptr<const AtspiApplicationElement>;
+
+}  // namespace qf

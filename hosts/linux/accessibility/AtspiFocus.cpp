@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/accessibility/AtspiFocus.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "hosts/linux/accessibility/AtspiApplication.h"
+#include "hosts/linux/accessibility/AtspiMessages.h"
+#include "hosts/linux/accessibility/AtspiRole.h"
+
+namespace qf {
+namespace {
+
+constexpr std::size_t mostObjects = 2000;
+constexpr int deepest = 40;
+constexpr int mostMatches = 4;
+
+bool isShown(AtspiStates states) {
+  return states.has(AtspiState::showing) && !states.has(AtspiState::defunct);
+}
+
+/// Goes down level by level where something shows. Qt calls the current tab focused as well, so
+/// what takes text goes before what does not.
+class FocusWalk {
+ public:
+  FocusWalk(AtspiApplication& application, const AtspiReference& window)
+      : _application(application), _level{window} {
+    // GTK 4 never says that anything shows.
+    const AtspiStates states = application.states(window);
+    _shown = states.has(AtspiState::showing) ? AtspiState::showing : AtspiState::visible;
+  }
+
+  AtspiReference run() {
+    for (int depth = 0; depth < deepest && !_level.empty() && _count < mostObjects; ++depth) {
+      if (lookAtLevel()) break;
+      descend();
+    }
+    return _focused;
+  }
+
+ private:
+  /// True once an object is found that takes text. Leaves the objects below which to look further.
+  bool lookAtLevel() {
+    _level.resize(std::min(_level.size(), mostObjects - _count));
+    _count += _level.size();
+    std::vector<QDBusMessage> questions;
+    for (const AtspiReference& object : _level) {
+      questions.push_back(atspi::getState(object));
+      questions.push_back(atspi::getRole(object));
+    }
+    const auto answers = _application.ask(questions);
+    std::vector<AtspiReference> open;
+    for (std::size_t i = 0; i < _level.size(); ++i) {
+      const AtspiStates states = atspi::states(answers[2 * i]);
+      if (!states.has(_shown) || atspi::number(answers[2 * i + 1]) == atspirole::menuBar) continue;
+      const bool isEditable = states.has(AtspiState::editable);
+      if (states.has(AtspiState::focused) && (isEditable || _focused.isNull()))
+        _focused = _level[i];
+      if (states.has(AtspiState::focused) && isEditable) return true;
+      if (!states.has(AtspiState::managesDescendants)) open.push_back(_level[i]);
+    }
+    _level = std::move(open);
+    return false;
+  }
+
+  void descend() {
+    std::vector<QDBusMessage> questions;
+    for (const AtspiReference& object : _level) questions.push_back(atspi::getChildren(object));
+    _level.clear();
+    for (const QDBusMessage& answer : _application.ask(questions))
+      for (AtspiReference& child : atspi::references(answer)) _level.push_back(std::move(child));
+  }
+
+  AtspiApplication& _application;
+  std::vector<AtspiReference> _level;
+  AtspiState _shown;
+  AtspiReference _focused;
+  std::size_t _count = 0;
+};
+
+AtspiReference preferEditable(AtspiApplication& application,
+                              const std::vector<AtspiReference>& objects) {
+  if (objects.size() > 1) {
+    for (const AtspiReference& object : objects)
+      if (application.states(object).has(AtspiState::editable)) return object;
+  }
+  return objects.front();
+}
+
+}  // namespace
+
+AtspiReference findFocusedObject(AtspiApplication& application, const AtspiReference& window,
+                                 bool windowIsActive, const AtspiReference& remembered) {
+  const AtspiStates states = remembered.isNull() ? AtspiStates() : application.states(remembered);
+  if (isShown(states) && (!windowIsActive || states.has(AtspiState::focused))) return remembered;
+
+  const QDBusMessage collected = application.ask(
+      atspi::getMatches(window, {AtspiState::focused, AtspiState::showing}, mostMatches));
+  const auto matches = atspi::references(collected);
+  if (!matches.empty()) return preferEditable(application, matches);
+
+  const bool hasCollection = collected.type() == QDBusMessage::ReplyMessage;
+  const AtspiReference found =
+      hasCollection ? AtspiReference() : FocusWalk(application, window).run();
+  return found.isNull() && isShown(states) ? remembered : found;
+}
+
+}  // namespace qf

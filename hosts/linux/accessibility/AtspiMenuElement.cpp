@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/accessibility/AtspiMenuElement.h"
+
+#include <utility>
+
+#include "hosts/linux/accessibility/AtspiMenuPress.h"
+#include "hosts/linux/accessibility/AtspiMessages.h"
+
+namespace qf {
+namespace {
+
+using Kind = AtspiMenuTree::Kind;
+
+const char* roleOf(Kind kind) {
+  switch (kind) {
+    case Kind::bar:
+      return "AXMenuBar";
+    case Kind::barItem:
+      return "AXMenuBarItem";
+    case Kind::menu:
+      return "AXMenu";
+    case Kind::item:
+      break;
+  }
+  return "AXMenuItem";
+}
+
+}  // namespace
+
+AtspiMenuElement::AtspiMenuElement(AtspiApplicationElementRef application,
+                                   std::shared_ptr<AtspiMenuTree> tree,
+                                   const AtspiMenuTree::Node& node)
+    : _application(std::move(application)), _tree(std::move(tree)), _node(node) {}
+
+std::vector<std::string> AtspiMenuElement::attributeNames() const {
+  std::vector<std::string> names{"AXRole", "AXTitle", "AXEnabled", "AXParent", "AXChildren"};
+  if (_node.key) names.insert(names.end(), {"AXMenuItemCmdChar", "AXMenuItemCmdModifiers"});
+  return names;
+}
+
+std::optional<AccessibilityValue> AtspiMenuElement::copyAttributeValue(
+    std::string_view attribute) const {
+  AtspiApplication& application = _application->application();
+  if (!application.isThere()) return std::nullopt;
+  if (attribute == "AXRole") return Value(roleOf(_node.kind));
+  if (attribute == "AXParent") return parent();
+  if (attribute == "AXChildren") return children();
+  if (attribute == "AXMenuItemCmdChar" && _node.key) return Value(_node.key->character);
+  if (attribute == "AXMenuItemCmdModifiers" && _node.key) return Value(_node.key->modifiers);
+  if (_node.source.isNull()) return std::nullopt;
+
+  if (attribute == "AXTitle") {
+    const QString name = atspi::textProperty(application.ask(atspi::getName(_node.source)));
+    return Value(name.toStdString());
+  }
+  if (attribute == "AXEnabled") {
+    const AtspiStates states = application.states(_node.source);
+    if (application.isThere()) return states.has(AtspiState::sensitive);
+  }
+  return std::nullopt;
+}
+
+bool AtspiMenuElement::performAction(std::string_view action) {
+  return action == "AXPress" && _node.kind == Kind::item &&
+         pressMenuItem(_application->application(), _node.source, _application->pasteboard());
+}
+
+std::optional<std::int32_t> AtspiMenuElement::processIdentifier() const {
+  return _application->processIdentifier();
+}
+
+AccessibilityElementRef AtspiMenuElement::parent() const {
+  if (!_node.parent) return std::const_pointer_cast<AtspiApplicationElement>(_application);
+  return std::make_shared<AtspiMenuElement>(_application, _tree, *_node.parent);
+}
+
+std::vector<AccessibilityElementRef> AtspiMenuElement::children() const {
+  std::vector<AccessibilityElementRef> elements;
+  for (const auto& child : _tree->children(_application->application(), _node))
+    elements.push_back(std::make_shared<AtspiMenuElement>(_application, _tree, *child));
+  return elements;
+}
+
+}  // namespace qf

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+
+#include "hosts/linux/accessibility/AtspiApplicationElement.h"
+#include "hosts/linux/accessibility/AtspiMenuTree.h"
+
+namespace qf {
+
+/// One place of a menu bar: the bar, one of its items, a menu or an item in it.
+class AtspiMenuElement : public AccessibilityElement {
+ public:
+  AtspiMenuElement(AtspiApplicationElementRef application, std::shared_ptr<AtspiMenuTree> tree,
+                   const AtspiMenuTree::Node& node);
+
+  std::optional<AccessibilityValue> copyAttributeValue(std::string_view attribute) const override;
+  bool isAttributeSettable(std::string_view) const override { return false; }
+  bool setAttributeValue(std::string_view, const AccessibilityValue&) override { return false; }
+  std::vector<std::string> attributeNames() const override;
+  bool performAction(std::string_view action) override;
+  std::optional<std::int32_t> processIdentifier() const override;
+
+ private:
+  AccessibilityElementRef parent() const;
+  std::vector<AccessibilityElementRef> children() const;
+
+  AtspiApplicationElementRef _application;
+  std::shared_ptr<AtspiMenuTree> _tree;
+  const AtspiMenuTree::Node& _node;
+};
+
+}  // namespace qf

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QSet>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "hosts/linux/accessibility/AtspiKeyBinding.h"
+#include "hosts/linux/accessibility/AtspiReference.h"
+
+namespace qf {
+
+class AtspiApplication;
+
+/// The menu bar of one window in the shape that every application is shown in. It is read as far as
+/// somebody looked, outlives the road on which it was read, and can be compared with the
+/// application later. Main thread.
+class AtspiMenuTree {
+ public:
+  enum class Kind { bar, barItem, menu, item };
+
+  struct Node {
+    Kind kind;
+    Node* parent;
+    AtspiReference source;  ///< null for the entries that no application has
+    std::optional<AtspiKeyBinding> key;
+    std::vector<std::unique_ptr<Node>> children;
+    bool isRead = false;  ///< of a bar item: whether what is below its menu is here
+  };
+
+  /// Null when the window has no menu bar.
+  static std::shared_ptr<AtspiMenuTree> read(AtspiApplication& application,
+                                             const AtspiReference& window);
+
+  const Node& bar() const { return *_bar; }
+  /// Reads the menu that the node belongs to, where that was not done before. Whoever looks into a
+  /// second menu will look into all of them: they are read together.
+  const std::vector<std::unique_ptr<Node>>& children(AtspiApplication& application,
+                                                     const Node& node);
+
+  /// Whether what was read is still so; costs one round of questions.
+  bool isCurrent(AtspiApplication& application) const;
+
+ private:
+  struct Submenu {
+    Node* item;
+    std::vector<AtspiReference> children;
+  };
+
+  AtspiMenuTree(const AtspiReference& bar, const std::vector<AtspiReference>& topMenus);
+
+  void readMenus(AtspiApplication& application, const std::vector<Node*>& barItems);
+  void unwrapPopups(AtspiApplication& application, std::vector<Submenu>& submenus);
+  std::vector<Submenu> addItems(AtspiApplication& application, std::vector<Submenu>& submenus);
+  void rememberChildren(const Submenu& submenu, const AtspiReference& container);
+
+  std::unique_ptr<Node> _bar;
+  bool _isWhole = true;  ///< no answer was missing
+  QSet<AtspiReference> _seen;
+  std::vector<std::pair<AtspiReference, std::vector<AtspiReference>>> _readChildren;
+  std::vector<std::pair<AtspiReference, QString>> _readBindings;
+};
+
+}  // namespace qf

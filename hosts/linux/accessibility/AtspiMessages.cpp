@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/accessibility/AtspiMessages.h"
+
+#include <QDBusArgument>
+#include <QDBusMetaType>
+#include <QDBusVariant>
+#include <QMap>
+
+namespace qf::atspi {
+
+/// The first argument of Collection.GetMatches, "(aiia{ss}iaiiasib)".
+struct MatchRule {
+  QList<int> states;
+};
+
+QDBusArgument& operator<<(QDBusArgument& argument, const MatchRule& rule) {
+  constexpr int matchAll = 1;
+  const QList<int> noRoles(4, 0);
+  argument.beginStructure();
+  argument << rule.states << matchAll;
+  argument.beginMap(QMetaType::fromType<QString>(), QMetaType::fromType<QString>());
+  argument.endMap();
+  argument << matchAll << noRoles << matchAll << QStringList() << matchAll << false;
+  argument.endStructure();
+  return argument;
+}
+
+// Rules are never received; registering a type asks for both directions.
+const QDBusArgument& operator>>(const QDBusArgument& argument, MatchRule&) { return argument; }
+
+namespace {
+
+const QString accessible = QStringLiteral("org.a11y.atspi.Accessible");
+const QString action = QStringLiteral("org.a11y.atspi.Action");
+
+QDBusMessage call(const AtspiReference& object, const QString& interface, const QString& method,
+                  const QVariantList& arguments = {}) {
+  return methodCall(object.service, object.path, interface, method, arguments);
+}
+
+QDBusMessage getProperty(const AtspiReference& object, const QString& name) {
+  return call(object, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
+              {accessible, name});
+}
+
+AtspiReference readReference(const QDBusArgument& argument) {
+  AtspiReference reference;
+  QDBusObjectPath path;
+  argument.beginStructure();
+  argument >> reference.service >> path;
+  argument.endStructure();
+  reference.path = path.path();
+  return reference;
+}
+
+QVariant propertyValue(const QDBusMessage& answer) {
+  if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != QLatin1String("v"))
+    return {};
+  return answer.arguments().constFirst().value<QDBusVariant>().variant();
+}
+
+template <class T>
+T plain(const QDBusMessage& answer) {
+  if (answer.type() != QDBusMessage::ReplyMessage) return {};
+  const QVariant value = answer.arguments().value(0);
+  return value.metaType() == QMetaType::fromType<T>() ? value.value<T>() : T();
+}
+
+}  // namespace
+
+QDBusMessage methodCall(const QString& service, const QString& path, const QString& interface,
+                        const QString& method, const QVariantList& arguments) {
+  QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
+  message.setArguments(arguments);
+  return message;
+}
+
+QDBusMessage getChildren(const AtspiReference& object) {
+  return call(object, accessible, QStringLiteral("GetChildren"));
+}
+
+QDBusMessage getRole(const AtspiReference& object) {
+  return call(object, accessible, QStringLiteral("GetRole"));
+}
+
+QDBusMessage getState(const AtspiReference& object) {
+  return call(object, accessible, QStringLiteral("GetState"));
+}
+
+QDBusMessage getName(const AtspiReference& object) {
+  return getProperty(object, QStringLiteral("Name"));
+}
+
+QDBusMessage getParent(const AtspiReference& object) {
+  return getProperty(object, QStringLiteral("Parent"));
+}
+
+QDBusMessage getText(const AtspiReference& object) {
+  return call(object, QStringLiteral("org.a11y.atspi.Text"), QStringLiteral("GetText"), {0, -1});
+}
+
+QDBusMessage setText(const AtspiReference& object, const QString& text) {
+  return call(object, QStringLiteral("org.a11y.atspi.EditableText"),
+              QStringLiteral("SetTextContents"), {text});
+}
+
+QDBusMessage grabFocus(const AtspiReference& object) {
+  return call(object, QStringLiteral("org.a11y.atspi.Component"), QStringLiteral("GrabFocus"));
+}
+
+QDBusMessage getKeyBinding(const AtspiReference& object) {
+  return call(object, action, QStringLiteral("GetKeyBinding"), {0});
+}
+
+QDBusMessage doAction(const AtspiReference& object) {
+  return call(object, action, QStringLiteral("DoAction"), {0});
+}
+
+QDBusMessage getMatches(const AtspiReference& object, std::initializer_list<AtspiState> states,
+                        int count) {
+  static const bool isRegistered = qDBusRegisterMetaType<MatchRule>().isValid();
+  Q_UNUSED(isRegistered);
+  constexpr uint canonicalOrder = 1;
+  std::uint64_t bits = 0;
+  for (const AtspiState state : states) bits |= AtspiStates::of(state).bits;
+  const MatchRule rule{{static_cast<int>(bits & 0xffffffff), static_cast<int>(bits >> 32)}};
+  return call(
+      object, QStringLiteral("org.a11y.atspi.Collection"), QStringLiteral("GetMatches"),
+      {QVariant::fromValue(rule), canonicalOrder, count, /* below the children too */ true});
+}
+
+std::vector<AtspiReference> references(const QDBusMessage& answer) {
+  std::vector<AtspiReference> result;
+  if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != QLatin1String("a(so)"))
+    return result;
+  const auto argument = answer.arguments().constFirst().value<QDBusArgument>();
+  argument.beginArray();
+  while (!argument.atEnd()) {
+    AtspiReference reference = readReference(argument);
+    if (!reference.isNull()) result.push_back(std::move(reference));
+  }
+  argument.endArray();
+  return result;
+}
+
+AtspiReference referenceProperty(const QDBusMessage& answer) {
+  const QVariant value = propertyValue(answer);
+  if (value.metaType() != QMetaType::fromType<QDBusArgument>()) return {};
+  const auto argument = value.value<QDBusArgument>();
+  return argument.currentSignature() == QLatin1String("(so)") ? readReference(argument)
+                                                              : AtspiReference();
+}
+
+QString textProperty(const QDBusMessage& answer) { return propertyValue(answer).toString(); }
+
+QString text(const QDBusMessage& answer) { return plain<QString>(answer); }
+
+uint number(const QDBusMessage& answer) { return plain<uint>(answer); }
+
+bool truth(const QDBusMessage& answer) { return plain<bool>(answer); }
+
+AtspiStates states(const QDBusMessage& answer) {
+  if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != QLatin1String("au"))
+    return {};
+  const auto words = qdbus_cast<QList<uint>>(answer.arguments().constFirst());
+  AtspiStates states;
+  if (words.size() > 0) states.bits = words[0];
+  if (words.size() > 1) states.bits |= std::uint64_t{words[1]} << 32;
+  return states;
+}
+
+}  // namespace qf::atspi
+
+Q_DECLARE_METATYPE(qf::atspi::MatchRule)
