@@ -103,7 +103,9 @@ class Display {
         connection,
         xcb_get_property(connection, 0, root, atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW, 0, 1),
         nullptr);
-    const auto result = *static_cast<xcb_window_t*>(xcb_get_property_value(reply));
+    xcb_window_t result = XCB_WINDOW_NONE;
+    if (xcb_get_property_value_length(reply) == sizeof result)
+      result = *static_cast<xcb_window_t*>(xcb_get_property_value(reply));
     free(reply);
     return result;
   }
