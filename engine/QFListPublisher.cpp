@@ -25,12 +25,14 @@ QFListPublisher::QFListPublisher(const Bundle& bundle, FileManager& fileManager,
       _fileManager(fileManager),
       _distributedNotificationCenter(distributedNotificationCenter) {}
 
-void QFListPublisher::reload() {
-  const auto defaults = dictionaryWithContentsOfURL(
-      _fileManager, _bundle.resource("quenfold-lists-default", "plist"));
+Dictionary QFListPublisher::defaultListData(const Bundle& bundle, const FileManager& fileManager) {
+  const auto defaults =
+      dictionaryWithContentsOfURL(fileManager, bundle.resource("quenfold-lists-default", "plist"));
   if (!defaults) log("The default list of cleaners is missing among the program's resources");
-  _listData = defaults.value_or(Dictionary());
+  return defaults.value_or(Dictionary());
 }
+
+void QFListPublisher::reload() { _listData = defaultListData(_bundle, _fileManager); }
 
 void QFListPublisher::publish() const {
   const auto url = QFKSharedContainerURL::QFKGroupsListURL(_fileManager);

@@ -14,12 +14,14 @@ class FileManager;
 /// thread.
 class QFListPublisher {
  public:
+  /// The list among the program's resources; a fault is logged, and the list then is empty.
+  static Dictionary defaultListData(const Bundle& bundle, const FileManager& fileManager);
+
   /// All must outlive the publisher.
   QFListPublisher(const Bundle& bundle, FileManager& fileManager,
                   DistributedNotificationCenter& distributedNotificationCenter);
 
-  /// Reads the default list among the program's resources again; a fault is logged, and the list
-  /// then is empty.
+  /// Reads everything again that the list is made of.
   void reload();
   const Dictionary& listData() const { return _listData; }
 

@@ -37,6 +37,7 @@ constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
 /// RFC 2045: lines of 76 at most, a blank before a line end encoded.
 std::string toQuotedPrintable(std::string_view text) {
+  const std::string softBreak = std::string("=").append(lineEnding(text));
   std::string result;
   for (const TextLine& line : textLines(text)) {
     std::size_t column = 0;
@@ -47,7 +48,7 @@ std::string toQuotedPrintable(std::string_view text) {
           (byte >= 33 && byte <= 126 && byte != '=') || ((byte == ' ' || byte == '\t') && !last);
       const std::size_t length = plain ? 1 : 3;
       if (column + length > quotedPrintableWidth - (last ? 0 : 1)) {
-        result.append("=").append(lineEnding(text));
+        result.append(softBreak);
         column = 0;
       }
       if (plain) {

@@ -157,7 +157,7 @@ void HTMLTextWriter::startLink(const Attributes& attributes) {
   const std::string address(trimmed(found->second, isWhiteSpace));
   if (address.empty() || address[0] == '#' || address.starts_with("javascript:")) return;
   if (_form == Form::markdown) openMark("[");
-  _link = Link{address, _result.size()};
+  _link = Link{address, std::nullopt};
 }
 
 void HTMLTextWriter::endLink() {
@@ -167,7 +167,8 @@ void HTMLTextWriter::endLink() {
     _result.append("](").append(replacedAll(link.address, " ", "%20")).append(")");
     return;
   }
-  const std::string_view written = trimmed(std::string_view(_result).substr(link.start));
+  const std::string_view written =
+      trimmedEnd(std::string_view(_result).substr(link.start.value_or(_result.size())));
   const std::string_view address =
       link.address.starts_with("mailto:") ? std::string_view(link.address).substr(7) : link.address;
   const bool saysItself = written.empty() || written == address || written == link.address;
@@ -180,9 +181,14 @@ void HTMLTextWriter::writeImage(const Attributes& attributes) {
   const auto alternative = attributes.find("alt");
   if (alternative == attributes.end() || alternative->second.empty()) return;
   const auto source = attributes.find("src");
-  if (_form == Form::text || source == attributes.end()) return text(alternative->second);
-  write("![" + escapedMarkdown(alternative->second) + "](" +
-        replacedAll(source->second, " ", "%20") + ")");
+  _spaceBefore = true;
+  if (_form == Form::text || source == attributes.end()) {
+    text(alternative->second);
+  } else {
+    write("![" + escapedMarkdown(alternative->second) + "](" +
+          replacedAll(source->second, " ", "%20") + ")");
+  }
+  _spaceBefore = true;
 }
 
 void HTMLTextWriter::text(std::string_view text) {
@@ -222,7 +228,9 @@ void HTMLTextWriter::popPrefix() {
 
 void HTMLTextWriter::requestBreak(int lines) {
   _spaceBefore = _tabBefore = false;
-  if (!_isAtLineStart || _breakLines > 0) _breakLines = std::max(_breakLines, lines);
+  if (_isAtLineStart && _breakLines == 0) return;
+  _breakPrefixes = std::min(_breakLines == 0 ? _prefixes.size() : _breakPrefixes, _prefixes.size());
+  _breakLines = std::max(_breakLines, lines);
 }
 
 /// Carries out what is due before words: breaks, the line's prefixes, a bullet, a blank.
@@ -233,7 +241,7 @@ void HTMLTextWriter::beginWriting() {
       _result.push_back('\n');
       if (line + 1 == _breakLines) break;
       std::string blank;  // a quotation goes on through its blank lines
-      for (const std::string& prefix : _prefixes) blank.append(prefix);
+      for (std::size_t i = 0; i < _breakPrefixes; ++i) blank.append(_prefixes[i]);
       _result.append(trimmedEnd(blank));
     }
     _breakLines = 0;
@@ -254,6 +262,7 @@ void HTMLTextWriter::beginWriting() {
 
 void HTMLTextWriter::write(std::string_view words) {
   beginWriting();
+  if (_link && !_link->start) _link->start = _result.size();
   _result.append(words);
 }
 

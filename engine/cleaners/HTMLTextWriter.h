@@ -33,7 +33,7 @@ class HTMLTextWriter : public HTMLHandler {
   };
   struct Link {
     std::string address;
-    std::size_t start = 0;
+    std::optional<std::size_t> start;  ///< of its words, once there are any
   };
 
   void openBlock(std::string_view name);
@@ -52,15 +52,15 @@ class HTMLTextWriter : public HTMLHandler {
   void openMark(std::string_view mark);
   void closeMark(std::string_view mark);
   std::string_view markOf(std::string_view name) const;
-  bool isAtLineStart() const { return _isAtLineStart; }
 
   Form _form;
   std::string _result;
   std::vector<std::string> _prefixes;
   std::vector<List> _lists;
   std::optional<Link> _link;
-  std::string _bullet;  ///< of an item of which nothing is written yet
-  int _breakLines = 0;  ///< 1: a new line, 2: a blank line as well
+  std::string _bullet;             ///< of an item of which nothing is written yet
+  int _breakLines = 0;             ///< 1: a new line, 2: a blank line as well
+  std::size_t _breakPrefixes = 0;  ///< how many prefixes its blank line has
   bool _spaceBefore = false;
   bool _tabBefore = false;
   bool _isAtLineStart = true;

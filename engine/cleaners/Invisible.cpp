@@ -23,8 +23,11 @@ bool takesJoiner(char32_t character) {
   }
   const int joining = u_getIntPropertyValue(icuCharacter, UCHAR_JOINING_TYPE);
   if (joining == U_JT_DUAL_JOINING || joining == U_JT_RIGHT_JOINING) return true;
+  const bool isIndicCandidate =
+      u_isalpha(icuCharacter) || u_charType(icuCharacter) == U_NON_SPACING_MARK ||
+      u_charType(icuCharacter) == U_COMBINING_SPACING_MARK;  // digits and blanks take part as well
   const int syllable = u_getIntPropertyValue(icuCharacter, UCHAR_INDIC_SYLLABIC_CATEGORY);
-  return syllable != U_INSC_OTHER;
+  return isIndicCandidate && syllable != U_INSC_OTHER;
 }
 
 bool isInvisible(char32_t character) {

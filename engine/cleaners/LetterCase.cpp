@@ -67,13 +67,17 @@ std::string capitalized(std::string_view word) {
   return result.append(word.substr(result.size()));
 }
 
-/// Words that a person spelt with inner capitals ("iPhone", "NATO") keep them unless the whole text
-/// is in capitals.
-bool hasLowerCase(std::string_view text) {
-  for (std::size_t position = 0; position < text.size();) {
-    if (isLower(nextCodePoint(text, position))) return true;
+/// A line of several words without one small letter. Elsewhere a word with inner capitals
+/// ("iPhone", "NATO") was meant that way and keeps them.
+bool isShouting(std::string_view line) {
+  for (std::size_t position = 0; position < line.size();) {
+    if (isLower(nextCodePoint(line, position))) return false;
   }
-  return false;
+  int words = 0;
+  walkWords(
+      line, [&](std::string_view word, auto, auto) { words += visibleLength(word) > 1; },
+      [](std::string_view) {});
+  return words > 1;
 }
 
 bool hasInnerCapital(std::string_view word) {
@@ -101,7 +105,8 @@ bool isSmallWord(std::string_view word) {
 }
 
 /// A title's line: small words stay small, except the first and last and after a colon.
-std::string titleLine(std::string_view line, bool keepsCapitals) {
+std::string titleLine(std::string_view line) {
+  const bool keepsCapitals = !isShouting(line);
   const std::string_view end = trimmedEnd(line, [](char32_t c) { return !isWordCharacter(c); });
   std::string result;
   bool opens = true;
@@ -124,33 +129,32 @@ std::string titleLine(std::string_view line, bool keepsCapitals) {
   return result;
 }
 
-std::string titleCase(std::string_view text) {
-  const bool keepsCapitals = hasLowerCase(text);
-  return mapLines(text, [&](std::string_view line) { return titleLine(line, keepsCapitals); });
-}
+std::string titleCase(std::string_view text) { return mapLines(text, titleLine); }
 
 std::string sentenceCase(std::string_view text) {
-  const bool keepsCapitals = hasLowerCase(text);
-  std::string result;
-  result.reserve(text.size());
   bool opens = true;
-  walkWords(
-      text,
-      [&](std::string_view word, auto, auto) {
-        const bool keeps = word == "I" || word.starts_with("I'") || word.starts_with("I’") ||
-                           (keepsCapitals && hasInnerCapital(word));
-        std::string spelling = keeps ? std::string(word) : lowercased(word);
-        result.append(opens ? capitalized(spelling) : spelling);
-        opens = false;
-      },
-      [&](std::string_view run) {
-        const std::size_t stop = run.find_last_of(".?!");
-        const bool sentence = stop != std::string_view::npos && stop + 1 < run.size();
-        const bool paragraph = textLines(run).size() > 1 && textLines(run)[1].isBlank();
-        opens = opens || sentence || paragraph || run.find("…") != std::string_view::npos;
-        result.append(run);
-      });
-  return result;
+  return mapLines(text, [&opens](std::string_view line) {
+    const bool keepsCapitals = !isShouting(line);
+    opens = opens || trimmedStart(line).empty();
+    std::string result;
+    walkWords(
+        line,
+        [&](std::string_view word, auto, auto) {
+          const bool keeps = word == "I" || word.starts_with("I'") || word.starts_with("I’") ||
+                             (keepsCapitals && hasInnerCapital(word));
+          const std::string spelling = keeps ? std::string(word) : lowercased(word);
+          result.append(opens ? capitalized(spelling) : spelling);
+          opens = false;
+        },
+        [&](std::string_view run) {
+          result.append(run);
+          const std::size_t stop = run.find_last_of(".?!");
+          const bool insideWord = stop + 1 == run.size() && result.size() < line.size();
+          opens = opens || (stop != std::string_view::npos && !insideWord) ||
+                  run.find("…") != std::string_view::npos;
+        });
+    return result;
+  });
 }
 
 std::string swapCase(std::string_view text) {
@@ -180,7 +184,7 @@ std::vector<std::string> identifierWords(std::string_view line) {
       continue;
     }
     const bool nextIsLower = i + 1 < characters.size() && isLower(characters[i + 1]);
-    if (i > 0 && isUpper(character) && (!isUpper(characters[i - 1]) || nextIsLower)) flush();
+    if (i > 0 && isUpper(character) && (isLower(characters[i - 1]) || nextIsLower)) flush();
     appendCodePoint(word, character);
   }
   flush();

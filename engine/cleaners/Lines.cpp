@@ -149,12 +149,12 @@ std::string removeBullets(std::string_view text) {
 /// One blank line between paragraphs that had none: each line is taken for one.
 std::string spaceParagraphs(std::string_view text) {
   std::string result;
-  bool afterWords = false;
+  std::string_view pending;  // the end of the line before, where that had words
   for (const TextLine& line : textLines(text)) {
     const bool blank = line.isBlank();
-    if (!blank && afterWords) result.append(lineEnding(text));
+    if (!blank) result.append(pending);
     result.append(line.text).append(line.ending);
-    afterWords = !blank;
+    pending = blank ? std::string_view() : line.ending;
   }
   return result;
 }

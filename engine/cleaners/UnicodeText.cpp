@@ -182,15 +182,33 @@ std::string mendMojibake(std::string_view text) {
   return result;
 }
 
-/// Letters of every script in Latin ones, and those without accents: the rules of CLDR.
+/// Letters of every script in Latin ones, and those without accents: the rules of CLDR. A word that
+/// is ASCII already is not looked at. Words go one by one, since the time for a long text grows
+/// with its square.
 Result<std::string> transliterateToASCII(std::string_view text) {
+  constexpr std::size_t longestPiece = 256;
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<icu::Transliterator> transliterator(
       icu::Transliterator::createInstance("Any-Latin; Latin-ASCII", UTRANS_FORWARD, status));
   if (U_FAILURE(status)) return Error{"the rules for transliteration are missing on this machine"};
-  icu::UnicodeString result = unicodeString(text);
-  transliterator->transliterate(result);
-  return utf8String(result);
+  std::string result;
+  for (std::size_t start = 0, position = 0; start < text.size(); start = position) {
+    bool isASCII = true, ends = false;
+    while (!ends && position < text.size()) {
+      const char32_t character = nextCodePoint(text, position);
+      isASCII = isASCII && character < 0x80;
+      ends = isWhiteSpace(character) || position - start >= longestPiece;
+    }
+    const std::string_view piece = text.substr(start, position - start);
+    if (isASCII) {
+      result.append(piece);
+      continue;
+    }
+    icu::UnicodeString characters = unicodeString(piece);
+    transliterator->transliterate(characters);
+    result.append(utf8String(characters));
+  }
+  return result;
 }
 
 std::string halfWidth(std::string_view text) {

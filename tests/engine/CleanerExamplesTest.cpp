@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: Apache-2.0
+// What each cleaner makes of a text.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <vector>
+
+#include "engine/QFCleanerLibrary.h"
+
+namespace qf {
+namespace {
+
+struct Example {
+  std::string token;
+  std::string before;
+  std::string after;
+};
+
+const std::vector<Example>& examples() {
+  static const std::vector<Example> table = {
+      // The all-round clean-up
+      {"#SCRUB", "This  text   came\r\nout ,  with   “odd” spacing .  \r\n\r\n\r\n\r\nEnd\r\n",
+       "This text came\nout, with “odd” spacing.\n\nEnd\n"},
+      {"#SCRUB", "\n\n  • zero\u200Bwidth\u00A0and soft\u00ADhyphen\uFEFF\n\n",
+       "  • zerowidth and softhyphen\n"},
+      {"#SCRUB", "oﬃce ( here ) [ ] -x .5 ... wait", "office (here) [ ] -x .5 ... wait"},
+      {"#SCRUB", "می\u200Cخواهم 👩\u200D💻 a\u200Db", "می\u200Cخواهم 👩\u200D💻 ab"},
+      {"#PLAIN-TEXT", " as it is\r\n", " as it is\r\n"},
+      // White space
+      {"#TRIM", "\n\t a b \r\n\n", "a b"},
+      {"#TRIM-LINES", "  a \r\n\tb\t", "a\r\nb"},
+      {"#TRIM-LINE-ENDS", "  a \n\tb\u00A0\n", "  a\n\tb\n"},
+      {"#COLLAPSE-SPACES", "  a \t b\u3000c\n", "  a b c\n"},
+      {"#PLAIN-SPACES", "a\u00A0b\u202Fc\u3000d\te", "a b c d\te"},
+      {"#REMOVE-SPACES", " a\tb \r\n c\u2003", "abc"},
+      {"#REMOVE-INVISIBLE", "\uFEFFa\u200Bb\u00ADc\u2060d", "abcd"},
+      {"#TABS-TO-SPACES", "\ta\tb\nabcd\tx", "    a   b\nabcd    x"},
+      {"#SPACES-TO-TABS", "        a    b\n     c", "\t\ta    b\n\t c"},
+      {"#REMOVE-BLANK-LINES", "a\n\n \nb", "a\nb"},
+      {"#COLLAPSE-BLANK-LINES", "a\n\n \n\nb\n\nc", "a\n\nb\n\nc"},
+      {"#FINAL-LINE-END", "a\nb", "a\nb\n"},
+      {"#FINAL-LINE-END", "a\r\n\r\n\r\n", "a\r\n"},
+      {"#LINE-ENDS-UNIX", "a\r\nb\rc\nd\u2028e", "a\nb\nc\nd\ne"},
+      {"#LINE-ENDS-WINDOWS", "a\r\nb\rc\n", "a\r\nb\r\nc\r\n"},
+      // Lines
+      {"#UNWRAP", "One two\nthree.\n\n- item one\n  goes on\n- item two\n\nLast\nparagraph\n",
+       "One two three.\n\n- item one goes on\n- item two\n\nLast paragraph\n"},
+      {"#UNWRAP", "> quoted\n> stays\nmy\nanswer\n", "> quoted\n> stays\nmy answer\n"},
+      {"#UNWRAP", "# Head\ntext\nmore\n    code\n    code\n1. one\n2. two",
+       "# Head\ntext more\n    code\n    code\n1. one\n2. two"},
+      {"#UNWRAP", "well-\nknown\n\n日本\n語", "well-known\n\n日本語"},
+      {"#WRAP-72",
+       "aaaaaaaaa bbbbbbbbb ccccccccc ddddddddd eeeeeeeee fffffffff ggggggggg hhhhhhhhh",
+       "aaaaaaaaa bbbbbbbbb ccccccccc ddddddddd eeeeeeeee fffffffff ggggggggg\nhhhhhhhhh"},
+      {"#WRAP-80",
+       "- aaaaaaaaa bbbbbbbbb ccccccccc ddddddddd eeeeeeeee fffffffff ggggggggg hhhhhhhhh\r\n",
+       "- aaaaaaaaa bbbbbbbbb ccccccccc ddddddddd eeeeeeeee fffffffff ggggggggg\r\n"
+       "  hhhhhhhhh\r\n"},
+      {"#SORT-LINES", "item 10\nÄpfel\nitem 9\nzoo\napple\n",
+       "Äpfel\napple\nitem 9\nitem 10\nzoo\n"},
+      {"#SORT-LINES-DESCENDING", "a\nc\nb", "c\nb\na"},
+      {"#UNIQUE-LINES", "b\na\nb\nA\na\n", "b\na\nA\n"},
+      {"#REVERSE-LINES", "a\r\nb\r\nc", "c\r\nb\r\na"},
+      {"#NUMBER-LINES", "a\n\nb\n", "1. a\n\n2. b\n"},
+      {"#REMOVE-LINE-NUMBERS", "1. a\n 2) b\n3\tc\n3.5 miles\n2024", "a\nb\nc\n3.5 miles\n2024"},
+      {"#JOIN-LINES", " a\n\n b \nc\n", "a b c"},
+      {"#JOIN-LINES-COMMAS", "a\nb\nc\n", "a, b, c"},
+      {"#COMMAS-TO-LINES", "a, b ,c\n", "a\nb\nc\n"},
+      {"#SENTENCES-TO-LINES", "One. Two? “Three!” Four", "One.\nTwo?\n“Three!”\nFour"},
+      {"#INDENT", "a\n\n b\n", "    a\n\n     b\n"},
+      {"#OUTDENT", "      a\n\tb\n c", "  a\nb\nc"},
+      {"#ADD-BULLETS", "a\n  b\n\n- c\n", "- a\n  - b\n\n- c\n"},
+      {"#REMOVE-BULLETS", "- a\n  • b\n1. c\nd", "a\n  b\nc\nd"},
+      {"#SPACE-PARAGRAPHS", "a\nb\n\nc\n", "a\n\nb\n\nc\n"},
+      // Mail
+      {"#QUOTE", "a\n\n> b\n", "> a\n>\n>> b\n"},
+      {"#UNQUOTE", "> a\n>\n>> b\nc", "a\n\n> b\nc"},
+      {"#UNQUOTE-ALL", ">> a\n> > b\n c", "a\nb\n c"},
+      {"#UNWRAP-QUOTED", "> one\n> two\n>\n>> deep\n>> er\nme\ntoo\n",
+       "> one two\n>\n>> deep er\nme too\n"},
+      {"#REWRAP-QUOTED",
+       "> aaaaaaaaa bbbbbbbbb ccccccccc ddddddddd\n> eeeeeeeee fffffffff ggggggggg hhhhhhhhh\n",
+       "> aaaaaaaaa bbbbbbbbb ccccccccc ddddddddd eeeeeeeee fffffffff ggggggggg\n> hhhhhhhhh\n"},
+      {"#REMOVE-QUOTED", "Hi\n> a\n>> b\nmine\n", "Hi\nmine\n"},
+      {"#REMOVE-SIGNATURE", "Hi\n--\nyes\n-- \nMe\n", "Hi\n--\nyes\n"},
+      // Punctuation
+      {"#STRAIGHT-QUOTES", "“a” ‘b’ „c“ «d» it’s", "\"a\" 'b' \"c\" \"d\" it's"},
+      {"#CURLY-QUOTES", "\"It's 'so',\" (\"he\") 5'10\" in '99",
+       "“It’s ‘so’,” (“he”) 5'10\" in ’99"},
+      {"#CURLY-QUOTES-GERMAN", "\"Na 'so' was\"", "„Na ‚so‘ was“"},
+      {"#CURLY-QUOTES-FRENCH", "\"Oui\" l'eau", "«\u202FOui\u202F» l’eau"},
+      {"#DASHES", "1990--2000---so --option ----", "1990–2000—so --option ----"},
+      {"#PLAIN-DASHES", "a–b—c\u2011d−e", "a-b--c-d-e"},
+      {"#ELLIPSES", "so... a.....", "so… a....."},
+      {"#PLAIN-ELLIPSES", "so…", "so..."},
+      {"#ASCII-PUNCTUATION", "“a”—b… • ‘c’\u00A0→", "\"a\"--b... * 'c' ->"},
+      {"#PUNCTUATION-SPACING", "a , b ( c ) !\n  .d [ ] e ?", "a, b (c)!\n  .d [ ] e?"},
+      {"#COLLAPSE-MARKS", "What?!?!!! no,, wait...", "What?!?! no, wait..."},
+      {"#REMOVE-PUNCTUATION", "a, b. “c” (d)!", "a b c d"},
+      {"#EXPAND-LIGATURES", "eﬃcient ﬁles", "efficient files"},
+      // Letter case
+      {"#UPPERCASE", "straße ﬁ é", "STRASSE FI É"},
+      {"#LOWERCASE", "ÉTÉ ΣΑΣ", "été σας"},
+      {"#TITLECASE", "the lord of the rings: a tale to dream of",
+       "The Lord of the Rings: A Tale to Dream Of"},
+      {"#TITLECASE", "THE END OF IT\nan iPhone by NASA", "The End of It\nAn iPhone by NASA"},
+      {"#CAPITALIZE", "it's a 3rd élan o'neil", "It's A 3rd Élan O'neil"},
+      {"#SENTENCECASE", "HELLO WORLD. HOW ARE YOU?\n\nfine", "Hello world. How are you?\n\nFine"},
+      {"#SENTENCECASE", "and I think NASA Is. good", "And I think NASA is. Good"},
+      {"#SWAPCASE", "aBc É", "AbC é"},
+      {"#CAMELCASE", "Some long-name here\nHTML_page", "someLongNameHere\nhtmlPage"},
+      {"#PASCALCASE", "some longName", "SomeLongName"},
+      {"#SNAKECASE", "someLongHTMLName don't", "some_long_html_name_dont"},
+      {"#KEBABCASE", "Some Long_Name", "some-long-name"},
+      {"#CONSTANTCASE", "someName", "SOME_NAME"},
+      // Unicode
+      {"#NFC", "e\u0301", "é"},
+      {"#NFD", "é", "e\u0301"},
+      {"#NFKC", "①ﬁＡ", "1fiA"},
+      {"#STRIP-ACCENTS", "Čeština øl łódź ά й हिन्दी", "Cestina ol lodz α й हिन्दी"},
+      {"#TO-ASCII", "Größe Москва “q”", "Grosse Moskva \"q\""},
+      {"#REMOVE-NON-ASCII", "aéb\u00A0", "ab"},
+      {"#HALF-WIDTH", "ＡＢ１\u3000！", "AB1 !"},
+      {"#REMOVE-EMOJI",
+       "a👩\u200D👩\u200D👧b👍🏽c🇩🇪d1\uFE0F\u20E3e❤\uFE0Ff© 5 # ☺",
+       "abcdef© 5 # ☺"},
+      {"#REMOVE-CONTROL", std::string("a\0b\x1B[0m\tc\n", 10), "ab[0m\tc\n"},
+      {"#REMOVE-FORMAT", "a\u200Eb\u202Ec\uFEFF", "abc"},
+      {"#MEND-ENCODING", "Ã©tÃ© â€œquotedâ€\u009D 10â‚¬", "été “quoted” 10€"},
+      {"#MEND-ENCODING", "ÃƒÂ© été naïve", "é été naïve"},
+      {"#ESCAPE-UNICODE", "aé😀", "a\\u00e9\\ud83d\\ude00"},
+      {"#UNESCAPE-UNICODE", "a\\u00e9\\ud83d\\ude00 \\ud83d \\u12 \\n", "aé😀 \\ud83d \\u12 \\n"},
+      // The web
+      {"#HTML-TO-TEXT",
+       "<html><head><title>T</title><style>p{}</style></head><body><h1>Head</h1><p>One "
+       "<b>bold</b>\n"
+       "  word &amp; <a href='https://e.org/x'>a link</a>.<br>New line<ul><li>one<li>two<ol><li>in"
+       "</ol></ul><script>x()</script><blockquote><p>said</p><p>more</p></blockquote></body></"
+       "html>",
+       "Head\n\nOne bold word & a link (https://e.org/x).\nNew line\n\n- one\n- two\n  1. in\n\n"
+       "> said\n>\n> more\n"},
+      {"#HTML-TO-TEXT",
+       "<table><tr><th>A<th>B</tr><tr><td>1</td><td>2</td></tr></table><pre>a\n  b</pre>"
+       "<a href=\"mailto:a@b.org\">a@b.org</a> <a href='#x'>top</a><img src=x alt=Pic>",
+       "A\tB\n1\t2\n\na\n  b\n\na@b.org top Pic\n"},
+      {"#HTML-TO-MARKDOWN",
+       "<h2>Head</h2><p>A <strong>b</strong> <em>i</em> <code>c</code> "
+       "<a href=\"http://e.org\">link</a> 2*3</p><ol><li>x</li><li>y</li></ol>",
+       "## Head\n\nA **b** *i* `c` [link](http://e.org) 2\\*3\n\n1. x\n2. y\n"},
+      {"#STRIP-TAGS", "a <b>bold</b> &lt;x&gt;<br>y<!-- no --><script>z</script>", "a bold <x>y"},
+      {"#TEXT-TO-HTML", "a < b\nsee http://e.org/?a=1&b=2.\n\nnext",
+       "<p>a &lt; b<br>\nsee <a "
+       "href=\"http://e.org/?a=1&amp;b=2\">http://e.org/?a=1&amp;b=2</a>.</p>\n"
+       "<p>next</p>\n"},
+      {"#MARKDOWN-TO-TEXT", "# Head\n\nSome *text* with [link](http://e.org)\n\n- a\n- b\n",
+       "Head\n\nSome text with link (http://e.org)\n\n- a\n- b\n"},
+      {"#MARKDOWN-TO-HTML", "a **b**\n", "<p>a <strong>b</strong></p>\n"},
+      {"#ENCODE-ENTITIES", "<a href=\"x\">'&'</a>",
+       "&lt;a href=&quot;x&quot;&gt;&#39;&amp;&#39;&lt;/a&gt;"},
+      {"#DECODE-ENTITIES", "&lt;&eacute;&#8364;&#x20ac;&nope; & &#0; AT&T;",
+       "<é€€&nope; & &#0; AT&T;"},
+      {"#URL-ENCODE", "a b/é?~", "a%20b%2F%C3%A9%3F~"},
+      {"#URL-DECODE", "a%20b%2F%C3%A9+100%", "a b/é+100%"},
+      // Extracts
+      {"#EXTRACT-URLS",
+       "See (https://en.org/a_(b)), www.x.de. and HTTP://Y.org/?q=1&z; https://en.org/a_(b) "
+       "ahttp://n",
+       "https://en.org/a_(b)\nwww.x.de\nHTTP://Y.org/?q=1&z\n"},
+      {"#EXTRACT-MAIL-ADDRESSES", "Me <a.b+c@ex-am.org>, x@y, q@münchen.de. @no a.b+c@ex-am.org",
+       "a.b+c@ex-am.org\nq@münchen.de\n"},
+      {"#EXTRACT-NUMBERS", "-1,234.5 and x-3, 12:30 v2.", "-1,234.5\n3\n12\n30\n2\n"},
+      {"#REMOVE-TRACKING",
+       "Go https://e.org/?utm_source=x&id=7&fbclid=y#top, https://e.org/?gclid=1 https://e.org/?a",
+       "Go https://e.org/?id=7#top, https://e.org/ https://e.org/?a"},
+      // Data
+      {"#JSON-PRETTY", "{\"b\":1.0,\"a\":[1e5,-0,{}],\"u\":\"\\u00e9 \\\"\", \"e\":[ ]}",
+       "{\n  \"b\": 1.0,\n  \"a\": [\n    1e5,\n    -0,\n    {}\n  ],\n  \"u\": \"\\u00e9 \\\"\",\n"
+       "  \"e\": []\n}\n"},
+      {"#JSON-COMPACT", "{ \"b\" : 1.0 ,\n \"a\" : [ 1 , 2 ] }\n", "{\"b\":1.0,\"a\":[1,2]}"},
+      {"#ESCAPE-STRING", "a\"b\\\n\té/\x01", "a\\\"b\\\\\\n\\té/\\u0001"},
+      {"#UNESCAPE-STRING", "a\\\"b\\\\\\n\\u00e9\\x", "a\"b\\\né\\x"},
+      {"#BASE64-ENCODE", "Héllo", "SMOpbGxv"},
+      {"#BASE64-DECODE", "SMOp\nbGxv Pz8_", "Héllo???"},
+      {"#QUOTED-PRINTABLE-ENCODE", "é = \n" + std::string(80, 'a'),
+       "=C3=A9 =3D=20\n" + std::string(75, 'a') + "=\naaaaa"},
+      {"#QUOTED-PRINTABLE-DECODE", "=C3=a9 =3D=20\nlong =\nline =zz", "é = \nlong line =zz"},
+      {"#CSV-TO-TSV", "a,\"b, \"\"c\"\"\",d\r\n1;2,\"x\ny\",\r\n", "a\tb, \"c\"\td\n1;2\tx y\t\n"},
+      {"#CSV-TO-TSV", "a;b,c;d\n1;2;3", "a\tb,c\td\n1\t2\t3\n"},
+      {"#TSV-TO-CSV", "a\tb, \"c\"\n1\t\n", "a,\"b, \"\"c\"\"\"\n1,\n"},
+      {"#CSV-TO-MARKDOWN", "a,b\n1,x|y\n", "| a | b |\n| --- | --- |\n| 1 | x\\|y |\n"},
+      {"#TSV-TO-MARKDOWN", "a\tb\n", "| a | b |\n| --- | --- |\n"},
+  };
+  return table;
+}
+
+TEST(CleanerExamples, comeOutAsTheyShould) {
+  const QFCleanerLibrary library;
+  for (const Example& example : examples()) {
+    SCOPED_TRACE(example.token);
+    const Result<std::string> cleaned = library.clean(example.token, example.before);
+    EXPECT_TRUE(cleaned) << (cleaned ? "" : cleaned.error().localizedDescription);
+    if (cleaned) {
+      EXPECT_EQ(*cleaned, example.after);
+    }
+  }
+}
+
+TEST(CleanerExamples, leaveNoCleanerOut) {
+  std::set<std::string> shown;
+  for (const Example& example : examples()) shown.insert(example.token);
+  const QFCleanerLibrary library;
+  for (const auto& [token, clean] : library.builtInCleaners()) {
+    EXPECT_TRUE(shown.contains(token)) << token;
+  }
+}
+
+TEST(CleanerExamples, refuseWhatTheyCannotTake) {
+  const QFCleanerLibrary library;
+  const std::vector<std::pair<std::string, std::string>> refused = {
+      {"#JSON-PRETTY", "{\"a\":}"},
+      {"#JSON-COMPACT", ""},
+      {"#JSON-PRETTY", std::string(600, '[') + std::string(600, ']')},
+      {"#BASE64-DECODE", "not base64!"},
+      {"#BASE64-DECODE", "/w=="},
+      {"#URL-DECODE", "%FF"},
+      {"#QUOTED-PRINTABLE-DECODE", "=FF"},
+      {"#NO-SUCH-CLEANER", "text"},
+  };
+  for (const auto& [token, text] : refused) {
+    EXPECT_FALSE(library.clean(token, text)) << token << ' ' << text;
+  }
+  std::string nested;
+  for (int i = 0; i < 600; ++i) nested += "<div>";
+  EXPECT_FALSE(library.clean("#HTML-TO-TEXT", nested));
+}
+
+}  // namespace
+}  // namespace qf

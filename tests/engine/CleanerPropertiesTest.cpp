@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: Apache-2.0
+// What holds for every cleaner, whatever the text.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "engine/QFCleanerLibrary.h"
+#include "engine/cleaners/CodePoints.h"
+
+namespace qf {
+namespace {
+
+std::string repeated(std::string_view piece, std::size_t size) {
+  std::string text;
+  while (text.size() < size) text.append(piece);
+  return text;
+}
+
+/// A text of every kind of character, the same in each run.
+std::string mixed(std::uint32_t seed, std::size_t length) {
+  static constexpr std::string_view pieces[] = {"a",
+                                                "B",
+                                                " ",
+                                                "  ",
+                                                "\t",
+                                                "\n",
+                                                "\r\n",
+                                                "\r",
+                                                ".",
+                                                ",",
+                                                "\"",
+                                                "'",
+                                                "<",
+                                                ">",
+                                                "&",
+                                                "<b>",
+                                                "</p>",
+                                                "&lt;",
+                                                "- ",
+                                                "1.",
+                                                "%41",
+                                                "\\u00e9",
+                                                "é",
+                                                "e\u0301",
+                                                "ß",
+                                                "İ",
+                                                "ש",
+                                                "\u200D",
+                                                "\u200B",
+                                                "👩",
+                                                "🇩",
+                                                "\u00A0",
+                                                "\u2028",
+                                                "中",
+                                                "\0x",
+                                                "{",
+                                                "}",
+                                                "[",
+                                                "]",
+                                                "=3D",
+                                                "http://a.b/?utm_x=1",
+                                                "x@y.org",
+                                                "Ã©",
+                                                "\xFF",
+                                                "\xC3",
+                                                "-",
+                                                "*",
+                                                "`",
+                                                "|",
+                                                ";",
+                                                "#",
+                                                "\\",
+                                                "\uFB03"};
+  std::string text;
+  while (text.size() < length) {
+    seed = seed * 1664525 + 1013904223;
+    text.append(pieces[(seed >> 16) % std::size(pieces)]);
+  }
+  return text;
+}
+
+const std::vector<std::string>& nastyTexts() {
+  static const std::vector<std::string> texts = [] {
+    std::vector<std::string> all = {"",
+                                    "a",
+                                    "\n",
+                                    "\r",
+                                    " ",
+                                    "é",
+                                    "\u0301",
+                                    "👩\u200D💻",
+                                    "\"",
+                                    "<",
+                                    "&",
+                                    "%",
+                                    "\\",
+                                    "=",
+                                    "-",
+                                    ">",
+                                    "@",
+                                    "[",
+                                    "{",
+                                    "|",
+                                    "no final line end\nhere",
+                                    "a\r\nb\r\n\r\nc",
+                                    "a\rb\r",
+                                    "e\u0301\u0302\u0303 n\u0303",
+                                    "שלום עולם \u200Fabc\u202Edef",
+                                    "\xFF\xFE\xC3\x28\xED\xA0\x80\xF4\x90\x80\x80 ok \xE2\x82",
+                                    std::string("nul\0nul", 7),
+                                    "\uFEFFmark"};
+    for (std::uint32_t seed = 1; seed <= 40; ++seed) all.push_back(mixed(seed, 20 * seed));
+    return all;
+  }();
+  return texts;
+}
+
+/// Cleaning twice is cleaning once.
+bool isIdempotent(const std::string& token) {
+  static const std::set<std::string> others = {"#SWAPCASE",
+                                               "#REVERSE-LINES",
+                                               "#NUMBER-LINES",
+                                               "#REMOVE-LINE-NUMBERS",
+                                               "#INDENT",
+                                               "#OUTDENT",
+                                               "#REMOVE-BULLETS",
+                                               "#QUOTE",
+                                               "#UNQUOTE",
+                                               "#UNQUOTE-ALL",
+                                               "#UNESCAPE-UNICODE",
+                                               "#HTML-TO-TEXT",
+                                               "#HTML-TO-MARKDOWN",
+                                               "#STRIP-TAGS",
+                                               "#TEXT-TO-HTML",
+                                               "#MARKDOWN-TO-TEXT",
+                                               "#MARKDOWN-TO-HTML",
+                                               "#ENCODE-ENTITIES",
+                                               "#DECODE-ENTITIES",
+                                               "#URL-ENCODE",
+                                               "#URL-DECODE",
+                                               "#EXTRACT-NUMBERS",
+                                               "#ESCAPE-STRING",
+                                               "#UNESCAPE-STRING",
+                                               "#BASE64-ENCODE",
+                                               "#BASE64-DECODE",
+                                               "#QUOTED-PRINTABLE-ENCODE",
+                                               "#QUOTED-PRINTABLE-DECODE",
+                                               "#CSV-TO-TSV",
+                                               "#TSV-TO-CSV",
+                                               "#CSV-TO-MARKDOWN",
+                                               "#TSV-TO-MARKDOWN",
+                                               "#MEND-ENCODING",
+                                               "#CAMELCASE",
+                                               "#PASCALCASE",
+                                               "#COMMAS-TO-LINES",
+                                               "#SENTENCES-TO-LINES",
+                                               "#UNWRAP",
+                                               "#UNWRAP-QUOTED",
+                                               "#REWRAP-QUOTED",
+                                               "#JOIN-LINES-COMMAS",
+                                               "#TITLECASE",
+                                               "#SENTENCECASE",
+                                               "#STRIP-ACCENTS"};
+  return !others.contains(token);
+}
+
+constexpr std::size_t largestGrowth = 32;
+constexpr std::size_t growthAllowance = 256;
+
+class EachCleaner : public testing::TestWithParam<std::string> {
+ protected:
+  Result<std::string> clean(std::string_view text) const {
+    static const QFCleanerLibrary library;
+    return library.clean(GetParam(), text);
+  }
+
+  void expectSane(std::string_view text) const {
+    const Result<std::string> once = clean(text);
+    if (!once) {
+      EXPECT_FALSE(once.error().localizedDescription.empty());
+      return;
+    }
+    EXPECT_TRUE(isValidUTF8(*once));
+    EXPECT_LE(once->size(), text.size() * largestGrowth + growthAllowance);
+    if (!isIdempotent(GetParam())) return;
+    const Result<std::string> twice = clean(*once);
+    EXPECT_TRUE(twice && *twice == *once);
+  }
+};
+
+TEST_P(EachCleaner, bearsNastyText) {
+  for (const std::string& text : nastyTexts()) {
+    SCOPED_TRACE(testing::PrintToString(text));
+    expectSane(text);
+    if (HasFailure()) break;
+  }
+}
+
+TEST_P(EachCleaner, bearsTenMegabytesInOneLine) {
+  constexpr std::size_t size = 10'000'000;
+  for (const std::string_view piece : {"Words of prose, “é”; ", "x"}) {
+    SCOPED_TRACE(piece);
+    const Result<std::string> cleaned = clean(repeated(piece, size));
+    if (!cleaned) continue;
+    EXPECT_TRUE(isValidUTF8(*cleaned));
+    EXPECT_LE(cleaned->size(), size * largestGrowth);
+  }
+}
+
+/// What makes a careless parser quadratic or deep: each ends well within the limit of the test.
+TEST_P(EachCleaner, bearsHostileRepetition) {
+  for (const std::string_view piece : {"<b>",        "</i><b>",
+                                       "[",          "![](",
+                                       "> ",         ">",
+                                       "- ",         "*a_ ",
+                                       "`",          "&",
+                                       "\"",         "(",
+                                       "a\u0301",    "http://",
+                                       "@",          "\u200D",
+                                       "\n",         "  \n",
+                                       "1. ",        "{\"a\":",
+                                       "\\u",        "=\n",
+                                       "--",         ",",
+                                       "|a",         "<table><tr><td>",
+                                       "<a href=x>", "<!--",
+                                       "<![CDATA[",  "</"}) {
+    SCOPED_TRACE(piece);
+    const std::string text = repeated(piece, 300'000);
+    const Result<std::string> cleaned = clean(text);
+    if (!cleaned) continue;
+    EXPECT_TRUE(isValidUTF8(*cleaned));
+    EXPECT_LE(cleaned->size(), text.size() * largestGrowth);
+  }
+}
+
+std::vector<std::string> tokens() {
+  std::vector<std::string> result;
+  const QFCleanerLibrary library;
+  for (const auto& [token, clean] : library.builtInCleaners()) result.push_back(token);
+  return result;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, EachCleaner, testing::ValuesIn(tokens()), [](const auto& test) {
+  std::string name = test.param.substr(1);
+  std::replace(name.begin(), name.end(), '-', '_');
+  return name;
+});
+
+}  // namespace
+}  // namespace qf

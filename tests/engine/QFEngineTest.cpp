@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: Apache-2.0
+// The engine at the end of its channel: command events in, files, pasteboard and answers out.
+#include <gmock/gmock.h>
+
+#include "engine/QFEngine.h"
+#include "foundation/KeyedArchive.h"
+#include "foundation/PropertyList.h"
+#include "kit/QFKIdentifiers.h"
+#include "kit/QFKListFormat.h"
+#include "tests/engine/TemporaryFolder.h"
+#include "tests/support/FakeAppleEvents.h"
+#include "tests/support/FakeBundle.h"
+#include "tests/support/FakeDistributedNotificationCenter.h"
+#include "tests/support/FakePasteboard.h"
+#include "tests/support/FakeWorkspace.h"
+#include "tests/support/LogCapture.h"
+
+namespace qf {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr FourCharCode commandClass = fourCharCode("Fold");
+constexpr FourCharCode currentForm = fourCharCode("qfS2");
+constexpr FourCharCode oldForm = fourCharCode("qfSv");
+
+Dictionary message(std::string_view command, std::optional<Value> param1 = {},
+                   std::optional<Value> param2 = {}) {
+  Dictionary result = {{"command", command}};
+  if (param1) result.set("param1", *param1);
+  if (param2) result.set("param2", *param2);
+  return result;
+}
+
+class Engine : public testing::Test {
+ protected:
+  Engine() {
+    bundle.resources["quenfold-lists-default.plist"] = QF_DEFAULT_LIST;
+    engine.start();
+  }
+
+  std::optional<Value> send(std::string_view command, std::optional<Value> param1 = {},
+                            std::optional<Value> param2 = {}) {
+    const auto reply = appleEvents.receive(commandClass, currentForm,
+                                           *archiveKeyed(message(command, param1, param2)));
+    if (!reply) return std::nullopt;
+    return *unarchiveKeyed(*reply);
+  }
+
+  std::filesystem::path listFile() const {
+    return folder.path / applicationGroupIdentifier / "Data" / "quenfold-lists.plist";
+  }
+  Value published() const { return *readPropertyList(*fileManager.contents(listFile())); }
+
+  LogCapture log;
+  TemporaryFolder folder;
+  FolderFileManager fileManager{folder.path};
+  FakeAppleEvents appleEvents;
+  FakeBundle bundle;
+  FakeDistributedNotificationCenter center;
+  FakePasteboards pasteboards;
+  FakeWorkspace workspace;
+  int terminations = 0;
+  QFEngine engine{{appleEvents, bundle, center, fileManager, pasteboards, workspace},
+                  [this] { ++terminations; }};
+};
+
+TEST_F(Engine, publishesItsListAtStartAndTellsEveryone) {
+  EXPECT_EQ(published(), *readPropertyList(*fileManager.contents(QF_DEFAULT_LIST)));
+  EXPECT_THAT(center.posted, ElementsAre(SharedGroupsDataChangedNotification));
+  EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_F(Engine, resetPublishesAgainAndErasesNothing) {
+  const auto settings = listFile().parent_path() / "quenfold-menu.plist";
+  folder.put(settings.string(), "{ menuStyle = 1; }");
+  std::filesystem::remove(listFile());
+  EXPECT_FALSE(send("resetEngine"));
+  EXPECT_TRUE(std::filesystem::exists(listFile()));
+  EXPECT_TRUE(std::filesystem::exists(settings));
+  EXPECT_EQ(center.posted.size(), 2u);
+}
+
+TEST_F(Engine, answersQuestions) {
+  EXPECT_EQ(send("listData"), published());
+  EXPECT_EQ(send("textEncodingList"), *published().dictionary()->find(listKey::textEncoding));
+  EXPECT_EQ(send("menuSettings"), Value(Dictionary{{"menuIconID", 0}, {"menuStyle", 0}}));
+  folder.put((listFile().parent_path() / "quenfold-menu.plist").string(), "{ menuStyle = 1; }");
+  EXPECT_EQ(send("menuSettings"), Value(Dictionary{{"menuStyle", "1"}}));
+}
+
+TEST_F(Engine, answersTheOldFormToo) {
+  const Data question = *writePropertyList(message("textEncodingList"), PropertyListFormat::xml);
+  const auto reply = appleEvents.receive(commandClass, oldForm, question);
+  ASSERT_TRUE(reply);
+  EXPECT_EQ(*readPropertyList(*reply), *published().dictionary()->find(listKey::textEncoding));
+}
+
+TEST_F(Engine, cleansPasteboardAndFiles) {
+  pasteboards.generalPasteboard().setString("abc");
+  EXPECT_FALSE(send("cleanPasteboard:cleaner:", NSGeneralPboard, "#UPPERCASE"));
+  EXPECT_EQ(pasteboards.generalPasteboard().string(), "ABC");
+
+  const std::string first = folder.put("first", "a b"), second = folder.put("second", "c");
+  const Value paths = Array{first, (folder.path / "missing").string(), second, "relative", 7};
+  EXPECT_FALSE(send("cleanFiles:cleaner:", paths, "#UPPERCASE"));
+  EXPECT_EQ(TemporaryFolder::read(first) + TemporaryFolder::read(second), "A BC");
+  EXPECT_THAT(log.lines, ElementsAre(testing::HasSubstr("missing left as it is: it cannot be read"),
+                                     "Command cleanFiles ignored: relative is no absolute path",
+                                     "Command cleanFiles ignored: 7 is no absolute path"));
+  send("cleanFiles:options:", Array{first}, Dictionary{{"cleanerName", "#LOWERCASE"}});
+  EXPECT_EQ(TemporaryFolder::read(first), "a b");
+}
+
+TEST_F(Engine, quitsWhenAsked) {
+  EXPECT_FALSE(send("quitEngine"));
+  EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(Engine, logsWhatItCannotDoAndNeverSends) {
+  send("launchQuenfoldApp");
+  send("cleanPasteboard:cleaner:", 1, "#UPPERCASE");
+  send("cleanFiles:options:", Array{"/a"}, Dictionary());
+  send("cleanFiles:options:");
+  send("ListData");
+  EXPECT_THAT(
+      log.lines,
+      ElementsAre("Command launchQuenfoldApp ignored: this build of the engine has no window",
+                  "Command cleanPasteboard:cleaner: ignored: it needs a pasteboard's name "
+                  "and a cleaner",
+                  "Command cleanFiles ignored: it needs a list of paths and a cleaner",
+                  "Command cleanFiles ignored: it needs a list of paths and a cleaner",
+                  "command:<<ListData>> is not implemented"));
+  EXPECT_TRUE(appleEvents.sent.empty());
+}
+
+}  // namespace
+}  // namespace qf
