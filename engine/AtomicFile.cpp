@@ -6,8 +6,8 @@
 
 namespace qf {
 
-std::optional<Error> replaceFile(const std::filesystem::path& path,
-                                 std::span<const std::uint8_t> contents) {
+std::optional<Error> saveFile(const std::filesystem::path& path,
+                              std::span<const std::uint8_t> contents) {
   QSaveFile file(QFile::decodeName(path.c_str()));
   const auto size = static_cast<qint64>(contents.size());
   if (!file.open(QIODevice::WriteOnly) ||

@@ -22,7 +22,7 @@ std::optional<Error> QFFileCleaner::clean(const std::filesystem::path& path, std
   if (*cleaned == before->text) return std::nullopt;
   const Result<Data> after = encodeText(*cleaned, before->encoding);
   if (!after) return after.error();
-  return replaceFile(path, *after);
+  return saveFile(path, *after);
 }
 
 }  // namespace qf

@@ -39,7 +39,7 @@ void QFListPublisher::publish() const {
   if (!url) return logUnpublished("there is no shared folder");
   const Result<Data> bytes = writePropertyList(Value(_listData), PropertyListFormat::xml);
   if (!bytes) return logUnpublished(bytes.error().localizedDescription);
-  if (const auto error = replaceFile(*url, *bytes)) {
+  if (const auto error = saveFile(*url, *bytes)) {
     return logUnpublished(error->localizedDescription);
   }
   _distributedNotificationCenter.post(SharedGroupsDataChangedNotification);
