@@ -25,7 +25,8 @@ Files:
   ~/.local/share/group.org.quenfold/Data/quenfold-lists.plist   the engine's cleaners
   ~/.local/share/group.org.quenfold/Data/quenfold-menu.plist    the settings of this menu
   ~/.config/org.quenfold.Menu.plist                             what this program remembers
-XDG_DATA_HOME and XDG_CONFIG_HOME move them.
+  ~/.local/state/quenfold/                                      reports of its crashes
+XDG_DATA_HOME, XDG_CONFIG_HOME and XDG_STATE_HOME move them.
 
 Which of its services work, and why others do not:
   busctl --user get-property org.quenfold.Menu /org/quenfold/Status org.quenfold.Status1 Services

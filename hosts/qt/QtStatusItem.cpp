@@ -9,7 +9,9 @@
 namespace qf {
 namespace {
 
-constexpr int panelSettlesInMs = 150;
+// A panel may draw its own ground late: it is looked at after 0.15 s, 0.45 s and so on to 4.65 s.
+constexpr int firstLookInMs = 150;
+constexpr int lastWaitInMs = 2400;
 
 /// The caller's object, not owned.
 std::shared_ptr<Menu> unowned(Menu* menu) { return {std::shared_ptr<Menu>(), menu}; }
@@ -18,7 +20,6 @@ std::shared_ptr<Menu> unowned(Menu* menu) { return {std::shared_ptr<Menu>(), men
 
 QtStatusItem::QtStatusItem(QtStatusBar& statusBar) {
   _panelTimer.setSingleShot(true);
-  _panelTimer.setInterval(panelSettlesInMs);
   connect(&_panelTimer, &QTimer::timeout, this, &QtStatusItem::lookAtPanel);
   connect(&_icon, &QSystemTrayIcon::activated, this, &QtStatusItem::openMenu);
   const auto showToolTip = [this, &statusBar] { _icon.setToolTip(statusBar.toolTip()); };
@@ -59,10 +60,12 @@ void QtStatusItem::updateIcon() {
   IconTint tint = _tint;
   if (_isHighlighted) tint.state = IconTint::State::highlighted;
   if (!_isEnabled) tint.state = IconTint::State::disabled;
-  _icon.setIcon(iconForImage(*_image, tint, [this] { _panelTimer.start(); }));
+  _icon.setIcon(iconForImage(*_image, tint, [this] { _panelTimer.start(firstLookInMs); }));
 }
 
 void QtStatusItem::lookAtPanel() {
+  const int nextWait = 2 * _panelTimer.interval();
+  if (nextWait <= lastWaitInMs) _panelTimer.start(nextWait);
   const IconTint::Panel panel = panelAt(_icon.geometry());
   if (panel == _tint.panel) return;
   _tint.panel = panel;
