@@ -104,10 +104,9 @@ PasteboardItem ClipboardReader::item() {
     if (!all[i]) continue;
     if (targets[i] != text) {
       item.representations.emplace_back(std::move(targets[i]), std::move(all[i]->bytes));
-    } else {
-      const auto type = _connection.atomNames({{all[i]->type}}).front();
-      const auto decoded = textFromSelection(type, all[i]->bytes);
-      item.representations.emplace_back(pasteboardTypeString, Data(decoded.begin(), decoded.end()));
+    } else if (const auto decoded = textOf(*all[i])) {
+      item.representations.emplace_back(pasteboardTypeString,
+                                        Data(decoded->begin(), decoded->end()));
     }
   }
   return item;
@@ -118,10 +117,15 @@ std::optional<std::string> ClipboardReader::fetchText(SelectionFetch& fetch,
   if (fetch.ownerFailed()) return std::nullopt;
   const xcb_atom_t atoms[] = {_connection.atom(target)};
   const auto data = std::move(fetch.fetch(atoms).front());
-  if (!data || data->format != 8) return std::nullopt;
-  const auto type = data->type == _atoms.utf8String ? std::string("UTF8_STRING")
-                                                    : _connection.atomNames({{data->type}}).front();
-  return textFromSelection(type, data->bytes);
+  return data ? textOf(*data) : std::nullopt;
+}
+
+// Some owners give what they have, whatever they are asked for.
+std::optional<std::string> ClipboardReader::textOf(const SelectionData& data) {
+  const auto type = data.type == _atoms.utf8String ? std::string("UTF8_STRING")
+                                                   : _connection.atomNames({{data.type}}).front();
+  if (data.format != 8 || !plainTextRank(type)) return std::nullopt;
+  return textFromSelection(type, data.bytes);
 }
 
 std::vector<std::string> ClipboardReader::fetchTargets(SelectionFetch& fetch) {

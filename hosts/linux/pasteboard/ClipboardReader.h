@@ -12,6 +12,7 @@
 namespace qf {
 
 class SelectionFetch;
+struct SelectionData;
 
 /// Reads the clipboard from whichever application owns it, on a connection of its own. Any thread;
 /// one reading waits for the other.
@@ -26,6 +27,7 @@ class ClipboardReader {
 
  private:
   std::optional<std::string> fetchText(SelectionFetch& fetch, const std::string& target);
+  std::optional<std::string> textOf(const SelectionData& data);
   std::vector<std::string> fetchTargets(SelectionFetch& fetch);
 
   std::mutex _mutex;
