@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "foundation/Value.h"
+
+#include <gtest/gtest.h>
+
+#include "foundation/NotificationCenter.h"
+#include "foundation/Text.h"
+
+namespace qf {
+namespace {
+
+TEST(Dictionary, KeepsOrderThroughGrowthAndRemoval) {
+  Dictionary dictionary;
+  for (int i = 0; i < 1000; ++i) dictionary.set("key " + std::to_string(i), i);
+  dictionary.set("key 3", "again");
+  for (int i = 0; i < 1000; i += 2) dictionary.remove("key " + std::to_string(i));
+  dictionary.remove("none");
+  ASSERT_EQ(dictionary.size(), 500U);
+  EXPECT_EQ(dictionary.begin()->first, "key 1");
+  EXPECT_EQ(*dictionary.string("key 3"), "again");
+  EXPECT_FALSE(dictionary.contains("key 998"));
+  EXPECT_EQ(dictionary.find("key 999")->integerValue(), 999);
+  for (int i = 1; i < 989; i += 2) dictionary.remove("key " + std::to_string(i));
+  EXPECT_EQ(dictionary.size(), 6U);  // few enough again for no index
+  EXPECT_EQ(dictionary.find("key 999")->integerValue(), 999);
+}
+
+TEST(Dictionary, MadeOfEntriesKeepsTheLastOfEqualKeys) {
+  std::vector<Dictionary::Entry> entries;
+  for (int i = 0; i < 100; ++i) entries.emplace_back("key " + std::to_string(i % 50), i);
+  const Dictionary dictionary(entries);
+  EXPECT_EQ(dictionary.size(), 50U);
+  EXPECT_EQ(dictionary.find("key 7")->integerValue(), 57);
+  EXPECT_EQ(dictionary.begin()->first, "key 0");
+  Dictionary other(dictionary);
+  EXPECT_EQ(other, dictionary);
+  other.set("key 7", 1);
+  EXPECT_NE(other, dictionary);
+}
+
+TEST(Value, ReadsAsANumberOrATruthValue) {
+  const struct {
+    Value value;
+    std::int64_t integer;
+    bool truth;
+  } cases[] = {
+      {true, 1, true},
+      {-5, -5, true},
+      {UINT64_MAX, INT64_MAX, true},
+      {2.9, 2, true},
+      {-1e300, INT64_MIN, true},
+      {" +12x", 12, true},
+      {"0x", 0, false},
+      {"Yes", 0, true},
+      {" -007", -7, true},
+      {"99999999999999999999", INT64_MAX, true},
+      {Array{1}, 0, false},
+      {0.0, 0, false},
+  };
+  for (const auto& [value, integer, truth] : cases) {
+    EXPECT_EQ(value.integerValue(), integer) << value.description();
+    EXPECT_EQ(value.boolValue(), truth) << value.description();
+  }
+  EXPECT_EQ(Value(-1).unsignedIntegerValue(), UINT64_MAX);
+  EXPECT_NE(Value(1), Value(true));
+  EXPECT_NE(Value(-1), Value(UINT64_MAX));
+}
+
+TEST(Value, CopiesAndMovesOfEveryKindAreIndependent) {
+  const Value values[] = {true, 1, 1.5, Date{1}, UID{1}, "text", Data{1}, Array{1}, Dictionary{}};
+  for (const Value& first : values) {
+    for (const Value& second : values) {
+      Value copy = first;
+      copy = second;
+      EXPECT_EQ(copy, second);
+      Value moved = std::move(copy);
+      copy = first;
+      EXPECT_EQ(copy, first);
+      EXPECT_EQ(moved, second);
+      moved = *&moved;
+      EXPECT_EQ(moved, second);
+    }
+  }
+  EXPECT_EQ(Value(Dictionary{{"a b", Array{"x", 1, Data{255}}}}).description(),
+            "{\"a b\" = (x, 1, <ff>);}");
+}
+
+TEST(Text, FollowsUnicodeNotTheLocale) {
+  EXPECT_EQ(uppercased("straße ǆ i"), "STRASSE Ǆ I");
+  EXPECT_EQ(lowercased("ÀI"), "ài");
+  EXPECT_EQ(utf16Length("a\U0001F600\xFF"), 4U);
+}
+
+TEST(NotificationCenter, HandlersMayAddAndRemoveOthers) {
+  NotificationCenter center;
+  std::string calls;
+  NotificationCenter::ObserverID second = 0;
+  center.addObserver("a", [&] {
+    calls += '1';
+    center.removeObserver(second);
+    center.addObserver("a", [&calls] { calls += '3'; });
+  });
+  second = center.addObserver("a", [&calls] { calls += '2'; });
+  center.addObserver("b", [&calls] { calls += 'b'; });
+  center.post("a");
+  EXPECT_EQ(calls, "1");
+  center.post("b");
+  EXPECT_EQ(calls, "1b");
+}
+
+}  // namespace
+}  // namespace qf
