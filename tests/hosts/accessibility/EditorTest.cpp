@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: Apache-2.0
+// Real editors, reached the way the agent reaches them.
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QThread>
+#include <csignal>
+
+#include "hosts/linux/accessibility/AtspiAccessibility.h"
+#include "hosts/linux/pasteboard/XcbPasteboard.h"
+#include "tests/desktop/Desktop.h"
+#include "tests/support/FakeWorkspace.h"
+#include "textaccess/QFTextAccess.h"
+#include "textaccess/QFUIElement.h"
+
+namespace qf {
+namespace {
+
+using namespace desktop;
+
+const QString sample = "Grüße aus dem Büro,\n\n  zwei   Wörter\n";
+
+class RealEditor : public testing::TestWithParam<const char*> {
+ protected:
+  void SetUp() override {
+    if (qEnvironmentVariableIsEmpty("QF_SESSION")) GTEST_SKIP() << "needs a private desktop";
+    accessibility = std::make_unique<AtspiAccessibility>(pasteboard, workspace);
+    access = std::make_unique<QFTextAccess>(*accessibility, pasteboard, workspace);
+    editor = std::make_unique<Editor>(GetParam(), sample);
+    const auto process = static_cast<std::int32_t>(editor->program().processIdentifier());
+    workspace.applications = {{std::nullopt, GetParam(), process}};
+    workspace.frontmost = process;
+  }
+
+  std::optional<QFUIElement> road() {
+    return QFUIElement::frontAppFocusedElement(workspace.frontmost, *access);
+  }
+
+  XcbPasteboard pasteboard;
+  FakeWorkspace workspace;
+  std::unique_ptr<AtspiAccessibility> accessibility;
+  std::unique_ptr<QFTextAccess> access;
+  std::unique_ptr<Editor> editor;
+};
+
+INSTANTIATE_TEST_SUITE_P(Editors, RealEditor, testing::Values("mousepad", "featherpad"),
+                         [](const auto& editor) { return std::string(editor.param); });
+
+TEST_P(RealEditor, ShowsFocusAndEnabledItems) {
+  editor->reset(sample, false);
+  const auto element = road();
+  ASSERT_TRUE(element);
+  EXPECT_TRUE(element->isEditableTextArea());
+  EXPECT_EQ(element->role(), "AXTextArea");
+  const auto value = element->value();
+  ASSERT_TRUE(value);
+  EXPECT_EQ(std::get<std::string>(*value), sample.toStdString());
+  EXPECT_EQ(element->window()->role(), "AXWindow");
+  EXPECT_EQ(element->processID(), workspace.frontmost);
+  EXPECT_TRUE(QFUIElement::focusedElement(*access)->isEditableTextArea());
+
+  const auto copy = element->menuItemWithShortcut("C", "0");
+  ASSERT_TRUE(copy);
+  EXPECT_EQ(copy->role(), "AXMenuItem");
+  EXPECT_TRUE(element->menuItemWithShortcut("V", "0"));
+  EXPECT_TRUE(element->menuItemWithShortcut("A", "0")->enabled());
+  EXPECT_FALSE(copy->enabled());
+  editor->reset(sample);
+  EXPECT_TRUE(copy->enabled());
+  EXPECT_FALSE(element->menuItemWithShortcut("c", "0"));
+}
+
+TEST_P(RealEditor, CopiesAndPastesWithAndWithoutSelection) {
+  for (const bool isSelected : {true, false}) {
+    editor->reset(sample, isSelected);
+    clipboard::setText("old");
+    const auto element = road();
+    ASSERT_TRUE(element && element->copyToClipboard());
+    EXPECT_EQ(pasteboard.string(), sample.toStdString());
+    pasteboard.setString("Neues\n");
+    EXPECT_TRUE(element->pasteFromClipboard());
+    EXPECT_TRUE(until([&] { return editor->text() == "Neues\n"; })) << qPrintable(editor->text());
+  }
+}
+
+TEST_P(RealEditor, StoppedBeforeOrOnTheRoadIsLeftAlone) {
+  for (const bool isFoundBefore : {false, true}) {
+    editor->reset(sample);
+    clipboard::setText("old");
+    auto element = road();
+    ASSERT_TRUE(element && element->menuItemWithShortcut("C", "0"));
+
+    editor->program().signal(SIGSTOP);
+    QElapsedTimer timer;
+    timer.start();
+    if (!isFoundBefore) element = road();
+    if (element) element->copyToClipboard();
+    EXPECT_LT(timer.elapsed(), 2000);
+    EXPECT_EQ(element.has_value(), isFoundBefore);
+    EXPECT_FALSE(element && element->pasteFromClipboard());
+
+    editor->program().signal(SIGCONT);
+    QThread::msleep(700);
+    EXPECT_EQ(editor->text(), sample);
+    EXPECT_EQ(clipboard::text(), "old");
+  }
+}
+
+}  // namespace
+}  // namespace qf

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QSet>
+#include <QThread>
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <vector>
+
+namespace qf {
+
+/// An application on the accessibility bus that does what a test tells it: it answers from a tree
+/// of objects, late or never. It has a thread and a connection of its own, so that the test may
+/// block; to others it is this process. Any thread.
+class FakeAtspiApplication : public QDBusVirtualObject {
+ public:
+  struct Object {
+    uint role = 0;
+    QSet<int> states;
+    QString keyBinding;
+    int parent = 0;
+    std::vector<int> children;
+    std::function<void()> onAction;
+  };
+  static constexpr int root = 0;
+
+  FakeAtspiApplication();
+  ~FakeAtspiApplication() override;
+
+  /// Adds an object that shows and is sensitive.
+  int add(int parent, uint role, const QString& keyBinding = {});
+  void change(int object, const std::function<void(Object&)>& change);
+  void setState(int object, int state, bool isOn);
+  void sendWindowEvent(int window, const QString& event);
+
+  void setDelay(std::chrono::milliseconds delay) { _delay = delay; }
+  /// Takes questions without answering them.
+  void setSilent(bool isSilent) { _isSilent = isSilent; }
+
+  /// How often each method was called since this was last asked.
+  std::map<QString, int> takeCalls();
+
+ private:
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+  QString introspect(const QString&) const override { return {}; }
+  QVariantList answer(const QDBusMessage& message, const Object& object);
+
+  QThread _thread;
+  QDBusConnection _connection;
+  std::recursive_mutex _mutex;
+  std::map<int, Object> _objects;
+  std::map<QString, int> _calls;
+  std::atomic<std::chrono::milliseconds> _delay = std::chrono::milliseconds(0);
+  std::atomic<bool> _isSilent = false;
+};
+
+}  // namespace qf

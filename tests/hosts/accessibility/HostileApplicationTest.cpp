@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: Apache-2.0
+// Applications that no toolkit would make, and what real ones do seldom.
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <QElapsedTimer>
+#include <thread>
+
+#include "hosts/linux/accessibility/AtspiAccessibility.h"
+#include "hosts/linux/accessibility/AtspiRole.h"
+#include "tests/desktop/Desktop.h"
+#include "tests/hosts/accessibility/FakeAtspiApplication.h"
+#include "tests/support/FakePasteboard.h"
+#include "tests/support/FakeWorkspace.h"
+#include "textaccess/QFTextAccess.h"
+#include "textaccess/QFUIElement.h"
+
+namespace qf {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::SizeIs;
+
+constexpr int active = 1, focused = 12, sensitive = 24, showing = 25;
+
+class HostileApplication : public testing::Test {
+ protected:
+  struct Editor {
+    int window, bar, edit, copy, paste, text;
+  };
+
+  void SetUp() override {
+    if (qEnvironmentVariableIsEmpty("QF_SESSION")) GTEST_SKIP() << "needs a private desktop";
+    accessibility = std::make_unique<AtspiAccessibility>(pasteboard, workspace);
+    access = std::make_unique<QFTextAccess>(*accessibility, pasteboard, workspace);
+    application = std::make_unique<FakeAtspiApplication>();
+    editor = addEditor();
+    application->setState(editor.window, active, true);
+  }
+
+  Editor addEditor() {
+    Editor made{};
+    made.window = application->add(FakeAtspiApplication::root, atspirole::frame);
+    made.bar = application->add(made.window, atspirole::menuBar);
+    const int file = application->add(made.bar, atspirole::menu);
+    application->add(file, atspirole::menuItem, "o;;<Primary>o");
+    made.edit = application->add(made.bar, atspirole::menu);
+    made.copy = application->add(made.edit, atspirole::menuItem, "c;;<Primary>c");
+    made.paste = application->add(made.edit, atspirole::menuItem, "p;;<Primary>v");
+    made.text = application->add(made.window, atspirole::text);
+    return made;
+  }
+
+  std::optional<QFUIElement> road() {
+    return QFUIElement::frontAppFocusedElement(getpid(), *access);
+  }
+  std::optional<QFUIElement> find(std::string_view key) {
+    const auto element = road();
+    return element ? element->menuItemWithShortcut(key, "0") : std::nullopt;
+  }
+  static bool press(const QFUIElement& item) { return item.elementRef()->performAction("AXPress"); }
+  /// Whether a press reaches that object.
+  bool reaches(const QFUIElement& item, int object) {
+    bool wasPressed = false;
+    application->change(object,
+                        [&](auto& pressed) { pressed.onAction = [&] { wasPressed = true; }; });
+    return press(item) && wasPressed;
+  }
+
+  FakePasteboard pasteboard;
+  FakeWorkspace workspace;
+  std::unique_ptr<AtspiAccessibility> accessibility;
+  std::unique_ptr<QFTextAccess> access;
+  std::unique_ptr<FakeAtspiApplication> application;
+  Editor editor;
+};
+
+TEST_F(HostileApplication, SlowOneIsStillServed) {
+  application->setDelay(200ms);
+  EXPECT_TRUE(find("C"));
+}
+
+TEST_F(HostileApplication, SilentOneCountsAsGoneForTheRestOfTheRoad) {
+  const auto copy = find("C");
+  ASSERT_TRUE(copy);
+  application->setSilent(true);
+  EXPECT_FALSE(press(*copy));
+  application->setSilent(false);
+  application->takeCalls();
+  EXPECT_FALSE(press(*copy));
+  EXPECT_FALSE(copy->enabled());
+  EXPECT_FALSE(copy->parent());
+  EXPECT_THAT(application->takeCalls(), SizeIs(0));
+  EXPECT_TRUE(find("C"));
+}
+
+TEST_F(HostileApplication, CirclesAndCrowdsAreCut) {
+  application->change(editor.edit, [&](auto& menu) {
+    menu.children.insert(menu.children.begin(), {editor.bar, editor.edit});
+  });
+  application->change(editor.copy, [&](auto& item) { item.children = {editor.edit}; });
+  const int crowd = application->add(editor.bar, atspirole::menu);
+  for (int i = 0; i < 100'000; ++i) application->add(crowd, atspirole::menuItem);
+  application->change(editor.window, [&](auto& window) { window.parent = editor.window; });
+  EXPECT_TRUE(find("V"));
+  EXPECT_FALSE(find("X"));
+}
+
+TEST_F(HostileApplication, SecondRoadMakesNoSearchButSeesChanges) {
+  application->setState(editor.text, focused, true);
+  ASSERT_TRUE(find("C"));
+  application->takeCalls();
+  ASSERT_TRUE(find("C"));
+  auto calls = application->takeCalls();
+  EXPECT_EQ(calls["GetChildren"], 3)
+      << "the application, the bar and the menu that was looked into";
+  EXPECT_EQ(calls["GetKeyBinding"], 2) << "its items";
+  EXPECT_EQ(calls["GetRole"], 3) << "the window, the text, and the window above it";
+
+  const int moved = application->add(editor.edit, atspirole::menuItem, "Ctrl+C");
+  application->change(editor.copy, [](auto& item) { item.keyBinding = "Ctrl+Y"; });
+  const auto copy = find("C");
+  ASSERT_TRUE(copy);
+  EXPECT_TRUE(reaches(*copy, moved));
+}
+
+TEST_F(HostileApplication, PressWaitsUntilTheItemIsSensitive) {
+  const auto copy = find("C");
+  ASSERT_TRUE(copy);
+  application->setState(editor.copy, sensitive, false);
+  EXPECT_FALSE(copy->enabled());
+  EXPECT_FALSE(press(*copy));
+  EXPECT_EQ(application->takeCalls()["DoAction"], 0);
+
+  std::thread later([&] {
+    std::this_thread::sleep_for(300ms);
+    application->setState(editor.copy, sensitive, true);
+  });
+  EXPECT_TRUE(reaches(*copy, editor.copy));
+  later.join();
+}
+
+TEST_F(HostileApplication, TerminalsOwnCopyKeysAreShownAsPlain) {
+  for (const int item : {editor.copy, editor.paste})
+    application->change(item, [](auto& changed) {
+      changed.keyBinding = changed.keyBinding.replace("<Primary>", "<Primary><Shift>");
+    });
+  EXPECT_TRUE(find("C"));
+  EXPECT_TRUE(find("V"));
+
+  application->add(editor.edit, atspirole::menuItem, "x;;<Primary>a");
+  EXPECT_FALSE(find("C"));
+}
+
+TEST_F(HostileApplication, FullerOfTwoBarsAndPopupsInBetween) {
+  const int otherBar = application->add(editor.window, atspirole::menuBar);
+  int copy = 0;
+  for (int i = 0; i < 3; ++i) {
+    const int item = application->add(otherBar, atspirole::menuItem);
+    const int popup = application->add(item, atspirole::popupMenu);
+    const int submenu = application->add(popup, atspirole::menuItem);
+    copy = application->add(application->add(submenu, atspirole::popupMenu), atspirole::menuItem,
+                            i == 2 ? "Ctrl+C" : "");
+  }
+  const auto found = find("C");
+  ASSERT_TRUE(found);
+  EXPECT_EQ(found->parent()->role(), "AXMenu");
+  EXPECT_EQ(found->parent()->parent()->role(), "AXMenuItem");
+  EXPECT_TRUE(reaches(*found, copy));
+}
+
+TEST_F(HostileApplication, SingleMenuIsFoundToo) {
+  application->change(editor.bar, [](auto& bar) { bar.children.erase(bar.children.begin()); });
+  EXPECT_TRUE(find("C"));
+}
+
+TEST_F(HostileApplication, WindowWithTheInputIsTheOneThatIsReached) {
+  const Editor second = addEditor();
+  application->setState(editor.window, active, false);
+  application->setState(second.window, active, true);
+  EXPECT_TRUE(reaches(*find("C"), second.copy));
+  // Our own menu is open.
+  application->setState(second.window, active, false);
+  EXPECT_TRUE(reaches(*find("C"), second.copy));
+
+  // It was active before anybody asked.
+  application->sendWindowEvent(editor.window, "Deactivate");
+  EXPECT_TRUE(desktop::until([&] { return reaches(*find("C"), editor.copy); }, 5s));
+
+  const int dialog = application->add(FakeAtspiApplication::root, atspirole::dialog);
+  application->setState(dialog, active, true);
+  EXPECT_FALSE(find("C"));
+  application->setState(dialog, showing, false);
+  application->setState(dialog, active, false);
+  EXPECT_TRUE(reaches(*find("C"), editor.copy));
+}
+
+TEST_F(HostileApplication, FocusIsRememberedWhileItIsHidden) {
+  const int panel = application->add(editor.window, atspirole::panel);
+  const int entry = application->add(panel, atspirole::entry);
+  EXPECT_EQ(road()->role(), "AXWindow");
+  application->setState(entry, focused, true);
+  EXPECT_EQ(road()->role(), "AXTextField");
+  application->setState(entry, focused, false);
+  EXPECT_EQ(road()->role(), "AXTextField");
+  application->setState(entry, showing, false);
+  EXPECT_EQ(road()->role(), "AXWindow");
+}
+
+}  // namespace
+}  // namespace qf
