@@ -14,8 +14,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// With four questions under way, 250 ms for each are within the limit of the last.
-constexpr std::size_t cautious = 4;
+// With two questions under way, nearly half the limit is left to each.
+constexpr std::size_t cautious = 2;
 constexpr std::size_t eager = 256;
 constexpr std::chrono::milliseconds quick{10};
 

@@ -34,6 +34,10 @@ class AtspiApplication {
   std::vector<QDBusMessage> ask(const std::vector<QDBusMessage>& questions);
   QDBusMessage ask(const QDBusMessage& question);
 
+  /// Whether the last Copy pressed on this road reached the clipboard; true before the first.
+  bool hasCopied() const { return _hasCopied; }
+  void setHasCopied(bool hasCopied) { _hasCopied = hasCopied; }
+
   std::vector<AtspiReference> children(const AtspiReference& object);
   AtspiStates states(const AtspiReference& object);
 
@@ -42,6 +46,7 @@ class AtspiApplication {
   std::int32_t _processIdentifier;
   std::vector<AtspiReference> _roots;
   bool _isThere;
+  bool _hasCopied = true;
   std::size_t _mostUnderWay;
 };
 

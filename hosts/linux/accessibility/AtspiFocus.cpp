@@ -13,7 +13,13 @@ namespace {
 
 constexpr std::size_t mostObjects = 2000;
 constexpr int deepest = 40;
-constexpr int mostMatches = 4;
+
+/// Objects that may have any number of others below them, none of which takes text.
+bool isCrowd(uint role, AtspiStates states) {
+  return role == atspirole::menuBar || role == atspirole::list || role == atspirole::table ||
+         role == atspirole::tree || role == atspirole::treeTable ||
+         states.has(AtspiState::managesDescendants);
+}
 
 bool isShown(AtspiStates states) {
   return states.has(AtspiState::showing) && !states.has(AtspiState::defunct);
@@ -52,12 +58,12 @@ class FocusWalk {
     std::vector<AtspiReference> open;
     for (std::size_t i = 0; i < _level.size(); ++i) {
       const AtspiStates states = atspi::states(answers[2 * i]);
-      if (!states.has(_shown) || atspi::number(answers[2 * i + 1]) == atspirole::menuBar) continue;
+      if (!states.has(_shown)) continue;
       const bool isEditable = states.has(AtspiState::editable);
       if (states.has(AtspiState::focused) && (isEditable || _focused.isNull()))
         _focused = _level[i];
       if (states.has(AtspiState::focused) && isEditable) return true;
-      if (!states.has(AtspiState::managesDescendants)) open.push_back(_level[i]);
+      if (!isCrowd(atspi::number(answers[2 * i + 1]), states)) open.push_back(_level[i]);
     }
     _level = std::move(open);
     return false;
@@ -78,15 +84,6 @@ class FocusWalk {
   std::size_t _count = 0;
 };
 
-AtspiReference preferEditable(AtspiApplication& application,
-                              const std::vector<AtspiReference>& objects) {
-  if (objects.size() > 1) {
-    for (const AtspiReference& object : objects)
-      if (application.states(object).has(AtspiState::editable)) return object;
-  }
-  return objects.front();
-}
-
 }  // namespace
 
 AtspiReference findFocusedObject(AtspiApplication& application, const AtspiReference& window,
@@ -94,14 +91,7 @@ AtspiReference findFocusedObject(AtspiApplication& application, const AtspiRefer
   const AtspiStates states = remembered.isNull() ? AtspiStates() : application.states(remembered);
   if (isShown(states) && (!windowIsActive || states.has(AtspiState::focused))) return remembered;
 
-  const QDBusMessage collected = application.ask(
-      atspi::getMatches(window, {AtspiState::focused, AtspiState::showing}, mostMatches));
-  const auto matches = atspi::references(collected);
-  if (!matches.empty()) return preferEditable(application, matches);
-
-  const bool hasCollection = collected.type() == QDBusMessage::ReplyMessage;
-  const AtspiReference found =
-      hasCollection ? AtspiReference() : FocusWalk(application, window).run();
+  const AtspiReference found = FocusWalk(application, window).run();
   return found.isNull() && isShown(states) ? remembered : found;
 }
 

@@ -62,7 +62,8 @@ std::optional<AccessibilityValue> AtspiMenuElement::copyAttributeValue(
 
 bool AtspiMenuElement::performAction(std::string_view action) {
   return action == "AXPress" && _node.kind == Kind::item &&
-         pressMenuItem(_application->application(), _node.source, _application->pasteboard());
+         pressMenuItem(_application->application(), _node.source, _node.key,
+                       _application->pasteboard());
 }
 
 std::optional<std::int32_t> AtspiMenuElement::processIdentifier() const {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/accessibility/AtspiMenuPress.h"
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -13,17 +14,22 @@ namespace {
 
 using namespace std::chrono_literals;
 
+using Clock = std::chrono::steady_clock;
+
 constexpr auto sensitiveLimit = 1s;
 constexpr auto sensitiveInterval = 5ms;
 constexpr auto actionLimit = 250ms;
+constexpr auto copyLimit = 300ms;
 constexpr auto actionInterval = 2ms;
 
+const AtspiKeyBinding copyKey{"C", 0};
+const AtspiKeyBinding pasteKey{"V", 0};
+
 /// Asks again and again until the condition holds; false when the time is up first.
-template <class Condition, class Limit, class Interval>
-bool waitUntil(Limit limit, Interval interval, Condition condition) {
-  const auto deadline = std::chrono::steady_clock::now() + limit;
+template <class Interval, class Condition>
+bool waitUntil(Clock::time_point deadline, Interval interval, Condition condition) {
   while (!condition()) {
-    if (std::chrono::steady_clock::now() > deadline) return false;
+    if (Clock::now() > deadline) return false;
     std::this_thread::sleep_for(interval);
   }
   return true;
@@ -32,8 +38,13 @@ bool waitUntil(Limit limit, Interval interval, Condition condition) {
 }  // namespace
 
 bool pressMenuItem(AtspiApplication& application, const AtspiReference& item,
-                   const Pasteboard& pasteboard) {
-  const bool isSensitive = waitUntil(sensitiveLimit, sensitiveInterval, [&] {
+                   const std::optional<AtspiKeyBinding>& key, const Pasteboard& pasteboard) {
+  const bool isCopy = key == copyKey;
+  if (key == pasteKey && !application.hasCopied()) return false;
+  if (isCopy) application.setHasCopied(false);
+
+  const Clock::time_point start = Clock::now();
+  const bool isSensitive = waitUntil(start + sensitiveLimit, sensitiveInterval, [&] {
     return !application.isThere() || application.states(item).has(AtspiState::sensitive);
   });
   if (!isSensitive || !application.isThere()) return false;
@@ -42,8 +53,11 @@ bool pressMenuItem(AtspiApplication& application, const AtspiReference& item,
   const QDBusMessage answer = application.ask(atspi::doAction(item));
   if (answer.type() != QDBusMessage::ReplyMessage) return false;
   // Qt acts before it answers, GTK afterwards.
-  const bool hasChanged = waitUntil(actionLimit, actionInterval,
-                                    [&] { return pasteboard.changeCount() != changeCount; });
+  const Clock::time_point deadline =
+      std::max(Clock::now() + actionLimit, isCopy ? start + copyLimit : start);
+  const bool hasChanged =
+      waitUntil(deadline, actionInterval, [&] { return pasteboard.changeCount() != changeCount; });
+  if (isCopy) application.setHasCopied(hasChanged);
   return hasChanged || atspi::truth(answer);
 }
 

@@ -2,31 +2,9 @@
 #include "hosts/linux/accessibility/AtspiMessages.h"
 
 #include <QDBusArgument>
-#include <QDBusMetaType>
 #include <QDBusVariant>
-#include <QMap>
 
 namespace qf::atspi {
-
-/// The first argument of Collection.GetMatches, "(aiia{ss}iaiiasib)".
-struct MatchRule {
-  QList<int> states;
-};
-
-QDBusArgument& operator<<(QDBusArgument& argument, const MatchRule& rule) {
-  constexpr int matchAll = 1;
-  const QList<int> noRoles(4, 0);
-  argument.beginStructure();
-  argument << rule.states << matchAll;
-  argument.beginMap(QMetaType::fromType<QString>(), QMetaType::fromType<QString>());
-  argument.endMap();
-  argument << matchAll << noRoles << matchAll << QStringList() << matchAll << false;
-  argument.endStructure();
-  return argument;
-}
-
-// Rules are never received; registering a type asks for both directions.
-const QDBusArgument& operator>>(const QDBusArgument& argument, MatchRule&) { return argument; }
 
 namespace {
 
@@ -116,19 +94,6 @@ QDBusMessage doAction(const AtspiReference& object) {
   return call(object, action, QStringLiteral("DoAction"), {0});
 }
 
-QDBusMessage getMatches(const AtspiReference& object, std::initializer_list<AtspiState> states,
-                        int count) {
-  static const bool isRegistered = qDBusRegisterMetaType<MatchRule>().isValid();
-  Q_UNUSED(isRegistered);
-  constexpr uint canonicalOrder = 1;
-  std::uint64_t bits = 0;
-  for (const AtspiState state : states) bits |= AtspiStates::of(state).bits;
-  const MatchRule rule{{static_cast<int>(bits & 0xffffffff), static_cast<int>(bits >> 32)}};
-  return call(
-      object, QStringLiteral("org.a11y.atspi.Collection"), QStringLiteral("GetMatches"),
-      {QVariant::fromValue(rule), canonicalOrder, count, /* below the children too */ true});
-}
-
 std::vector<AtspiReference> references(const QDBusMessage& answer) {
   std::vector<AtspiReference> result;
   if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != QLatin1String("a(so)"))
@@ -170,5 +135,3 @@ AtspiStates states(const QDBusMessage& answer) {
 }
 
 }  // namespace qf::atspi
-
-Q_DECLARE_METATYPE(qf::atspi::MatchRule)

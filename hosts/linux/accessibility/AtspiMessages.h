@@ -3,7 +3,6 @@
 
 #include <QDBusMessage>
 #include <QString>
-#include <initializer_list>
 #include <vector>
 
 #include "hosts/linux/accessibility/AtspiReference.h"
@@ -26,9 +25,6 @@ QDBusMessage grabFocus(const AtspiReference& object);
 /// Of the object's first action.
 QDBusMessage getKeyBinding(const AtspiReference& object);
 QDBusMessage doAction(const AtspiReference& object);
-/// The objects below that have all of these states, at most `count`.
-QDBusMessage getMatches(const AtspiReference& object, std::initializer_list<AtspiState> states,
-                        int count);
 
 QDBusMessage methodCall(const QString& service, const QString& path, const QString& interface,
                         const QString& method, const QVariantList& arguments = {});

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <unistd.h>
 
-#include <QElapsedTimer>
+#include <atomic>
 #include <thread>
 
 #include "hosts/linux/accessibility/AtspiAccessibility.h"
@@ -22,6 +22,13 @@ using namespace std::chrono_literals;
 using testing::SizeIs;
 
 constexpr int active = 1, focused = 12, sensitive = 24, showing = 25;
+
+/// Whose changes one thread counts while another makes them.
+class CountedPasteboard : public FakePasteboard {
+ public:
+  std::int64_t changeCount() const override { return changes; }
+  std::atomic<std::int64_t> changes = 0;
+};
 
 class HostileApplication : public testing::Test {
  protected:
@@ -67,7 +74,7 @@ class HostileApplication : public testing::Test {
     return press(item) && wasPressed;
   }
 
-  FakePasteboard pasteboard;
+  CountedPasteboard pasteboard;
   FakeWorkspace workspace;
   std::unique_ptr<AtspiAccessibility> accessibility;
   std::unique_ptr<QFTextAccess> access;
@@ -138,6 +145,20 @@ TEST_F(HostileApplication, PressWaitsUntilTheItemIsSensitive) {
   });
   EXPECT_TRUE(reaches(*copy, editor.copy));
   later.join();
+}
+
+TEST_F(HostileApplication, NothingIsPastedAfterACopyThatBroughtNothing) {
+  const auto element = road();
+  const auto copy = element->menuItemWithShortcut("C", "0");
+  const auto paste = element->menuItemWithShortcut("V", "0");
+  EXPECT_TRUE(reaches(*paste, editor.paste));
+  EXPECT_TRUE(reaches(*copy, editor.copy));
+  ++pasteboard.changes;  // somebody else's
+  EXPECT_FALSE(reaches(*paste, editor.paste));
+  application->change(editor.copy,
+                      [&](auto& item) { item.onAction = [&] { ++pasteboard.changes; }; });
+  EXPECT_TRUE(press(*copy));
+  EXPECT_TRUE(reaches(*paste, editor.paste));
 }
 
 TEST_F(HostileApplication, TerminalsOwnCopyKeysAreShownAsPlain) {
