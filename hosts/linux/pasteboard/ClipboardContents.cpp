@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "foundation/Unicode.h"
 #include "hosts/linux/pasteboard/ClipboardText.h"
 
 namespace qf {
@@ -42,9 +43,10 @@ void ClipboardContents::offer(std::string target, std::string type,
 void ClipboardContents::offerSpellings(std::shared_ptr<const Data> text) {
   offer("UTF8_STRING", "UTF8_STRING", text);
   offer("text/plain", "text/plain", text);
-  if (auto latin1 = latin1FromText(*text)) {
-    const bool isASCII = latin1->size() == text->size();
-    offer("STRING", "STRING", isASCII ? text : std::make_shared<const Data>(std::move(*latin1)));
+  if (isASCII({reinterpret_cast<const char*>(text->data()), text->size()})) {
+    offer("STRING", "STRING", text);
+  } else if (auto latin1 = latin1FromText(*text)) {
+    offer("STRING", "STRING", std::make_shared<const Data>(std::move(*latin1)));
   }
   offer("TEXT", "UTF8_STRING", text);
 }
