@@ -10,13 +10,13 @@ namespace qf::bench {
 namespace {
 
 // As a reader leaves them in memory.
-Value readListData(benchmark::State& state) {
+Value readListData(benchmark::State& state, PropertyListFormat format) {
   const Value made = listData(static_cast<int>(state.range(0)));
-  return *readPropertyList(*writePropertyList(made, PropertyListFormat::binary));
+  return *readPropertyList(*writePropertyList(made, format));
 }
 
 void write(benchmark::State& state, PropertyListFormat format) {
-  const Value list = readListData(state);
+  const Value list = readListData(state, format);
   for (auto _ : state) benchmark::DoNotOptimize(writePropertyList(list, format));
 }
 
@@ -26,7 +26,7 @@ void read(benchmark::State& state, PropertyListFormat format) {
 }
 
 void archive(benchmark::State& state) {
-  const Value list = readListData(state);
+  const Value list = readListData(state, PropertyListFormat::binary);
   for (auto _ : state) benchmark::DoNotOptimize(archiveKeyed(list));
 }
 

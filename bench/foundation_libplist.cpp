@@ -27,9 +27,8 @@ void libplistRead(benchmark::State& state, PropertyListFormat format) {
 }
 
 void libplistWrite(benchmark::State& state, PropertyListFormat format) {
-  const auto binary = PropertyListFormat::binary;
-  const Data bytes = *writePropertyList(listData(static_cast<int>(state.range(0))), binary);
-  plist_t root = parse(bytes, binary);
+  const Data bytes = *writePropertyList(listData(static_cast<int>(state.range(0))), format);
+  plist_t root = parse(bytes, format);
   for (auto _ : state) {
     char* text = nullptr;
     uint32_t size = 0;
@@ -44,7 +43,7 @@ void libplistWrite(benchmark::State& state, PropertyListFormat format) {
   plist_free(root);
 }
 
-#define QF_SIZES ->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)
+#define QF_SIZES ->Arg(1'000)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)
 BENCHMARK_CAPTURE(libplistRead, xml, PropertyListFormat::xml) QF_SIZES;
 BENCHMARK_CAPTURE(libplistWrite, xml, PropertyListFormat::xml) QF_SIZES;
 BENCHMARK_CAPTURE(libplistRead, binary, PropertyListFormat::binary) QF_SIZES;

@@ -2,11 +2,12 @@
 #include <algorithm>
 #include <bit>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "foundation/BinaryPropertyList.h"
+#include "foundation/ByteSink.h"
 #include "foundation/DateText.h"
+#include "foundation/KeyedHash.h"
 #include "foundation/Unicode.h"
 
 namespace qf {
@@ -59,6 +60,11 @@ class BinaryWriter {
     std::size_t count;
   };
 
+  struct Known {
+    std::uint32_t hash = 0;
+    Index number = 0;  // the object's, counted from 1
+  };
+
   std::nullopt_t fail(std::string_view problem) {
     _problem = problem;
     return std::nullopt;
@@ -99,8 +105,6 @@ class BinaryWriter {
   }
 
   std::optional<Index> addString(std::string_view text) {
-    const auto known = _strings.find(text);
-    if (known != _strings.end()) return known->second;
     const std::size_t start = _scalars.size();
     if (isASCII(text)) {
       appendMarker(_scalars, 0x50, text.size());
@@ -111,25 +115,42 @@ class BinaryWriter {
       appendMarker(_scalars, 0x60, units.size());
       for (const char16_t unit : units) appendNumber(_scalars, unit, 2);
     }
-    _objects.push_back({0, start, _scalars.size() - start});
-    const auto index = static_cast<Index>(_objects.size() - 1);
-    _strings.emplace(text, index);
-    return index;
+    return addScalar(start);
   }
 
   // The object whose bytes have been put at the end of `_scalars`; they are taken back when an
   // equal one stands there already.
   Index addScalar(std::size_t start) {
     const std::size_t count = _scalars.size() - start;
-    const auto* first = reinterpret_cast<const char*>(_scalars.data()) + start;
-    const auto [known, isNew] =
-        _others.try_emplace(std::string(first, count), static_cast<Index>(_objects.size()));
-    if (isNew) {
-      _objects.push_back({0, start, count});
-    } else {
+    if (_known.size() < (_objects.size() + 1) * 2) growIndex();
+    const std::string_view bytes = scalar(start, count);
+    const auto hash = static_cast<std::uint32_t>(keyedHash(bytes));
+    std::size_t place = hash & (_known.size() - 1);
+    for (; _known[place].number != 0; place = (place + 1) & (_known.size() - 1)) {
+      if (_known[place].hash != hash) continue;
+      const Object& other = _objects[_known[place].number - 1];
+      if (scalar(other.start, other.count) != bytes) continue;
       _scalars.resize(start);
+      return _known[place].number - 1;
     }
-    return known->second;
+    _objects.push_back({0, start, count});
+    _known[place] = {hash, static_cast<Index>(_objects.size())};
+    return static_cast<Index>(_objects.size() - 1);
+  }
+
+  std::string_view scalar(std::size_t start, std::size_t count) const {
+    return {reinterpret_cast<const char*>(_scalars.data()) + start, count};
+  }
+
+  void growIndex() {
+    std::vector<Known> old(std::max<std::size_t>(64, _known.size() * 2));
+    old.swap(_known);
+    for (const Known& known : old) {
+      if (known.number == 0) continue;
+      std::size_t place = known.hash & (_known.size() - 1);
+      while (_known[place].number != 0) place = (place + 1) & (_known.size() - 1);
+      _known[place] = known;
+    }
   }
 
   // A container with room for its references; they start where `_references` ended.
@@ -171,40 +192,44 @@ class BinaryWriter {
 
   Data assemble() const {
     const std::size_t referenceSize = bytesFor(_objects.size() - 1);
-    Data bytes;
-    for (const char c : std::string_view("bplist00")) bytes.push_back(static_cast<std::uint8_t>(c));
+    ByteSink bytes;
+    bytes.put("bplist00");
+    std::size_t size = 8;
     std::vector<std::size_t> offsets;
     offsets.reserve(_objects.size());
+    Data marker;
     for (const Object& object : _objects) {
-      offsets.push_back(bytes.size());
+      offsets.push_back(size);
       if (object.kind == 0) {
-        const auto first = _scalars.begin() + static_cast<std::ptrdiff_t>(object.start);
-        bytes.insert(bytes.end(), first, first + static_cast<std::ptrdiff_t>(object.count));
+        bytes.put(scalar(object.start, object.count));
+        size += object.count;
         continue;
       }
-      appendMarker(bytes, object.kind, object.count);
+      marker.clear();
+      appendMarker(marker, object.kind, object.count);
+      for (const std::uint8_t byte : marker) bytes.putNumber(byte, 1);
       const std::size_t references = object.kind == 0xD0 ? object.count * 2 : object.count;
       for (std::size_t i = 0; i < references; ++i) {
-        appendNumber(bytes, _references[object.start + i], referenceSize);
+        bytes.putNumber(_references[object.start + i], referenceSize);
       }
+      size += marker.size() + references * referenceSize;
     }
-    const std::size_t table = bytes.size();
-    const std::size_t offsetSize = bytesFor(table);
-    for (const std::size_t offset : offsets) appendNumber(bytes, offset, offsetSize);
-    bytes.resize(bytes.size() + 6);
-    bytes.push_back(static_cast<std::uint8_t>(offsetSize));
-    bytes.push_back(static_cast<std::uint8_t>(referenceSize));
-    appendNumber(bytes, _objects.size(), 8);
-    appendNumber(bytes, 0, 8);
-    appendNumber(bytes, table, 8);
-    return bytes;
+    const std::size_t offsetSize = bytesFor(size);
+    for (const std::size_t offset : offsets) bytes.putNumber(offset, offsetSize);
+    bytes.putNumber(0, 6);
+    bytes.putNumber(offsetSize, 1);
+    bytes.putNumber(referenceSize, 1);
+    bytes.putNumber(_objects.size(), 8);
+    bytes.putNumber(0, 8);
+    bytes.putNumber(size, 8);
+    return bytes.bytes();
   }
 
   std::vector<Object> _objects;
   std::vector<Index> _references;
   Data _scalars;
-  std::unordered_map<std::string_view, Index> _strings;
-  std::unordered_map<std::string, Index> _others;
+  // The scalars by their bytes' hash, at its place or the next free one; a number of 0 is free.
+  std::vector<Known> _known;
   std::size_t _nodes = 0;
   std::string _problem;
 };

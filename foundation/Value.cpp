@@ -192,35 +192,40 @@ Dictionary::Dictionary(std::vector<Entry> entries) : _entries(std::move(entries)
 }
 
 std::optional<std::size_t> Dictionary::position(std::string_view key) const {
-  if (_index.empty()) {
-    for (std::size_t i = 0; i < _entries.size(); ++i) {
-      if (_entries[i].first == key) return i;
-    }
-    return std::nullopt;
-  }
-  const std::size_t mask = _index.size() - 1;
-  for (std::size_t place = keyedHash(key) & mask; _index[place] != 0; place = (place + 1) & mask) {
-    const std::size_t candidate = _index[place] - 1;
-    if (_entries[candidate].first == key) return candidate;
+  if (_index.empty()) return positionAmongFirst(_entries.size(), key);
+  const std::uint32_t found = _index[indexPlace(key)];
+  return found != 0 ? std::optional<std::size_t>(found - 1) : std::nullopt;
+}
+
+std::optional<std::size_t> Dictionary::positionAmongFirst(std::size_t count,
+                                                          std::string_view key) const {
+  for (std::size_t i = 0; i < count; ++i) {
+    if (_entries[i].first == key) return i;
   }
   return std::nullopt;
 }
 
-void Dictionary::addToIndex(std::size_t position) {
+// The place in the index that leads to the key, or the free one where it would.
+std::size_t Dictionary::indexPlace(std::string_view key) const {
   const std::size_t mask = _index.size() - 1;
-  std::size_t place = keyedHash(_entries[position].first) & mask;
-  while (_index[place] != 0) place = (place + 1) & mask;
-  _index[place] = static_cast<std::uint32_t>(position + 1);
+  std::size_t place = keyedHash(key) & mask;
+  while (_index[place] != 0 && _entries[_index[place] - 1].first != key) place = (place + 1) & mask;
+  return place;
 }
 
 // False when a key comes twice; the index is then not complete.
 bool Dictionary::buildIndex() {
   _index.clear();
-  if (_entries.size() > searchableSize) _index.resize(std::bit_ceil(_entries.size()) * 2);
+  const bool isSmall = _entries.size() <= searchableSize;
+  if (!isSmall) _index.resize(std::bit_ceil(_entries.size()) * 2);
   for (std::size_t i = 0; i < _entries.size(); ++i) {
-    const auto known = position(_entries[i].first);
-    if (known && *known < i) return false;
-    if (!_index.empty()) addToIndex(i);
+    if (isSmall) {
+      if (positionAmongFirst(i, _entries[i].first)) return false;
+      continue;
+    }
+    std::uint32_t& found = _index[indexPlace(_entries[i].first)];
+    if (found != 0) return false;
+    found = static_cast<std::uint32_t>(i + 1);
   }
   return true;
 }
@@ -255,7 +260,7 @@ void Dictionary::set(std::string_view key, Value value) {
   if (_entries.size() * 2 > _index.size()) {
     buildIndex();
   } else {
-    addToIndex(_entries.size() - 1);
+    _index[indexPlace(_entries.back().first)] = static_cast<std::uint32_t>(_entries.size());
   }
 }
 

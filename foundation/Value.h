@@ -189,7 +189,8 @@ class Dictionary {
 
  private:
   std::optional<std::size_t> position(std::string_view key) const;
-  void addToIndex(std::size_t position);
+  std::optional<std::size_t> positionAmongFirst(std::size_t count, std::string_view key) const;
+  std::size_t indexPlace(std::string_view key) const;
   bool buildIndex();
 
   std::vector<Entry> _entries;
