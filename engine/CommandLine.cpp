@@ -15,6 +15,8 @@ const std::string_view commandLineHelp =
     "  quenfold --clean TOKEN FILE...  the files, cleaned in place\n"
     "  quenfold --version, --help\n"
     "\n"
+    "Your own cleaners and groups are in ~/.config/quenfold/cleaners.json (XDG_CONFIG_HOME moves "
+    "it).\n"
     "A text that the cleaner cannot take comes out as it was, with the reason on standard error\n"
     "and exit code 1.\n";
 

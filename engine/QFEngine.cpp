@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/QFEngine.h"
 
+#include "engine/CustomListsReader.h"
 #include "foundation/Log.h"
 #include "kit/DictionaryFile.h"
 #include "kit/QFKIdentifiers.h"
@@ -23,6 +24,7 @@ const std::string* stringIn(const std::optional<Value>& value) {
 QFEngine::QFEngine(const QFEngineServices& services, std::function<void()> terminate)
     : _fileManager(services.fileManager),
       _terminate(std::move(terminate)),
+      _customFile(services.customFile, services.fileManager),
       _publisher(services.bundle, services.fileManager, services.distributedNotificationCenter),
       _pasteboardCleaner(services.pasteboards, _library),
       _fileCleaner(services.fileManager, _library),
@@ -36,7 +38,15 @@ void QFEngine::start() {
 }
 
 void QFEngine::reload() {
-  _publisher.reload();
+  const std::string file = _customFile.path().string() + ": ";
+  if (Result<CustomLists> lists = _customFile.read(_library.builtInCleaners())) {
+    _customLists = *std::move(lists);
+    for (const std::string& fault : _customLists.faults) log(file + fault);
+  } else {
+    log(file + lists.error().localizedDescription);
+  }
+  _library.setCustomCleaners(makeCustomCleaners(_customLists, _library.builtInCleaners()));
+  _publisher.reload(_customLists);
   _publisher.publish();
 }
 

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "engine/QFCleanerLibrary.h"
+#include "engine/QFCustomFile.h"
 #include "engine/QFFileCleaner.h"
 #include "engine/QFListPublisher.h"
 #include "engine/QFPasteboardCleaner.h"
@@ -30,6 +32,8 @@ struct QFEngineServices {
   FileManager& fileManager;
   Pasteboards& pasteboards;
   Workspace& workspace;
+  /// Where the person's own cleaners and groups are kept; empty for nowhere.
+  std::filesystem::path customFile;
 };
 
 /// The engine as other programs see it: offers the lists and carries out commands. It never sends
@@ -41,7 +45,9 @@ class QFEngine final : public QFKAEConnectorDelegate {
 
   /// Loads and publishes the lists and takes commands from now on.
   void start();
-  /// Loads everything anew from its files and publishes again.
+  /// Loads everything anew from its files and publishes again. What cannot be used of the person's
+  /// own is logged, with its place; while their file cannot be read at all, what it held last
+  /// counts.
   void reload();
 
   std::string remoteAppBundleIdentifier() const override;
@@ -63,6 +69,8 @@ class QFEngine final : public QFKAEConnectorDelegate {
   FileManager& _fileManager;
   std::function<void()> _terminate;
   QFCleanerLibrary _library;
+  QFCustomFile _customFile;
+  CustomLists _customLists;
   QFListPublisher _publisher;
   QFPasteboardCleaner _pasteboardCleaner;
   QFFileCleaner _fileCleaner;

@@ -2,6 +2,7 @@
 #include "engine/QFListPublisher.h"
 
 #include "engine/AtomicFile.h"
+#include "engine/ListData.h"
 #include "foundation/Log.h"
 #include "foundation/PropertyList.h"
 #include "host/Bundle.h"
@@ -32,7 +33,9 @@ Dictionary QFListPublisher::defaultListData(const Bundle& bundle, const FileMana
   return defaults.value_or(Dictionary());
 }
 
-void QFListPublisher::reload() { _listData = defaultListData(_bundle, _fileManager); }
+void QFListPublisher::reload(const CustomLists& customLists) {
+  _listData = withCustomLists(defaultListData(_bundle, _fileManager), customLists);
+}
 
 void QFListPublisher::publish() const {
   const auto url = QFKSharedContainerURL::QFKGroupsListURL(_fileManager);

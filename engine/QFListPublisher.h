@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/CustomLists.h"
 #include "foundation/Value.h"
 
 namespace qf {
@@ -21,8 +22,9 @@ class QFListPublisher {
   QFListPublisher(const Bundle& bundle, FileManager& fileManager,
                   DistributedNotificationCenter& distributedNotificationCenter);
 
-  /// Reads everything again that the list is made of.
-  void reload();
+  /// Makes the list anew: the default one, read again, and the person's own. A person's group that
+  /// has the name of a built-in one is left out, with a line in the log.
+  void reload(const CustomLists& customLists);
   const Dictionary& listData() const { return _listData; }
 
   /// Writes the file, as a whole or not at all, and tells everyone; a failure is logged and nobody

@@ -3,6 +3,9 @@
 #include <iostream>
 
 #include "engine/CommandLine.h"
+#include "engine/CustomListsReader.h"
+#include "engine/FileWatch.h"
+#include "engine/ListData.h"
 #include "engine/QFEngine.h"
 #include "engine/Scripts.h"
 #include "foundation/Log.h"
@@ -11,6 +14,7 @@
 #include "hosts/linux/bus/DBusDistributedNotificationCenter.h"
 #include "hosts/linux/files/XdgBundle.h"
 #include "hosts/linux/files/XdgFileManager.h"
+#include "hosts/linux/files/XdgFolders.h"
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
 #include "hosts/linux/workspace/LinuxWorkspace.h"
 #include "kit/QFKIdentifiers.h"
@@ -21,6 +25,35 @@ using Mode = qf::CommandLine::Mode;
 
 void logUnavailable(const qf::Availability& availability) {
   if (!availability.isAvailable) qf::log(availability.reason);
+}
+
+/// Where the person's own cleaners and groups are kept; empty where the person has no home folder.
+std::filesystem::path customFile() {
+  const auto folder = qf::xdgConfigHome();
+  return folder ? *folder / "quenfold" / "cleaners.json" : std::filesystem::path();
+}
+
+/// With its folder, so that the file can be watched before it is there.
+std::filesystem::path prepareCustomFile(qf::FileManager& fileManager) {
+  const std::filesystem::path file = customFile();
+  if (file.empty()) return file;
+  if (const auto error = fileManager.createDirectory(file.parent_path())) {
+    qf::log(error->localizedDescription);
+  }
+  return file;
+}
+
+/// The built-in cleaners and the person's own.
+qf::QFCleanerLibrary wholeLibrary(const qf::FileManager& fileManager, qf::CustomLists& lists) {
+  qf::QFCleanerLibrary library;
+  const qf::QFCustomFile file(customFile(), fileManager);
+  if (auto read = file.read(library.builtInCleaners())) {
+    lists = *std::move(read);
+  } else {
+    qf::log(file.path().string() + ": " + read.error().localizedDescription);
+  }
+  library.setCustomCleaners(qf::makeCustomCleaners(lists, library.builtInCleaners()));
+  return library;
 }
 
 /// The engine as one of this session's programs, until it is told to quit.
@@ -43,9 +76,12 @@ int runEngine(int argc, char** argv) {
   const auto terminate = [] {
     QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
   };
-  qf::QFEngine engine({appleEvents, bundle, notifications, fileManager, pasteboards, workspace},
-                      terminate);
+  const std::filesystem::path customFile = prepareCustomFile(fileManager);
+  qf::QFEngine engine(
+      {appleEvents, bundle, notifications, fileManager, pasteboards, workspace, customFile},
+      terminate);
   engine.start();
+  const qf::FileWatch watch(customFile, [&engine] { engine.reload(); });
   if (const auto error = applications.registerInstance(qf::BusApplications::Instances::several)) {
     qf::log(error->localizedDescription);
     return 1;
@@ -54,17 +90,23 @@ int runEngine(int argc, char** argv) {
 }
 
 int clean(const qf::CommandLine& commandLine) {
-  const qf::QFCleanerLibrary library;
+  const qf::XdgFileManager fileManager;
+  qf::CustomLists lists;
+  const qf::QFCleanerLibrary library = wholeLibrary(fileManager, lists);
   if (commandLine.files.empty()) {
     return qf::cleanStream(library, commandLine.token, std::cin, std::cout);
   }
-  return qf::cleanFiles(library, qf::XdgFileManager(), commandLine.token, commandLine.files);
+  return qf::cleanFiles(library, fileManager, commandLine.token, commandLine.files);
 }
 
 int list() {
   const qf::XdgBundle bundle;
   const qf::XdgFileManager fileManager;
-  return qf::listCleaners(qf::QFListPublisher::defaultListData(bundle, fileManager), std::cout);
+  qf::CustomLists lists;
+  wholeLibrary(fileManager, lists);
+  return qf::listCleaners(
+      qf::withCustomLists(qf::QFListPublisher::defaultListData(bundle, fileManager), lists),
+      std::cout);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // The engine at the end of its channel: command events in, files, pasteboard and answers out.
 #include <gmock/gmock.h>
 
+#include "engine/ListData.h"
 #include "engine/QFEngine.h"
 #include "foundation/KeyedArchive.h"
 #include "foundation/PropertyList.h"
@@ -30,6 +31,11 @@ Dictionary message(std::string_view command, std::optional<Value> param1 = {},
   if (param1) result.set("param1", *param1);
   if (param2) result.set("param2", *param2);
   return result;
+}
+
+Dictionary defaultList() {
+  const std::string text = TemporaryFolder::read(QF_DEFAULT_LIST);
+  return *readPropertyList(Data(text.begin(), text.end()))->dictionary();
 }
 
 class Engine : public testing::Test {
@@ -61,14 +67,29 @@ class Engine : public testing::Test {
   FakePasteboards pasteboards;
   FakeWorkspace workspace;
   int terminations = 0;
-  QFEngine engine{{appleEvents, bundle, center, fileManager, pasteboards, workspace},
+  std::filesystem::path customFile = folder.path / "cleaners.json";
+  QFEngine engine{{appleEvents, bundle, center, fileManager, pasteboards, workspace, customFile},
                   [this] { ++terminations; }};
 };
 
 TEST_F(Engine, publishesItsListAtStartAndTellsEveryone) {
-  EXPECT_EQ(published(), *readPropertyList(*fileManager.contents(QF_DEFAULT_LIST)));
+  EXPECT_EQ(published(), Value(withCustomLists(defaultList(), {})));
   EXPECT_THAT(center.posted, ElementsAre(SharedGroupsDataChangedNotification));
   EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_F(Engine, aPersonsOwnCleanersWorkAndStayThroughABrokenFile) {
+  folder.put("cleaners.json", R"({"cleaners": [{"name": "Shout", "steps": ["#UPPERCASE"]}, 1]})");
+  engine.reload();
+  EXPECT_THAT(log.lines, ElementsAre(customFile.string() + ": cleaners[1]: must be an object"));
+  folder.put("cleaners.json", "{");
+  engine.reload();
+  EXPECT_EQ(log.lines.size(), 2u);
+  pasteboards.generalPasteboard().setString("abc");
+  send("cleanPasteboard:cleaner:", NSGeneralPboard, "#CUSTOM:Shout");
+  EXPECT_EQ(pasteboards.generalPasteboard().string(), "ABC");
+  EXPECT_TRUE(published().dictionary()->dictionary(listKey::tokenInfo)->contains("#CUSTOM:Shout"));
+  EXPECT_EQ(center.posted.size(), 3u);
 }
 
 TEST_F(Engine, resetPublishesAgainAndErasesNothing) {

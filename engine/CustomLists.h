@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "engine/cleaners/FindReplace.h"
+
+namespace qf {
+
+/// One step of a person's own cleaner: a built-in cleaner by its token, or finding and replacing.
+using CustomStep = std::variant<std::string, FindReplace>;
+
+struct CustomCleaner {
+  std::string name;
+  std::string token;
+  std::string description;  ///< empty for none
+  std::string color;        ///< "#" and six hexadecimal digits; empty for none
+  std::vector<CustomStep> steps;
+};
+
+struct CustomGroup {
+  struct Entry {
+    std::string token;  ///< of a cleaner, a label or a separator
+    std::string color;
+  };
+
+  std::string name;
+  std::vector<Entry> entries;
+};
+
+/// A person's own cleaners and groups, in their order.
+struct CustomLists {
+  std::vector<CustomCleaner> cleaners;
+  std::vector<CustomGroup> groups;
+  /// What was left out of the file, with the place of each.
+  std::vector<std::string> faults;
+};
+
+}  // namespace qf

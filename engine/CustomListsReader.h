@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+#include <string_view>
+
+#include "engine/CustomLists.h"
+#include "engine/QFCleanerLibrary.h"
+
+namespace qf {
+
+/// What every cleaner of a person's begins with that gives no token of its own.
+inline constexpr std::string_view customTokenPrefix = "#CUSTOM:";
+
+/// Understands the document of docs/engine.md. What it cannot use is left out and named in
+/// `faults`; the rest counts. Any thread.
+CustomLists readCustomLists(const nlohmann::ordered_json& document,
+                            const QFCleanerLibrary::Cleaners& builtInCleaners);
+
+/// The person's cleaners as functions by their tokens. Each may find and replace for 1 s in all.
+QFCleanerLibrary::Cleaners makeCustomCleaners(const CustomLists& lists,
+                                              const QFCleanerLibrary::Cleaners& builtInCleaners);
+
+}  // namespace qf

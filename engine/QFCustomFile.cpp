@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/QFCustomFile.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "engine/AtomicFile.h"
+#include "engine/CustomListsReader.h"
+#include "host/FileManager.h"
+
+namespace qf {
+namespace {
+
+using JSON = nlohmann::ordered_json;
+
+JSON encoded(const CustomStep& step) {
+  if (const auto* token = std::get_if<std::string>(&step)) return *token;
+  const auto& replacement = std::get<FindReplace>(step);
+  JSON result = {{"find", replacement.find}, {"replace", replacement.replace}};
+  if (replacement.isRegularExpression) result["regex"] = true;
+  if (replacement.ignoresCase) result["ignoreCase"] = true;
+  return result;
+}
+
+JSON encoded(const CustomGroup::Entry& entry) {
+  if (entry.color.empty()) return entry.token;
+  return {{"token", entry.token}, {"color", entry.color}};
+}
+
+void setOrErase(JSON& object, const char* key, const std::string& value) {
+  if (value.empty()) {
+    object.erase(key);
+  } else {
+    object[key] = value;
+  }
+}
+
+/// The list under the key, made where there is none. A value of another kind is kept under a name
+/// of its own rather than lost.
+JSON& listIn(JSON& document, const std::string& key) {
+  JSON& list = document[key];
+  if (!list.is_null() && !list.is_array()) document[key + " (not a list)"] = list;
+  JSON& result = document[key];
+  if (!result.is_array()) result = JSON::array();
+  return result;
+}
+
+JSON::iterator entryNamed(JSON& list, std::string_view name) {
+  return std::find_if(list.begin(), list.end(), [&](const JSON& entry) {
+    return entry.is_object() && entry.contains("name") && entry["name"] == name;
+  });
+}
+
+JSON& entryToStore(JSON& list, const std::string& name) {
+  const auto found = entryNamed(list, name);
+  if (found != list.end()) return *found;
+  list.push_back({{"name", name}});
+  return list.back();
+}
+
+void removeNamed(JSON& list, std::string_view name) {
+  const auto found = entryNamed(list, name);
+  if (found != list.end()) list.erase(found);
+}
+
+}  // namespace
+
+QFCustomFile::QFCustomFile(std::filesystem::path path, const FileManager& fileManager)
+    : _path(std::move(path)), _fileManager(fileManager) {}
+
+Result<JSON> QFCustomFile::document() const {
+  std::error_code unknown;
+  const auto bytes = _fileManager.contents(_path);
+  if (!bytes && std::filesystem::exists(_path, unknown)) return Error{"it cannot be read"};
+  if (!bytes) return JSON::object();
+  try {
+    return JSON::parse(bytes->begin(), bytes->end());
+  } catch (const JSON::parse_error& error) {
+    return Error{error.what()};
+  }
+}
+
+Result<CustomLists> QFCustomFile::read(const QFCleanerLibrary::Cleaners& builtInCleaners) const {
+  const Result<JSON> content = document();
+  if (!content) return content.error();
+  return readCustomLists(*content, builtInCleaners);
+}
+
+std::optional<Error> QFCustomFile::edit(const std::function<void(JSON&)>& change) {
+  Result<JSON> content = document();
+  if (!content) return content.error();
+  if (!content->is_object()) return Error{"the file must hold an object"};
+  JSON changed = *std::move(content);
+  change(changed);
+  const std::string text = changed.dump(2, ' ', false, JSON::error_handler_t::replace) + '\n';
+  return saveFile(_path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+}
+
+std::optional<Error> QFCustomFile::storeCleaner(const CustomCleaner& cleaner) {
+  return edit([&](JSON& document) {
+    JSON& entry = entryToStore(listIn(document, "cleaners"), cleaner.name);
+    const bool usual = cleaner.token == std::string(customTokenPrefix) + cleaner.name;
+    setOrErase(entry, "token", usual ? "" : cleaner.token);
+    setOrErase(entry, "description", cleaner.description);
+    setOrErase(entry, "color", cleaner.color);
+    entry["steps"] = JSON::array();
+    for (const CustomStep& step : cleaner.steps) entry["steps"].push_back(encoded(step));
+  });
+}
+
+std::optional<Error> QFCustomFile::removeCleaner(std::string_view name) {
+  return edit([&](JSON& document) { removeNamed(listIn(document, "cleaners"), name); });
+}
+
+std::optional<Error> QFCustomFile::storeGroup(const CustomGroup& group) {
+  return edit([&](JSON& document) {
+    JSON& entry = entryToStore(listIn(document, "groups"), group.name);
+    entry["entries"] = JSON::array();
+    for (const auto& item : group.entries) entry["entries"].push_back(encoded(item));
+  });
+}
+
+std::optional<Error> QFCustomFile::removeGroup(std::string_view name) {
+  return edit([&](JSON& document) { removeNamed(listIn(document, "groups"), name); });
+}
+
+std::optional<Error> QFCustomFile::moveGroup(std::string_view name, std::size_t position) {
+  return edit([&](JSON& document) {
+    JSON& list = listIn(document, "groups");
+    const auto found = entryNamed(list, name);
+    if (found == list.end()) return;
+    const JSON group = *found;
+    list.erase(found);
+    list.insert(list.begin() + static_cast<std::ptrdiff_t>(std::min(position, list.size())), group);
+  });
+}
+
+}  // namespace qf

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <string_view>
+
+#include "engine/CustomLists.h"
+#include "engine/QFCleanerLibrary.h"
+#include "foundation/Error.h"
+#include "foundation/Result.h"
+
+namespace qf {
+
+class FileManager;
+
+/// The file of a person's own cleaners and groups; docs/engine.md has its form. Keeps nothing: each
+/// call reads it anew. Main thread.
+class QFCustomFile {
+ public:
+  /// The manager must outlive the object. An empty path is a file that is never there.
+  QFCustomFile(std::filesystem::path path, const FileManager& fileManager);
+
+  const std::filesystem::path& path() const { return _path; }
+
+  /// A missing file holds nothing. Fails, saying where, when the file is no JSON at all.
+  Result<CustomLists> read(const QFCleanerLibrary::Cleaners& builtInCleaners) const;
+
+  // Each changes that one entry and writes the file, all at once. Everything else in it stays, what
+  // could not be read included. A file that is no JSON is not written, and the error says so.
+
+  /// In the place of the cleaner of that name, or behind the last.
+  std::optional<Error> storeCleaner(const CustomCleaner& cleaner);
+  std::optional<Error> removeCleaner(std::string_view name);
+  std::optional<Error> storeGroup(const CustomGroup& group);
+  std::optional<Error> removeGroup(std::string_view name);
+  /// The position counts the entries of the file, from 0; one past the last puts it at the end.
+  std::optional<Error> moveGroup(std::string_view name, std::size_t position);
+
+ private:
+  using Document = nlohmann::ordered_json;
+
+  Result<Document> document() const;
+  std::optional<Error> edit(const std::function<void(Document&)>& change);
+
+  std::filesystem::path _path;
+  const FileManager& _fileManager;
+};
+
+}  // namespace qf
