@@ -102,12 +102,41 @@ std::string describe(const Data& data) {
 
 }  // namespace
 
-Value::Value(std::string value)
-    : Value(Kind::string, std::make_shared<const std::string>(std::move(value))) {}
-Value::Value(Data value) : Value(Kind::data, std::make_shared<const Data>(std::move(value))) {}
-Value::Value(Array value) : Value(Kind::array, std::make_shared<const Array>(std::move(value))) {}
-Value::Value(Dictionary value)
-    : Value(Kind::dictionary, std::make_shared<const Dictionary>(std::move(value))) {}
+Value::Value(std::string value) : _kind(Kind::string) {
+  _content.shared = new Node<std::string>(std::move(value));
+}
+Value::Value(Data value) : _kind(Kind::data) { _content.shared = new Node<Data>(std::move(value)); }
+Value::Value(Array value) : _kind(Kind::array) {
+  _content.shared = new Node<Array>(std::move(value));
+}
+Value::Value(Dictionary value) : _kind(Kind::dictionary) {
+  _content.shared = new Node<Dictionary>(std::move(value));
+}
+
+void Value::release() {
+  const Shared* shared = _content.shared;
+  // Who owns it alone need not tell others.
+  if (shared->owners.load(std::memory_order_acquire) != 1 &&
+      shared->owners.fetch_sub(1, std::memory_order_acq_rel) != 1) {
+    return;
+  }
+  switch (_kind) {
+    case Kind::string:
+      delete static_cast<const Node<std::string>*>(shared);
+      break;
+    case Kind::data:
+      delete static_cast<const Node<Data>*>(shared);
+      break;
+    case Kind::array:
+      delete static_cast<const Node<Array>*>(shared);
+      break;
+    case Kind::dictionary:
+      delete static_cast<const Node<Dictionary>*>(shared);
+      break;
+    default:
+      break;
+  }
+}
 
 std::int64_t Value::integerValue() const {
   if (boolean()) return *boolean() ? 1 : 0;

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
 #include <cstdint>
-#include <cstring>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -72,16 +71,20 @@ class Value {
   Value(Dictionary value);
   Value(const void*) = delete;  // no pointer becomes a boolean unasked
 
-  Value(const Value& other) : _kind(other._kind) { construct(other); }
-  Value(Value&& other) noexcept : _kind(other._kind) { construct(std::move(other)); }
-  Value& operator=(const Value& other) { return *this = Value(other); }
-  Value& operator=(Value&& other) noexcept {
-    if (this == &other) return *this;
-    std::destroy_at(this);
-    return *std::construct_at(this, std::move(other));
+  Value(const Value& other) : _kind(other._kind), _content(other._content) {
+    if (isShared()) _content.shared->owners.fetch_add(1, std::memory_order_relaxed);
+  }
+  /// Leaves false behind.
+  Value(Value&& other) noexcept
+      : _kind(std::exchange(other._kind, Kind::boolean)),
+        _content(std::exchange(other._content, Content())) {}
+  Value& operator=(Value other) noexcept {
+    std::swap(_kind, other._kind);
+    std::swap(_content, other._content);
+    return *this;
   }
   ~Value() {
-    if (isShared()) std::destroy_at(&_content.shared);
+    if (isShared()) release();
   }
 
   Kind kind() const { return _kind; }
@@ -92,10 +95,10 @@ class Value {
   const double* real() const { return _kind == Kind::real ? &_content.real : nullptr; }
   const Date* date() const { return _kind == Kind::date ? &_content.date : nullptr; }
   const UID* uid() const { return _kind == Kind::uid ? &_content.uid : nullptr; }
-  const std::string* string() const { return shared<std::string>(Kind::string); }
-  const Data* data() const { return shared<Data>(Kind::data); }
-  const Array* array() const { return shared<Array>(Kind::array); }
-  const Dictionary* dictionary() const { return shared<Dictionary>(Kind::dictionary); }
+  const std::string* string() const { return content<std::string>(Kind::string); }
+  const Data* data() const { return content<Data>(Kind::data); }
+  const Array* array() const { return content<Array>(Kind::array); }
+  const Dictionary* dictionary() const;
 
   /// The whole number that a number, a boolean or a string of digits stands for (a real is cut, a
   /// number out of range is the nearest in it, a string is read up to its first other character);
@@ -114,37 +117,32 @@ class Value {
   bool operator==(const Value& other) const;
 
  private:
-  // By hand rather than a std::variant, which takes longer to move than most values take to read.
+  // Counted by hand: a std::variant of std::shared_ptr takes longer to move and more memory to
+  // hold, and a list of 100'000 cleaners has a million of these.
+  struct Shared {
+    mutable std::atomic<std::uint32_t> owners = 1;
+  };
+  template <class T>
+  struct Node : Shared {
+    explicit Node(T value) : content(std::move(value)) {}
+    const T content;
+  };
   union Content {
-    Content() {}
-    ~Content() {}
+    Content() : boolean(false) {}
     bool boolean;
     Integer integer;
     double real;
     Date date;
     UID uid;
-    std::shared_ptr<const void> shared;  // of the other kinds
+    const Shared* shared;  // a node, of the other kinds
   };
 
-  Value(Kind kind, std::shared_ptr<const void> content) : _kind(kind) {
-    std::construct_at(&_content.shared, std::move(content));
-  }
-
   bool isShared() const { return _kind >= Kind::string; }
+  void release();
 
   template <class T>
-  const T* shared(Kind kind) const {
-    return _kind == kind ? static_cast<const T*>(_content.shared.get()) : nullptr;
-  }
-
-  // Of the other's kind already.
-  template <class Other>
-  void construct(Other&& other) {
-    if (isShared()) {
-      std::construct_at(&_content.shared, std::forward<Other>(other)._content.shared);
-    } else {
-      std::memcpy(static_cast<void*>(&_content), &other._content, sizeof(Integer));
-    }
+  const T* content(Kind kind) const {
+    return _kind == kind ? &static_cast<const Node<T>*>(_content.shared)->content : nullptr;
   }
 
   Kind _kind;
@@ -198,5 +196,7 @@ class Dictionary {
   // free), at the key's hash or in the next free place behind it.
   std::vector<std::uint32_t> _index;
 };
+
+inline const Dictionary* Value::dictionary() const { return content<Dictionary>(Kind::dictionary); }
 
 }  // namespace qf
