@@ -68,7 +68,7 @@ class HostileApplication : public testing::Test {
   static bool press(const QFUIElement& item) { return item.elementRef()->performAction("AXPress"); }
   /// Whether a press reaches that object.
   bool reaches(const QFUIElement& item, int object) {
-    bool wasPressed = false;
+    std::atomic<bool> wasPressed = false;
     application->change(object,
                         [&](auto& pressed) { pressed.onAction = [&] { wasPressed = true; }; });
     return press(item) && wasPressed;
