@@ -9,7 +9,9 @@ namespace qf {
 // Eight bytes of text looked at together (Warren, "Hacker's Delight", section 6-1). Each test is
 // non-zero exactly when one of the eight bytes passes it.
 
-constexpr std::uint64_t eightTimes(std::uint8_t byte) { return std::uint64_t{0x0101010101010101} * byte; }
+constexpr std::uint64_t eightTimes(std::uint8_t byte) {
+  return std::uint64_t{0x0101010101010101} * byte;
+}
 
 inline std::uint64_t loadEight(const char* bytes) {
   std::uint64_t word;

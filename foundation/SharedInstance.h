@@ -11,7 +11,8 @@ namespace qf {
 /// The one object of a class in this process, made on first use and kept until the process ends.
 ///
 /// The maker is given by app/, the one place that knows every collaborator; tests build the objects
-/// directly and never come here. Making is guarded (any thread); the objects have rules of their own.
+/// directly and never come here. Making is guarded (any thread); the objects have rules of their
+/// own.
 template <class T>
 class SharedInstance {
  public:

@@ -24,8 +24,8 @@ class DistributedNotificationCenter {
   virtual ObserverID addObserver(std::string name, Handler handler) = 0;
   virtual void removeObserver(ObserverID observer) = 0;
 
-  /// Hands the notification over and returns at once. It reaches this process's observers too, later
-  /// from the run loop.
+  /// Hands the notification over and returns at once. It reaches this process's observers too,
+  /// later from the run loop.
   virtual void post(std::string_view name) = 0;
 };
 

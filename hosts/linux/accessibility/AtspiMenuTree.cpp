@@ -138,6 +138,7 @@ const std::vector<std::unique_ptr<Node>>& AtspiMenuTree::children(AtspiApplicati
 
 void AtspiMenuTree::readMenus(AtspiApplication& application, const std::vector<Node*>& barItems) {
   std::vector<AtspiReference> containers;
+  containers.reserve(barItems.size());
   for (const Node* barItem : barItems) containers.push_back(barItem->source);
   const auto answers = askEach(application, containers, atspi::getChildren);
   std::vector<Submenu> level;

@@ -129,7 +129,7 @@ AtspiStates states(const QDBusMessage& answer) {
     return {};
   const auto words = qdbus_cast<QList<uint>>(answer.arguments().constFirst());
   AtspiStates states;
-  if (words.size() > 0) states.bits = words[0];
+  if (!words.isEmpty()) states.bits = words[0];
   if (words.size() > 1) states.bits |= std::uint64_t{words[1]} << 32;
   return states;
 }

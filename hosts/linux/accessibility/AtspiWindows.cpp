@@ -42,7 +42,7 @@ std::shared_ptr<AtspiWindow> AtspiWindows::window(const AtspiReference& object) 
   const std::size_t place = rank(object);
   if (place < _latestFirst.size()) return _latestFirst[place];
   if (_latestFirst.size() == mostWindows) _latestFirst.pop_back();
-  _latestFirst.push_back(std::make_shared<AtspiWindow>(AtspiWindow{object, {}, {}}));
+  _latestFirst.push_back(std::make_shared<AtspiWindow>(AtspiWindow{object, {}, nullptr}));
   return _latestFirst.back();
 }
 
