@@ -5,7 +5,7 @@
 
 namespace qf {
 
-FileWatch::FileWatch(std::filesystem::path file, std::function<void()> changed)
+FileWatch::FileWatch(const std::filesystem::path& file, std::function<void()> changed)
     : _file(QFile::decodeName(file.c_str())) {
   if (file.empty()) return;
   _delay.setSingleShot(true);

@@ -13,7 +13,7 @@ namespace qf {
 class FileWatch {
  public:
   /// The handler runs once for changes that follow within 50 ms of one another.
-  FileWatch(std::filesystem::path file, std::function<void()> changed);
+  FileWatch(const std::filesystem::path& file, std::function<void()> changed);
 
  private:
   void watchFile();

@@ -16,6 +16,7 @@ QFCleanerLibrary::QFCleanerLibrary() {
 }
 
 Result<std::string> QFCleanerLibrary::clean(std::string_view token, std::string_view bytes) const {
+  if (bytes.size() > largestText) return Error{"it is larger than 256 MiB"};
   for (const Cleaners* cleaners : {&_builtIn, &_custom}) {
     const auto found = cleaners->find(token);
     if (found == cleaners->end()) continue;

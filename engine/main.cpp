@@ -112,6 +112,7 @@ int list() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);  // or reading a large text takes longer than cleaning it
   const auto commandLine = qf::parseCommandLine({argv + 1, argv + argc});
   if (!commandLine) {
     std::cerr << "quenfold: " << commandLine.error().localizedDescription << '\n';

@@ -41,7 +41,6 @@ const char* plainDash(char32_t character) {
     case U'\u2011':
     case U'\u2012':
     case U'\u2212':
-      return "-";
     case U'\u2013':
       return "-";
     case U'\u2014':

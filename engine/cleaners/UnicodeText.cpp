@@ -67,7 +67,7 @@ char32_t withoutStroke(char32_t character) {
 /// Only Latin and Greek letters carry accents that a reader can do without; marks of other scripts
 /// are vowels or make another letter.
 Result<std::string> stripAccents(std::string_view text) {
-  const Result<std::string> apart = normalize(icu::Normalizer2::getNFDInstance)(text);
+  Result<std::string> apart = normalize(icu::Normalizer2::getNFDInstance)(text);
   if (!apart) return apart;
   bool afterAccented = false;
   const std::string bare =

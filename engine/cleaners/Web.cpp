@@ -62,7 +62,7 @@ Result<std::string> markdownToHTML(std::string_view text) {
 }
 
 Result<std::string> markdownToText(std::string_view text) {
-  const Result<std::string> html = markdownToHTML(text);
+  Result<std::string> html = markdownToHTML(text);
   return html ? htmlToText(*html) : html;
 }
 

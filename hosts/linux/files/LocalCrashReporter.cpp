@@ -26,6 +26,7 @@ std::vector<std::filesystem::path> reportsNewestFirst(const std::filesystem::pat
   }
   std::ranges::sort(reports, std::greater());
   std::vector<std::filesystem::path> paths;
+  paths.reserve(reports.size());
   for (auto& report : reports) paths.push_back(std::move(report.second));
   return paths;
 }

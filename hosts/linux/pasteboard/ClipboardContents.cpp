@@ -16,7 +16,10 @@ ClipboardContents::ClipboardContents(std::vector<PasteboardItem> items)
       offer(type, type, std::shared_ptr<const Data>(_items, &data));
     }
   }
-  if (const Offer* text = find(pasteboardTypeString)) offerSpellings(text->data);
+  if (const Offer* text = find(pasteboardTypeString)) {
+    const auto data = text->data;  // a further offer moves the ones before
+    offerSpellings(data);
+  }
 }
 
 std::optional<std::string> ClipboardContents::string() const {
@@ -40,7 +43,7 @@ void ClipboardContents::offer(std::string target, std::string type,
   _offers.push_back({std::move(target), std::move(type), std::move(data)});
 }
 
-void ClipboardContents::offerSpellings(std::shared_ptr<const Data> text) {
+void ClipboardContents::offerSpellings(const std::shared_ptr<const Data>& text) {
   offer("UTF8_STRING", "UTF8_STRING", text);
   offer("text/plain", "text/plain", text);
   if (isASCII({reinterpret_cast<const char*>(text->data()), text->size()})) {

@@ -30,7 +30,7 @@ class ClipboardContents {
  private:
   const Offer* find(std::string_view target) const;
   void offer(std::string target, std::string type, std::shared_ptr<const Data> data);
-  void offerSpellings(std::shared_ptr<const Data> text);
+  void offerSpellings(const std::shared_ptr<const Data>& text);
 
   // Shared with the offers, which point into it.
   std::shared_ptr<const std::vector<PasteboardItem>> _items;

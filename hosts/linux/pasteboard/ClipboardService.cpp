@@ -196,7 +196,7 @@ void ClipboardService::ownerChanged(const xcb_xfixes_selection_notify_event_t& n
   const bool isOurs = notice.owner == _window && _pending;
   _isTaken = _isTaken || isOurs;
   const auto contents = isOurs ? std::exchange(_pending, nullptr) : nullptr;
-  _transfers.offer(contents, notice.selection_timestamp);
+  _transfers.offer(contents.get(), notice.selection_timestamp);
   _ownedSince = notice.selection_timestamp;
   const std::lock_guard lock(_mutex);
   _contents = contents;

@@ -23,8 +23,7 @@ ClipboardTransfers::ClipboardTransfers(XcbConnection& connection, const Clipboar
       _pieceSize(connection.isAlive() ? std::min(largestPiece, connection.maximumPropertySize())
                                       : largestPiece) {}
 
-void ClipboardTransfers::offer(std::shared_ptr<const ClipboardContents> contents,
-                               xcb_timestamp_t ownedSince) {
+void ClipboardTransfers::offer(const ClipboardContents* contents, xcb_timestamp_t ownedSince) {
   _ownedSince = ownedSince;
   _hasContents = contents != nullptr;
   _offers.clear();
@@ -91,7 +90,7 @@ bool ClipboardTransfers::convertMultiple(xcb_window_t requestor, xcb_atom_t prop
       xcb_get_property(_connection.get(), 0, requestor, property, XCB_ATOM_ANY, 0, 2 * mostPairs));
   if (!list || list->format != 32) return false;
   auto* atoms = static_cast<xcb_atom_t*>(xcb_get_property_value(list.get()));
-  const std::span pairs(atoms, list->value_len / 2 * 2);
+  const std::span pairs(atoms, std::size_t{list->value_len / 2} * 2);
   for (std::size_t i = 0; i < pairs.size(); i += 2) {
     const bool isPlain = pairs[i] != _atoms.multiple && pairs[i + 1] != XCB_ATOM_NONE;
     if (!isPlain || !convert(requestor, pairs[i], pairs[i + 1])) pairs[i + 1] = XCB_ATOM_NONE;

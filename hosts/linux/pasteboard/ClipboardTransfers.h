@@ -20,7 +20,7 @@ class ClipboardTransfers {
   ClipboardTransfers(XcbConnection& connection, const ClipboardAtoms& atoms);
 
   /// What is given from now on; null for nothing. Transfers under way go on with what they began.
-  void offer(std::shared_ptr<const ClipboardContents> contents, xcb_timestamp_t ownedSince);
+  void offer(const ClipboardContents* contents, xcb_timestamp_t ownedSince);
 
   void answer(const xcb_selection_request_event_t& request);
   void propertyDeleted(xcb_window_t requestor, xcb_atom_t property);
