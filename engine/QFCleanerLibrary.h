@@ -18,8 +18,10 @@ class QFCleanerLibrary {
 
   QFCleanerLibrary();
 
+  static constexpr std::size_t largestText = std::size_t{256} << 20;
+
   /// Cleans a text of any bytes: ill-formed UTF-8 becomes U+FFFD first. Fails for a token that
-  /// names no cleaner and where the cleaner does.
+  /// names no cleaner, for more than `largestText` bytes, and where the cleaner does.
   Result<std::string> clean(std::string_view token, std::string_view bytes) const;
 
   const Cleaners& builtInCleaners() const { return _builtIn; }

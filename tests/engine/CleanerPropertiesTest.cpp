@@ -53,7 +53,7 @@ std::string mixed(std::uint32_t seed, std::size_t length) {
                                                 "\u00A0",
                                                 "\u2028",
                                                 "中",
-                                                "\0x",
+                                                "\x01",
                                                 "{",
                                                 "}",
                                                 "[",

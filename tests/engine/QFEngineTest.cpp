@@ -25,8 +25,8 @@ constexpr FourCharCode commandClass = fourCharCode("Fold");
 constexpr FourCharCode currentForm = fourCharCode("qfS2");
 constexpr FourCharCode oldForm = fourCharCode("qfSv");
 
-Dictionary message(std::string_view command, std::optional<Value> param1 = {},
-                   std::optional<Value> param2 = {}) {
+Dictionary message(std::string_view command, const std::optional<Value>& param1 = {},
+                   const std::optional<Value>& param2 = {}) {
   Dictionary result = {{"command", command}};
   if (param1) result.set("param1", *param1);
   if (param2) result.set("param2", *param2);
@@ -45,8 +45,8 @@ class Engine : public testing::Test {
     engine.start();
   }
 
-  std::optional<Value> send(std::string_view command, std::optional<Value> param1 = {},
-                            std::optional<Value> param2 = {}) {
+  std::optional<Value> send(std::string_view command, const std::optional<Value>& param1 = {},
+                            const std::optional<Value>& param2 = {}) {
     const auto reply = appleEvents.receive(commandClass, currentForm,
                                            *archiveKeyed(message(command, param1, param2)));
     if (!reply) return std::nullopt;
