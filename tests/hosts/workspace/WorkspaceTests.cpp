@@ -155,14 +155,17 @@ TEST_F(WorkspaceTest, FollowsTheUserAndGoesBack) {
   EXPECT_TRUE(workspace.availability().isAvailable) << workspace.availability().reason;
   int activations = 0;
   std::int32_t seen = 0;
+  xcb_window_t seenWindow = XCB_WINDOW_NONE;
   workspace.observeActivation([&] {
     ++activations;
+    seenWindow = display.active();
     seen = frontmost();
   });
   const Process first, second;
   show(first);
   EXPECT_TRUE(runUntil([&] { return seen == first.pid(); }));
   const xcb_window_t lastOfFirst = show(first);
+  EXPECT_TRUE(runUntil([&] { return seenWindow == lastOfFirst; }));
   const xcb_window_t other = show(second);
   EXPECT_TRUE(runUntil([&] { return seen == second.pid(); }));
   EXPECT_GE(activations, 2);
