@@ -41,11 +41,16 @@ function(qf_add_test target)
 endfunction()
 
 # A GoogleTest program that needs a desktop: run whole, inside a private headless one. It brings its
-# own main where it needs an application object.
+# own main where it needs an application object, and may ask to be the only window manager there.
 function(qf_add_desktop_test target)
-  add_executable(${target} ${ARGN})
+  cmake_parse_arguments(PARSE_ARGV 1 arg WITHOUT_WINDOW_MANAGER "" "")
+  add_executable(${target} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${target} PRIVATE GTest::gmock GTest::gtest)
-  add_test(NAME ${target} COMMAND ${CMAKE_SOURCE_DIR}/tests/desktop/desktop-session
+  set(option)
+  if(arg_WITHOUT_WINDOW_MANAGER)
+    set(option --no-window-manager)
+  endif()
+  add_test(NAME ${target} COMMAND ${CMAKE_SOURCE_DIR}/tests/desktop/desktop-session ${option}
     $<TARGET_FILE:${target}>)
   set_tests_properties(${target} PROPERTIES TIMEOUT 400 LABELS desktop)
 endfunction()

@@ -45,7 +45,6 @@ class ClipboardTransfers {
     std::shared_ptr<const Data> data;
   };
 
-  bool isCurrent(const xcb_selection_request_event_t& request) const;
   bool convert(xcb_window_t requestor, xcb_atom_t target, xcb_atom_t property);
   bool convertMultiple(xcb_window_t requestor, xcb_atom_t property);
   void give(xcb_window_t requestor, xcb_atom_t property, const Offer& offer);

@@ -67,7 +67,7 @@ TEST_F(LocalCrashReporterTest, leavesAReportAndEndsAsWithoutIt) {
   EXPECT_THAT(onlyReport(),
               AllOf(HasSubstr("example 1.2.3 crashed\nTime: 20"), HasSubstr("Signal: 11 (SIGSEGV)"),
                     ContainsRegex("Address: 0x[0-9a-f]+000\n"),
-                    ContainsRegex("Back trace:\n.*linux_files_test")));
+                    ContainsRegex("Back trace:\n.*linux_files_tests")));
   EXPECT_THAT(reports().front().filename().string(),
               ContainsRegex("^crash-example-20[0-9]{6}T[0-9]{6}Z-[0-9]+\\.txt$"));
   EXPECT_EQ(TemporaryHome::permissions(reports().front()), 0600u);
