@@ -28,7 +28,8 @@ class FileManager {
   /// larger than 256 MiB).
   virtual std::optional<Data> contents(const std::filesystem::path& path) const = 0;
 
-  /// Replaces the file's contents in place: whoever reads meanwhile may see a part.
+  /// Replaces the file's contents; best as a whole, so that nobody reads a part and a failure keeps
+  /// the old ones.
   virtual std::optional<Error> write(const std::filesystem::path& path,
                                      std::span<const std::uint8_t> data) = 0;
 };

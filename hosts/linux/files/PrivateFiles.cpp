@@ -86,25 +86,23 @@ std::optional<Data> readRegularFile(const std::filesystem::path& path) {
   return bytes;
 }
 
-std::optional<Error> overwriteFile(const std::filesystem::path& path,
-                                   std::span<const std::uint8_t> bytes) {
-  const FileDescriptor file(
-      ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0600));
-  if (!file.isOpen() || !writeAll(file, bytes)) return failure("cannot write", path, errno);
-  return std::nullopt;
-}
-
 std::optional<Error> replaceFile(const std::filesystem::path& path,
                                  std::span<const std::uint8_t> bytes) {
   std::error_code isNew;
   auto target = std::filesystem::canonical(path, isNew);
   if (isNew) target = path;
+  struct stat old {};
+  const bool replaces = ::stat(target.c_str(), &old) == 0;
+  // A new name needs no permission of the old file: one that was locked against writing stays so.
+  if (replaces && ::access(target.c_str(), W_OK) != 0) return failure("cannot write", path, errno);
+  if (replaces && !S_ISREG(old.st_mode)) return failure("cannot write", path, EINVAL);
+
   std::string temporary = target.string() + ".XXXXXX";
   const FileDescriptor file(::mkostemp(temporary.data(), O_CLOEXEC));  // made with 0600
   if (!file.isOpen()) return failure("cannot write", path, errno);
   // Synced first, or a power cut could leave the new name on an empty file.
-  if (writeAll(file, bytes) && ::fsync(file.get()) == 0 &&
-      std::rename(temporary.c_str(), target.c_str()) == 0)
+  if (writeAll(file, bytes) && (!replaces || ::fchmod(file.get(), old.st_mode & 07777) == 0) &&
+      ::fsync(file.get()) == 0 && std::rename(temporary.c_str(), target.c_str()) == 0)
     return std::nullopt;
   const int reason = errno;
   ::unlink(temporary.c_str());

@@ -18,12 +18,9 @@ std::optional<Error> createPrivateFolder(const std::filesystem::path& path);
 /// The whole file; nothing when it is missing, not permitted, no regular file, or above 256 MiB.
 std::optional<Data> readRegularFile(const std::filesystem::path& path);
 
-/// Writes over the file as it stands, with the permissions it has.
-std::optional<Error> overwriteFile(const std::filesystem::path& path,
-                                   std::span<const std::uint8_t> bytes);
-
-/// Puts a new file in the place of the old one (of the file behind it where it is a link): whoever
-/// reads meanwhile sees the one or the other whole.
+/// Puts a new file in the place of the old one (of the file behind it where it is a link), with the
+/// permissions that one had: whoever reads meanwhile sees the one or the other whole, and on a full
+/// disk the old one stays.
 std::optional<Error> replaceFile(const std::filesystem::path& path,
                                  std::span<const std::uint8_t> bytes);
 

@@ -24,7 +24,7 @@ std::optional<Data> XdgFileManager::contents(const std::filesystem::path& path) 
 
 std::optional<Error> XdgFileManager::write(const std::filesystem::path& path,
                                            std::span<const std::uint8_t> data) {
-  return overwriteFile(path, data);
+  return replaceFile(path, data);
 }
 
 }  // namespace qf

@@ -2,6 +2,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <fstream>
+#include <iterator>
+
 #include "hosts/linux/files/XdgFileManager.h"
 #include "tests/hosts/files/TemporaryHome.h"
 
@@ -36,8 +39,14 @@ TEST_F(XdgFileManagerTest, makesFoldersAndFilesForTheirOwnerAlone) {
   EXPECT_EQ(TemporaryHome::permissions(home / "a"), 0700u);
   EXPECT_EQ(files.write(folder / "f", Data{'o', 'n', 'e'}), std::nullopt);
   EXPECT_EQ(TemporaryHome::permissions(folder / "f"), 0600u);
+
+  // Who reads while it is replaced has the old contents, not a part of either.
+  std::filesystem::permissions(folder / "f", std::filesystem::perms(0640));
+  std::ifstream reader(folder / "f");
   EXPECT_EQ(files.write(folder / "f", Data{'2'}), std::nullopt);
   EXPECT_EQ(files.contents(folder / "f"), Data{'2'});
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "one");
+  EXPECT_EQ(TemporaryHome::permissions(folder / "f"), 0640u);
 }
 
 TEST_F(XdgFileManagerTest, saysWhatFailed) {
