@@ -10,6 +10,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "foundation/Log.h"
 #include "hosts/linux/accessibility/AtspiAccessibility.h"
@@ -86,7 +87,15 @@ struct LinuxHost::Services {
              .statusBar = statusBar,
              .userDefaults = userDefaults,
              .workspace = workspace} {
-    appleEvents.setFailureHandler([this](const std::string& reason) { tell(reason); });
+    workspace.setLaunchFailureHandler([this](const std::string& reason) {
+      isLaunchFailureTold = true;
+      tell(reason);
+    });
+    appleEvents.setFailureHandler([this](AppleEventStatus status, const std::string& reason) {
+      // That nobody took the command of an engine that did not start is no news.
+      const bool isTold = std::exchange(isLaunchFailureTold, false);
+      if (!isTold || status != AppleEventStatus::processNotFound) tell(reason);
+    });
     for (const auto& [name, availability] : states()) {
       if (!availability.isAvailable) log(name + ": " + availability.reason);
     }
@@ -127,6 +136,7 @@ struct LinuxHost::Services {
   UserNotice notice;
   StatusReport statusReport;
   std::optional<std::string> latestFailure;
+  bool isLaunchFailureTold = false;
   Host host;
 };
 

@@ -63,7 +63,7 @@ AppleEventStatus DBusAppleEvents::sendMessage(const AppleEvent& event, std::int3
   reply.clear();
   const Outcome outcome = send(event, sendMode, millisecondsFromTicks(timeoutInTicks), reply);
   if (outcome.status != AppleEventStatus::noError && _failureHandler)
-    _failureHandler(outcome.reason);
+    _failureHandler(outcome.status, outcome.reason);
   return outcome.status;
 }
 
@@ -76,7 +76,7 @@ DBusAppleEvents::Outcome DBusAppleEvents::send(const AppleEvent& event, std::int
     return {AppleEventStatus::connectionInvalid, "the command holds more than 16 MiB of data"};
   const std::optional<QString> target = _applications.uniqueName(event.target.processIdentifier);
   if (!target || *target == _bus.baseService())  // a process that waits cannot answer itself
-    return {AppleEventStatus::processNotFound, "Quenfold is not running"};
+    return {AppleEventStatus::processNotFound, "Quenfold is not running; is it installed?"};
 
   QDBusMessage message = busCall(*target, bus::applicationPath, bus::applicationInterface,
                                  QStringLiteral("HandleEvent"));

@@ -22,7 +22,7 @@ class BusApplications;
 class DBusAppleEvents : public AppleEvents {
  public:
   /// Told why a send has failed, in words for a person.
-  using FailureHandler = std::function<void(const std::string& reason)>;
+  using FailureHandler = std::function<void(AppleEventStatus, const std::string& reason)>;
 
   static constexpr std::size_t largestData = std::size_t{16} << 20;
 

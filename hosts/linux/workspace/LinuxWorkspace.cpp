@@ -92,6 +92,13 @@ std::optional<std::filesystem::path> LinuxWorkspace::URLForApplicationWithBundle
 
 std::optional<Error> LinuxWorkspace::launchApplicationAtURL(const std::filesystem::path& url,
                                                             const LaunchOptions& options) {
+  auto error = launch(url, options);
+  if (error && _launchFailureHandler) _launchFailureHandler(error->localizedDescription);
+  return error;
+}
+
+std::optional<Error> LinuxWorkspace::launch(const std::filesystem::path& url,
+                                            const LaunchOptions& options) {
   const std::optional<DesktopEntry> entry = DesktopEntry::read(url);
   if (!entry)
     return Error{url.empty() ? "the application is not installed"

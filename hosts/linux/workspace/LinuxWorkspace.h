@@ -4,6 +4,8 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "host/Workspace.h"
@@ -45,7 +47,13 @@ class LinuxWorkspace : public Workspace {
                                               const LaunchOptions& options) override;
   void observeActivation(std::function<void()> handler) override;
 
+  /// Called with the reason, in words for a person, each time an application could not be started.
+  void setLaunchFailureHandler(std::function<void(const std::string& reason)> handler) {
+    _launchFailureHandler = std::move(handler);
+  }
+
  private:
+  std::optional<Error> launch(const std::filesystem::path& url, const LaunchOptions& options);
   void activeWindowChanged();
   void remember(const X11Window& window) const;
   std::vector<X11Window> windowsByActivity() const;
@@ -58,6 +66,7 @@ class LinuxWorkspace : public Workspace {
   DesktopEntries _entries;
   ApplicationLauncher _launcher;
   std::vector<std::function<void()>> _handlers;
+  std::function<void(const std::string&)> _launchFailureHandler;
   mutable std::vector<xcb_window_t> _lastActive;  ///< windows of applications, the latest first
 };
 

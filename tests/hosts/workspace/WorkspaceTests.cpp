@@ -15,6 +15,7 @@ namespace qf {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
@@ -143,8 +144,11 @@ TEST_F(WorkspaceTest, StartsAnApplicationAndWaitsForItOnTheBus) {
 
 TEST_F(WorkspaceTest, SaysWhyAnApplicationDidNotStart) {
   const fs::path sleeper = writeEntry("org.quenfold.Sleeper", "Name=Sleeper\nExec=sleep 2\n");
+  std::vector<std::string> told;
+  workspace.setLaunchFailureHandler([&](const std::string& reason) { told.push_back(reason); });
   EXPECT_EQ(launchError(workspace, sleeper), "Sleeper did not appear on the bus within 0.4 s");
   EXPECT_EQ(launchError(workspace, sleeper, LaunchOptions::asynchronous), "");
+  EXPECT_THAT(told, ElementsAre(HasSubstr("within 0.4 s")));
 
   LinuxWorkspace patient{applications, {"/nowhere/bin"}};
   QElapsedTimer timer;
