@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <set>
 
 #include "engine/QFCleanerLibrary.h"
 #include "engine/cleaners/CodePoints.h"
@@ -19,59 +18,13 @@ std::string repeated(std::string_view piece, std::size_t size) {
 
 /// A text of every kind of character, the same in each run.
 std::string mixed(std::uint32_t seed, std::size_t length) {
-  static constexpr std::string_view pieces[] = {"a",
-                                                "B",
-                                                " ",
-                                                "  ",
-                                                "\t",
-                                                "\n",
-                                                "\r\n",
-                                                "\r",
-                                                ".",
-                                                ",",
-                                                "\"",
-                                                "'",
-                                                "<",
-                                                ">",
-                                                "&",
-                                                "<b>",
-                                                "</p>",
-                                                "&lt;",
-                                                "- ",
-                                                "1.",
-                                                "%41",
-                                                "\\u00e9",
-                                                "é",
-                                                "e\u0301",
-                                                "ß",
-                                                "İ",
-                                                "ש",
-                                                "\u200D",
-                                                "\u200B",
-                                                "👩",
-                                                "🇩",
-                                                "\u00A0",
-                                                "\u2028",
-                                                "中",
-                                                "\x01",
-                                                "{",
-                                                "}",
-                                                "[",
-                                                "]",
-                                                "=3D",
-                                                "http://a.b/?utm_x=1",
-                                                "x@y.org",
-                                                "Ã©",
-                                                "\xFF",
-                                                "\xC3",
-                                                "-",
-                                                "*",
-                                                "`",
-                                                "|",
-                                                ";",
-                                                "#",
-                                                "\\",
-                                                "\uFB03"};
+  // clang-format off
+  static constexpr std::string_view pieces[] = {
+      "a", "B", " ", "  ", "\t", "\n", "\r\n", "\r", ".", ",", "\"", "'", "<", ">", "&", "<b>", "</p>",
+      "&lt;", "- ", "1.", "%41", "\\u00e9", "é", "e\u0301", "ß", "İ", "ש", "\u200D", "\u200B", "👩",
+      "🇩", "\u00A0", "\u2028", "中", "\x01", "{", "}", "[", "]", "=3D", "http://a.b/?utm_x=1",
+      "x@y.org", "Ã©", "\xFF", "\xC3", "-", "*", "`", "|", ";", "#", "\\", "\uFB03"};
+  // clang-format on
   std::string text;
   while (text.size() < length) {
     seed = seed * 1664525 + 1013904223;
@@ -83,25 +36,9 @@ std::string mixed(std::uint32_t seed, std::size_t length) {
 const std::vector<std::string>& nastyTexts() {
   static const std::vector<std::string> texts = [] {
     std::vector<std::string> all = {"",
-                                    "a",
-                                    "\n",
-                                    "\r",
-                                    " ",
                                     "é",
                                     "\u0301",
                                     "👩\u200D💻",
-                                    "\"",
-                                    "<",
-                                    "&",
-                                    "%",
-                                    "\\",
-                                    "=",
-                                    "-",
-                                    ">",
-                                    "@",
-                                    "[",
-                                    "{",
-                                    "|",
                                     "no final line end\nhere",
                                     "a\r\nb\r\n\r\nc",
                                     "a\rb\r",
@@ -110,6 +47,8 @@ const std::vector<std::string>& nastyTexts() {
                                     "\xFF\xFE\xC3\x28\xED\xA0\x80\xF4\x90\x80\x80 ok \xE2\x82",
                                     std::string("nul\0nul", 7),
                                     "\uFEFFmark"};
+    for (const char character : std::string_view("a\n\r \"<&%\\=->@[{|"))
+      all.emplace_back(1, character);
     for (std::uint32_t seed = 1; seed <= 40; ++seed) all.push_back(mixed(seed, 20 * seed));
     return all;
   }();
@@ -118,51 +57,18 @@ const std::vector<std::string>& nastyTexts() {
 
 /// Cleaning twice is cleaning once.
 bool isIdempotent(const std::string& token) {
-  static const std::set<std::string> others = {"#SWAPCASE",
-                                               "#REVERSE-LINES",
-                                               "#NUMBER-LINES",
-                                               "#REMOVE-LINE-NUMBERS",
-                                               "#INDENT",
-                                               "#OUTDENT",
-                                               "#REMOVE-BULLETS",
-                                               "#QUOTE",
-                                               "#UNQUOTE",
-                                               "#UNQUOTE-ALL",
-                                               "#UNESCAPE-UNICODE",
-                                               "#HTML-TO-TEXT",
-                                               "#HTML-TO-MARKDOWN",
-                                               "#STRIP-TAGS",
-                                               "#TEXT-TO-HTML",
-                                               "#MARKDOWN-TO-TEXT",
-                                               "#MARKDOWN-TO-HTML",
-                                               "#ENCODE-ENTITIES",
-                                               "#DECODE-ENTITIES",
-                                               "#URL-ENCODE",
-                                               "#URL-DECODE",
-                                               "#EXTRACT-NUMBERS",
-                                               "#ESCAPE-STRING",
-                                               "#UNESCAPE-STRING",
-                                               "#BASE64-ENCODE",
-                                               "#BASE64-DECODE",
-                                               "#QUOTED-PRINTABLE-ENCODE",
-                                               "#QUOTED-PRINTABLE-DECODE",
-                                               "#CSV-TO-TSV",
-                                               "#TSV-TO-CSV",
-                                               "#CSV-TO-MARKDOWN",
-                                               "#TSV-TO-MARKDOWN",
-                                               "#MEND-ENCODING",
-                                               "#CAMELCASE",
-                                               "#PASCALCASE",
-                                               "#COMMAS-TO-LINES",
-                                               "#SENTENCES-TO-LINES",
-                                               "#UNWRAP",
-                                               "#UNWRAP-QUOTED",
-                                               "#REWRAP-QUOTED",
-                                               "#JOIN-LINES-COMMAS",
-                                               "#TITLECASE",
-                                               "#SENTENCECASE",
-                                               "#STRIP-ACCENTS"};
-  return !others.contains(token);
+  static constexpr std::string_view others = R"(
+      #SWAPCASE #REVERSE-LINES #NUMBER-LINES #REMOVE-LINE-NUMBERS #INDENT #OUTDENT
+      #REMOVE-BULLETS #QUOTE #UNQUOTE #UNQUOTE-ALL #UNESCAPE-UNICODE #HTML-TO-TEXT
+      #HTML-TO-MARKDOWN #STRIP-TAGS #TEXT-TO-HTML #MARKDOWN-TO-TEXT #MARKDOWN-TO-HTML
+      #ENCODE-ENTITIES #DECODE-ENTITIES #URL-ENCODE #URL-DECODE #EXTRACT-NUMBERS #ESCAPE-STRING
+      #UNESCAPE-STRING #BASE64-ENCODE #BASE64-DECODE #QUOTED-PRINTABLE-ENCODE #QUOTED-PRINTABLE-DECODE #CSV-TO-TSV
+      #TSV-TO-CSV
+      #CSV-TO-MARKDOWN #TSV-TO-MARKDOWN #MEND-ENCODING #CAMELCASE #PASCALCASE #COMMAS-TO-LINES
+      #SENTENCES-TO-LINES #UNWRAP #UNWRAP-QUOTED #REWRAP-QUOTED #JOIN-LINES-COMMAS #TITLECASE
+      #SENTENCECASE #STRIP-ACCENTS )";
+  return others.find(token + " ") == std::string_view::npos &&
+         others.find(token + "\n") == std::string_view::npos;
 }
 
 constexpr std::size_t largestGrowth = 32;
@@ -210,21 +116,13 @@ TEST_P(EachCleaner, bearsTenMegabytesInOneLine) {
 
 /// What makes a careless parser quadratic or deep: each ends well within the limit of the test.
 TEST_P(EachCleaner, bearsHostileRepetition) {
-  for (const std::string_view piece : {"<b>",        "</i><b>",
-                                       "[",          "![](",
-                                       "> ",         ">",
-                                       "- ",         "*a_ ",
-                                       "`",          "&",
-                                       "\"",         "(",
-                                       "a\u0301",    "http://",
-                                       "@",          "\u200D",
-                                       "\n",         "  \n",
-                                       "1. ",        "{\"a\":",
-                                       "\\u",        "=\n",
-                                       "--",         ",",
-                                       "|a",         "<table><tr><td>",
-                                       "<a href=x>", "<!--",
-                                       "<![CDATA[",  "</"}) {
+  // clang-format off
+  static constexpr std::string_view pieces[] = {
+      "<b>", "</i><b>", "[", "![](", "> ", ">", "- ", "*a_ ", "`", "&", "\"", "(", "a\u0301", "http://",
+      "@", "\u200D", "\n", "  \n", "1. ", "{\"a\":", "\\u", "=\n", "--", ",", "|a",
+      "<table><tr><td>", "<a href=x>", "<!--", "<![CDATA[", "</"};
+  // clang-format on
+  for (const std::string_view piece : pieces) {
     SCOPED_TRACE(piece);
     const std::string text = repeated(piece, 300'000);
     const Result<std::string> cleaned = clean(text);

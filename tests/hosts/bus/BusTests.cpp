@@ -17,6 +17,7 @@
 #include "hosts/linux/bus/SessionBus.h"
 #include "hosts/linux/bus/StatusReport.h"
 #include "hosts/linux/bus/UserNotice.h"
+#include "tests/hosts/RunUntil.h"
 #include "tests/hosts/bus/PrivateBus.h"
 
 namespace qf {
@@ -31,19 +32,6 @@ constexpr char peerIdentifier[] = "org.quenfold.Peer";
 constexpr std::int32_t wait = AppleEvents::waitReplyMask;
 
 Data bytes(std::string_view text) { return {text.begin(), text.end()}; }
-
-/// Runs the event loop until that holds; false after five seconds without it.
-template <class Condition>
-bool runUntil(Condition condition) {
-  QElapsedTimer timer;
-  timer.start();
-  while (!condition()) {
-    if (timer.elapsed() > 5000) return false;
-    QCoreApplication::processEvents();
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  }
-  return true;
-}
 
 class Peer {
  public:

@@ -4,6 +4,7 @@
 
 #include "hosts/linux/bus/BusApplications.h"
 #include "hosts/linux/workspace/LinuxWorkspace.h"
+#include "tests/hosts/RunUntil.h"
 #include "tests/hosts/workspace/OtherApplications.h"
 
 namespace qf {

@@ -3,28 +3,12 @@
 
 #include <xcb/xcb.h>
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QProcess>
 #include <cstdlib>
 #include <string>
 #include <string_view>
-#include <thread>
 
 namespace qf {
-
-/// Serves this process until the condition holds; false after five seconds.
-template <class Condition>
-bool runUntil(Condition condition) {
-  QElapsedTimer timer;
-  timer.start();
-  while (!condition()) {
-    if (timer.elapsed() > 5000) return false;
-    QCoreApplication::processEvents();
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  }
-  return true;
-}
 
 /// A process that does nothing, in whose name windows are shown.
 class Process {
