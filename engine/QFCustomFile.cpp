@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "engine/AtomicFile.h"
 #include "engine/CustomListsReader.h"
 #include "host/FileManager.h"
+#include "hosts/linux/files/PrivateFiles.h"
 
 namespace qf {
 namespace {
@@ -93,7 +93,7 @@ std::optional<Error> QFCustomFile::edit(const std::function<void(JSON&)>& change
   JSON changed = *std::move(content);
   change(changed);
   const std::string text = changed.dump(2, ' ', false, JSON::error_handler_t::replace) + '\n';
-  return saveFile(_path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+  return replaceFile(_path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
 }
 
 std::optional<Error> QFCustomFile::storeCleaner(const CustomCleaner& cleaner) {

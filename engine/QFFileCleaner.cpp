@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/QFFileCleaner.h"
 
-#include "engine/AtomicFile.h"
 #include "engine/QFCleanerLibrary.h"
 #include "engine/TextEncoding.h"
 #include "host/FileManager.h"
+#include "hosts/linux/files/PrivateFiles.h"
 
 namespace qf {
 
@@ -22,7 +22,7 @@ std::optional<Error> QFFileCleaner::clean(const std::filesystem::path& path, std
   if (*cleaned == before->text) return std::nullopt;
   const Result<Data> after = encodeText(*cleaned, before->encoding);
   if (!after) return after.error();
-  return saveFile(path, *after);
+  return replaceFile(path, *after);
 }
 
 }  // namespace qf

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/QFListPublisher.h"
 
-#include "engine/AtomicFile.h"
 #include "engine/ListData.h"
 #include "foundation/Log.h"
 #include "foundation/PropertyList.h"
 #include "host/Bundle.h"
 #include "host/DistributedNotificationCenter.h"
+#include "hosts/linux/files/PrivateFiles.h"
 #include "kit/DictionaryFile.h"
 #include "kit/QFKIdentifiers.h"
 #include "kit/QFKSharedContainerURL.h"
@@ -42,7 +42,7 @@ void QFListPublisher::publish() const {
   if (!url) return logUnpublished("there is no shared folder");
   const Result<Data> bytes = writePropertyList(Value(_listData), PropertyListFormat::xml);
   if (!bytes) return logUnpublished(bytes.error().localizedDescription);
-  if (const auto error = saveFile(*url, *bytes)) {
+  if (const auto error = replaceFile(*url, *bytes)) {
     return logUnpublished(error->localizedDescription);
   }
   _distributedNotificationCenter.post(SharedGroupsDataChangedNotification);
