@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <utility>
 
 #include "engine/cleaners/CodePoints.h"
@@ -46,6 +47,16 @@ bool isSpace(char character) {
          character == '\f';
 }
 
+/// The number before that of a list's first item.
+int numberBefore(const HTMLHandler::Attributes& attributes) {
+  int start = 1;
+  if (const auto given = attributes.find("start"); given != attributes.end()) {
+    const std::string& digits = given->second;
+    std::from_chars(digits.data(), digits.data() + std::min<std::size_t>(digits.size(), 8), start);
+  }
+  return start - 1;
+}
+
 std::string escapedMarkdown(std::string_view words) {
   std::string result;
   for (const char character : words) {
@@ -70,7 +81,7 @@ void HTMLTextWriter::startElement(std::string_view name, const Attributes& attri
     write("---");
     requestBreak(2);
   } else if (name == "ul" || name == "ol") {
-    _lists.push_back({name == "ol", 0});
+    _lists.push_back({name == "ol", numberBefore(attributes)});
   } else if (name == "li") {
     startItem();
   } else if (name == "a") {

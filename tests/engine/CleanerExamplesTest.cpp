@@ -145,8 +145,8 @@ const std::vector<Example>& examples() {
        "A\tB\n1\t2\n\na\n  b\n\na@b.org top Pic\n"},
       {"#HTML-TO-MARKDOWN",
        "<h2>Head</h2><p>A <strong>b</strong> <em>i</em> <code>c</code> "
-       "<a href=\"http://e.org\">link</a> 2*3</p><ol><li>x</li><li>y</li></ol>",
-       "## Head\n\nA **b** *i* `c` [link](http://e.org) 2\\*3\n\n1. x\n2. y\n"},
+       "<a href=\"http://e.org\">link</a> 2*3</p><ol start=3><li>x</li><li>y</li></ol>",
+       "## Head\n\nA **b** *i* `c` [link](http://e.org) 2\\*3\n\n3. x\n4. y\n"},
       {"#STRIP-TAGS", "a <b>bold</b> &lt;x&gt;<br>y<!-- no --><script>z</script>", "a bold <x>y"},
       {"#TEXT-TO-HTML", "a < b\nsee http://e.org/?a=1&b=2.\n\nnext",
        "<p>a &lt; b<br>\nsee <a "
