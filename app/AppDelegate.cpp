@@ -10,12 +10,15 @@
 #include "host/CrashReporter.h"
 #include "host/DistributedNotificationCenter.h"
 #include "host/Host.h"
+#include "host/Services.h"
 #include "host/StatusBar.h"
 #include "host/UserDefaults.h"
 #include "kit/QFKClientBase.h"
 #include "kit/QFKIdentifiers.h"
 #include "kit/QFKMenuSettingsManager.h"
 #include "menu/QFGlobalMenu.h"
+#include "palette/QFGlobalPalette.h"
+#include "palette/QFPaletteServices.h"
 #include "textaccess/QFCurrentAppTracker.h"
 
 namespace qf {
@@ -27,20 +30,27 @@ void AppDelegate::initialize(UserDefaults& standardUserDefaults) {
 AppDelegate::AppDelegate(Host& host, SharedObjects sharedObjects)
     : _host(host), _sharedObjects(std::move(sharedObjects)) {}
 
-AppDelegate::~AppDelegate() = default;
+AppDelegate::~AppDelegate() { _host.services.setServicesProvider(nullptr); }
 
 void AppDelegate::applicationDidFinishLaunching() {
   _host.crashReporter.start();
   _menuSettingsMgr = &_sharedObjects.menuSettingsMgr();
   readQFMenuDictionaryFromSharedContainer();
+  _serviceHandler = std::make_unique<QFPaletteServices>();
+  _host.services.setServicesProvider(_serviceHandler.get());
   _host.distributedNotificationCenter.addObserver(std::string(SharedQFMenuPrefsChangedNotification),
                                                   [this] { updateMenuPrefs(); });
   // Connecting has loaded the list already; it is loaded again nonetheless.
   _sharedObjects.client().reloadListData();
   checkAccessibilityTrust();
   _globalMenu = &_sharedObjects.globalMenu();
+  _globalPalette = &_sharedObjects.globalPalette();
   _sharedObjects.currentAppTracker().refresh();
   installStatusItem();
+}
+
+void AppDelegate::applicationDidReopen() {
+  if (_globalPalette) _globalPalette->showPalette();
 }
 
 void AppDelegate::checkAccessibilityTrust() {

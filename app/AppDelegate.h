@@ -13,8 +13,10 @@ namespace qf {
 
 class QFCurrentAppTracker;
 class QFGlobalMenu;
+class QFGlobalPalette;
 class QFKClientBase;
 class QFKMenuSettingsManager;
+class QFPaletteServices;
 class StatusItem;
 class UserDefaults;
 struct Host;
@@ -28,6 +30,7 @@ class AppDelegate : public ApplicationDelegate {
     std::function<QFKMenuSettingsManager&()> menuSettingsMgr;
     std::function<QFKClientBase&()> client;
     std::function<QFGlobalMenu&()> globalMenu;
+    std::function<QFGlobalPalette&()> globalPalette;
     std::function<QFCurrentAppTracker&()> currentAppTracker;
   };
 
@@ -42,6 +45,8 @@ class AppDelegate : public ApplicationDelegate {
   void applicationWillFinishLaunching() override {}
   void applicationDidFinishLaunching() override;
   void applicationWillTerminate() override {}
+  /// Shows the palette.
+  void applicationDidReopen() override;
 
   /// The group that the status menu shows.
   std::optional<std::string> currentGroup() const;
@@ -58,6 +63,8 @@ class AppDelegate : public ApplicationDelegate {
   Host& _host;
   SharedObjects _sharedObjects;
   std::unique_ptr<StatusItem> _statusItem;
+  std::unique_ptr<QFPaletteServices> _serviceHandler;
+  QFGlobalPalette* _globalPalette = nullptr;
   QFGlobalMenu* _globalMenu = nullptr;
   QFKMenuSettingsManager* _menuSettingsMgr = nullptr;
 };

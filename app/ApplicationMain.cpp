@@ -9,6 +9,7 @@
 #include "kit/QFKMenuSettingsManager.h"
 #include "kit/QFMenuClient.h"
 #include "menu/QFGlobalMenu.h"
+#include "palette/QFGlobalPalette.h"
 #include "textaccess/QFCurrentAppTracker.h"
 
 namespace qf {
@@ -20,6 +21,7 @@ int applicationMain(Host& host) {
                                  .menuSettingsMgr = &QFKMenuSettingsManager::sharedManager,
                                  .client = &QFMenuClient::sharedClient,
                                  .globalMenu = &QFGlobalMenu::shared,
+                                 .globalPalette = &QFGlobalPalette::shared,
                                  .currentAppTracker = &QFCurrentAppTracker::shared,
                              });
   return host.application.run(delegate);

@@ -3,6 +3,8 @@
 
 #include <memory>
 
+#include "app/SharedGlobalMenu.h"
+#include "app/SharedGlobalPalette.h"
 #include "foundation/SharedInstance.h"
 #include "host/Host.h"
 #include "host/Pasteboard.h"
@@ -11,10 +13,17 @@
 #include "kit/QFKSharedContainer.h"
 #include "kit/QFMenuClient.h"
 #include "menu/QFGlobalMenu.h"
+#include "palette/QFGlobalPalette.h"
 #include "textaccess/QFCurrentAppTracker.h"
 #include "textaccess/QFTextAccess.h"
 
 namespace qf {
+namespace {
+
+SharedGlobalMenu sharedGlobalMenu;
+SharedGlobalPalette sharedGlobalPalette;
+
+}  // namespace
 
 void composeSharedInstances(Host& host) {
   SharedInstance<QFKSharedContainer>::setMaker([&host] {
@@ -50,6 +59,17 @@ void composeSharedInstances(Host& host) {
         .sound = host.sound,
         .userDefaults = host.userDefaults.standardUserDefaults(),
         .currentAppTracker = &QFCurrentAppTracker::shared,
+        .palette = &sharedGlobalPalette,
+    });
+  });
+  SharedInstance<QFGlobalPalette>::setMaker([&host] {
+    return std::make_unique<QFGlobalPalette>(QFGlobalPalette::Collaborators{
+        .client = QFMenuClient::sharedClient(),
+        .bundle = host.bundle,
+        .eventState = host.eventState,
+        .globalMenu = sharedGlobalMenu,
+        .paletteWindows = host.paletteWindows,
+        .userDefaults = host.userDefaults.standardUserDefaults(),
     });
   });
 }

@@ -4,6 +4,10 @@
 #include <unicode/locid.h>
 #include <unicode/unistr.h>
 
+#include <algorithm>
+
+#include "foundation/Unicode.h"
+
 namespace qf {
 namespace {
 
@@ -19,6 +23,12 @@ std::string utf8(const icu::UnicodeString& text) {
 }  // namespace
 
 std::string lowercased(std::string_view text) {
+  if (isASCII(text)) {  // the names in a long list, mostly
+    std::string result(text);
+    std::transform(text.begin(), text.end(), result.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    return result;
+  }
   return utf8(unicode(text).toLower(icu::Locale::getRoot()));
 }
 

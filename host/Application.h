@@ -10,6 +10,8 @@ class ApplicationDelegate {
   virtual void applicationWillFinishLaunching() = 0;
   virtual void applicationDidFinishLaunching() = 0;
   virtual void applicationWillTerminate() = 0;
+  /// The person started the program once more, and this process goes on instead.
+  virtual void applicationDidReopen() = 0;
 };
 
 /// The process as the platform runs it. Main thread.

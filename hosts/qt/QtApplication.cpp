@@ -19,9 +19,15 @@ int QtApplication::run(ApplicationDelegate& delegate) {
   delegate.applicationWillFinishLaunching();
   // Before the loop turns: no event finds the application half made.
   delegate.applicationDidFinishLaunching();
+  _delegate = &delegate;
   const int exitCode = QApplication::exec();
+  _delegate = nullptr;
   delegate.applicationWillTerminate();
   return exitCode;
+}
+
+void QtApplication::reopen() {
+  if (_delegate != nullptr) _delegate->applicationDidReopen();
 }
 
 void QtApplication::terminate() {

@@ -16,8 +16,12 @@ class QtApplication final : public Application {
   int run(ApplicationDelegate& delegate) override;
   void terminate() override;
 
+  /// The program was started once more; ignored outside of `run`.
+  void reopen();
+
  private:
   QApplication _application;
+  ApplicationDelegate* _delegate = nullptr;
 };
 
 }  // namespace qf

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "app/AppDelegate.h"
+#include "palette/QFGlobalPalette.h"
 #include "tests/menu/MenuTest.h"
+#include "tests/palette/FakeGlobalMenu.h"
 
 namespace qf {
 namespace {
@@ -17,17 +19,28 @@ class AppDelegateTest : public MenuTest {
     host.distributedNotificationCenter.deliver();
   }
 
+  AppDelegate::SharedObjects sharedObjects() {
+    AppDelegate::SharedObjects shared;
+    shared.menuSettingsMgr = [this]() -> QFKMenuSettingsManager& { return settings; };
+    shared.client = [this]() -> QFKClientBase& { return client; };
+    shared.globalMenu = [this]() -> QFGlobalMenu& { return menu; };
+    shared.globalPalette = [this]() -> QFGlobalPalette& { return palette; };
+    shared.currentAppTracker = [this]() -> QFCurrentAppTracker& { return tracker; };
+    return shared;
+  }
+
   QFGlobalMenu menu = makeMenu();
-  AppDelegate delegate{host.host, {.menuSettingsMgr = [this]() -> auto& {return settings;
-}, .client = [this]() -> QFKClientBase& { return client; }, .globalMenu = [this]() -> auto& {
-  return menu;
-}
-, .currentAppTracker = [this]() -> auto& { return tracker; }
-,
-}  // namespace
-};  // namespace qf
-}
-;
+  FakeGlobalMenu menuOfPalette;
+  QFGlobalPalette palette{{
+      .client = client,
+      .bundle = host.bundle,
+      .eventState = host.eventState,
+      .globalMenu = menuOfPalette,
+      .paletteWindows = host.paletteWindows,
+      .userDefaults = host.userDefaults.standard,
+  }};
+  AppDelegate delegate{host.host, sharedObjects()};
+};
 
 TEST_F(AppDelegateTest, ShowsTheIconOfTheSettings) {
   const std::pair<std::int64_t, const char*> icons[] = {
@@ -56,6 +69,16 @@ TEST_F(AppDelegateTest, TakesSettingsThatChangeWhileItStarts) {
   delegate.applicationDidFinishLaunching();
   EXPECT_EQ(host.statusBar.button.image->name, "qfmenu-icon03");
   EXPECT_FALSE(host.statusBar.itemImage);
+}
+
+TEST_F(AppDelegateTest, SecondStartShowsThePaletteAndNeverHidesIt) {
+  delegate.applicationDidReopen();
+  EXPECT_FALSE(palette.isVisible()) << "there is none before the start";
+  delegate.applicationDidFinishLaunching();
+  for (int starts = 0; starts < 2; ++starts) {
+    delegate.applicationDidReopen();
+    EXPECT_TRUE(palette.isVisible());
+  }
 }
 
 TEST_F(AppDelegateTest, KnowsTheCurrentGroup) {

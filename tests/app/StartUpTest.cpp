@@ -54,6 +54,7 @@ struct NotingStatusBar : FakeStatusBar {
 struct NotingHost : FakeHost {
   NotingHost() {
     setLogSink([this](std::string_view line) { journal.push_back("log " + std::string(line)); });
+    services.onProvider = [this] { journal.push_back("services provider"); };
     crashReporter.onStart = [this] { journal.push_back("crash reporter"); };
     accessibility.onTrustCheck = [this](bool prompt) {
       journal.push_back(prompt ? "trusted? with a prompt" : "trusted?");
@@ -75,7 +76,9 @@ struct NotingHost : FakeHost {
       .eventState = eventState,
       .fileManager = files,
       .menuPresenter = menuPresenter,
+      .paletteWindows = paletteWindows,
       .pasteboards = pasteboards,
+      .services = services,
       .sound = sound,
       .statusBar = bar,
       .userDefaults = userDefaults,
@@ -111,6 +114,7 @@ TEST(StartUp, GoesThroughItsStepsAndCleansText) {
     Menu& menu = *host.bar.menu;
     menu.delegate->menuNeedsUpdate(menu);
     for (const MenuItemRef& item : menu.items()) {
+      if (item->title == "Show Palette") item->target->performAction(item->action, *item);
       if (item->title == "upper") item->target->performAction(item->action, *item);
     }
   };
@@ -119,7 +123,7 @@ TEST(StartUp, GoesThroughItsStepsAndCleansText) {
 
   EXPECT_THAT(
       afterStart,
-      ElementsAre("crash reporter", "read quenfold-menu.plist",
+      ElementsAre("crash reporter", "read quenfold-menu.plist", "services provider",
                   "observe org.quenfold.kit.SharedQFMenuPrefsChangedNotification",
                   "observe org.quenfold.kit.SharedGroupsDataChangedNotification",
                   "observe org.quenfold.kit.SharedQFMenuPrefsChangedNotification",
@@ -133,6 +137,7 @@ TEST(StartUp, GoesThroughItsStepsAndCleansText) {
   EXPECT_FALSE(host.bar.button.isHighlighted);
   EXPECT_TRUE(host.bar.button.isEnabled);
   EXPECT_EQ(editor.text, "TEXT");
+  EXPECT_TRUE(host.paletteWindows.isVisible);
   EXPECT_THAT(engine.commands, ElementsAre("cleanPasteboard:cleaner: NSGeneralPboard upper"));
 }
 

@@ -11,7 +11,9 @@
 #include "tests/support/FakeEventState.h"
 #include "tests/support/FakeFileManager.h"
 #include "tests/support/FakeMenuPresenter.h"
+#include "tests/support/FakePaletteWindow.h"
 #include "tests/support/FakePasteboard.h"
+#include "tests/support/FakeServices.h"
 #include "tests/support/FakeSound.h"
 #include "tests/support/FakeStatusBar.h"
 #include "tests/support/FakeUserDefaults.h"
@@ -30,7 +32,9 @@ struct FakeHost {
   FakeEventState eventState;
   FakeFileManager fileManager;
   FakeMenuPresenter menuPresenter;
+  FakePaletteWindows paletteWindows;
   FakePasteboards pasteboards;
+  FakeServices services;
   FakeSound sound;
   FakeStatusBar statusBar;
   FakeUserDefaultsDomains userDefaults;
@@ -46,7 +50,9 @@ struct FakeHost {
       .eventState = eventState,
       .fileManager = fileManager,
       .menuPresenter = menuPresenter,
+      .paletteWindows = paletteWindows,
       .pasteboards = pasteboards,
+      .services = services,
       .sound = sound,
       .statusBar = statusBar,
       .userDefaults = userDefaults,

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "menu/QFGlobalMenu.h"
+#include "palette/GlobalMenuControl.h"
+
+namespace qf {
+
+/// The process's status menu as the palette sees it. Asked for at each call: menu and palette know
+/// each other, so neither can be made while the other is.
+class SharedGlobalMenu final : public GlobalMenuControl {
+ public:
+  std::optional<std::string> currentGroup() const override {
+    return QFGlobalMenu::shared().currentGroup();
+  }
+  void changeGroupTo(const std::string& group) override {
+    QFGlobalMenu::shared().changeGroupTo(group);
+  }
+  void applyCleaner(const std::string& token, std::uint64_t modifiers) override {
+    QFGlobalMenu::shared().applyCleaner(token, modifiers);
+  }
+};
+
+}  // namespace qf

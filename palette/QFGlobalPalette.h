@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "foundation/Geometry.h"
+#include "foundation/NotificationCenter.h"
+#include "host/PaletteWindow.h"
+#include "palette/QFNameSearch.h"
+
+namespace qf {
+
+class Bundle;
+class EventState;
+class GlobalMenuControl;
+class QFKClientBase;
+class UserDefaults;
+
+/// The floating window of one group's cleaners: which rows it has, what they show, and what becomes
+/// of a click. Main thread.
+class QFGlobalPalette : public PaletteWindowDelegate, public MenuTarget {
+ public:
+  /// What the palette works with; all outlive it.
+  struct Collaborators {
+    QFKClientBase& client;
+    Bundle& bundle;
+    EventState& eventState;
+    GlobalMenuControl& globalMenu;
+    PaletteWindows& paletteWindows;
+    UserDefaults& userDefaults;
+  };
+
+  static QFGlobalPalette& shared();
+
+  /// The window is made when it is first shown.
+  explicit QFGlobalPalette(Collaborators collaborators);
+  ~QFGlobalPalette() override;
+  QFGlobalPalette(const QFGlobalPalette&) = delete;
+  QFGlobalPalette& operator=(const QFGlobalPalette&) = delete;
+
+  void togglePalette();
+  /// Shows it, or brings it before the other windows where it is shown already.
+  void showPalette();
+  bool isVisible() const;
+  /// The window hands the keyboard back, if it has it.
+  void resignKeyWindow();
+
+  /// The group shown. Setting one makes it the menu's group too and ends the search; setting none
+  /// only rebuilds the list.
+  const std::string& selectedListName() const { return _selectedListName; }
+  void setSelectedListName(const std::optional<std::string>& name);
+  void setHideEditOption(bool hides);
+  void setHideUserLists(bool hides);
+
+  /// Takes groups and cleaners anew from the list data. A search keeps its matches until its text
+  /// changes.
+  void updateCleanerList();
+  void chooseList(const MenuItem& sender);
+  /// Follows the menu's group.
+  void groupChanged();
+  void libraryChanged() { updateCleanerList(); }
+  /// Shows the cleaners with one of the words in their name; all of them for an empty text.
+  void updateWithSearchString(std::string_view text);
+
+  // What the window asks and tells.
+  std::size_t numberOfRows() const override;
+  std::string objectValueForRow(std::size_t row) const override;
+  PaletteCell cellForRow(std::size_t row) const override;
+  double heightOfRow(std::size_t row) const override;
+  /// The cleaner's name; its description while Command is held.
+  std::optional<std::string> toolTipForRow(std::size_t row) const override;
+  bool shouldSelectRow(std::size_t row) const override;
+  /// Applies the selected cleaner with the modifier keys of the moment.
+  void apply() override;
+  void editGroup() override;
+  void controlTextDidChange() override;
+  void windowDidMove() override { savePalettePosition(*_window); }
+  void windowDidResize() override { savePalettePosition(*_window); }
+
+  // What the group chooser's items ask and do.
+  bool validateMenuItem(MenuItem& item) override;
+  void performAction(const Selector& action, MenuItem& sender) override;
+
+  static std::string LogRectString(const Rect& rect);
+
+ private:
+  using Tokens = std::vector<std::string>;
+
+  /// The matches of a search, in the list that was searched.
+  struct Subset {
+    std::shared_ptr<const Tokens> list;
+    std::vector<std::uint32_t> rows;
+  };
+
+  void loadWindow();
+  void windowDidLoad();
+  void rebuildPopup();
+  void addGroupItems(Menu& menu, const std::optional<std::vector<std::string>>& names);
+  const QFNameSearch& nameSearch();
+  void savePalettePosition(const PaletteWindow& window);
+  const std::string& tokenAtRow(std::size_t row) const;
+  void reloadTable();
+
+  Collaborators _with;
+  std::unique_ptr<PaletteWindow> _window;
+  std::string _selectedListName;
+  std::shared_ptr<const Tokens> _cleanerList = std::make_shared<Tokens>();
+  Subset _subsetList;
+  bool _isSearching = false;  // the table shows the subset
+  std::optional<QFNameSearch> _nameSearch;
+  bool _hideEditOption = false;
+  bool _hideUserLists = false;
+  std::optional<NotificationCenter::ObserverID> _libraryObserver;
+};
+
+}  // namespace qf

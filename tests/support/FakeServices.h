@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <functional>
+
+#include "host/Services.h"
+
+namespace qf {
+
+class FakeServices : public Services {
+ public:
+  void setServicesProvider(ServicesProvider* newProvider) override {
+    provider = newProvider;
+    if (provider && onProvider) onProvider();
+  }
+
+  ServicesProvider* provider = nullptr;
+  std::function<void()> onProvider;
+};
+
+}  // namespace qf
