@@ -175,18 +175,16 @@ std::string QFGlobalPalette::objectValueForRow(std::size_t row) const {
 
 PaletteCell QFGlobalPalette::cellForRow(std::size_t row) const {
   const std::string& token = tokenAtRow(row);
-  PaletteCell cell;
-  if (_with.client.tokenIsSeparator(token)) {
-    cell.title.text = " ";
-  } else if (_with.client.tokenIsLabel(token)) {
-    cell.title.text = _with.client.labelNameForToken(token);
-  } else {
-    cell.isBordered = true;
-    cell.title.text = _with.client.nameForToken(token);
-  }
-  cell.title.foregroundColor = _with.client.colorForItem(token, _selectedListName);
-  cell.title.font = Font{.family = {}, .pointSize = fontSize};
-  return cell;
+  return {.isBordered = shouldSelectRow(row),
+          .title = {.text = titleOfToken(token),
+                    .foregroundColor = _with.client.colorForItem(token, _selectedListName),
+                    .font = Font{.family = {}, .pointSize = fontSize}}};
+}
+
+std::string QFGlobalPalette::titleOfToken(const std::string& token) const {
+  if (_with.client.tokenIsSeparator(token)) return " ";
+  if (_with.client.tokenIsLabel(token)) return _with.client.labelNameForToken(token);
+  return _with.client.nameForToken(token);
 }
 
 double QFGlobalPalette::heightOfRow(std::size_t row) const {

@@ -105,6 +105,7 @@ class QFGlobalPalette : public PaletteWindowDelegate, public MenuTarget {
   const QFNameSearch& nameSearch();
   void savePalettePosition(const PaletteWindow& window);
   const std::string& tokenAtRow(std::size_t row) const;
+  std::string titleOfToken(const std::string& token) const;
   void reloadTable();
 
   Collaborators _with;

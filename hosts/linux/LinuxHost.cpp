@@ -13,10 +13,13 @@
 #include <utility>
 
 #include "foundation/Log.h"
+#include "foundation/Value.h"
 #include "hosts/linux/accessibility/AtspiAccessibility.h"
+#include "hosts/linux/bus/BusApplicationObject.h"
 #include "hosts/linux/bus/BusApplications.h"
 #include "hosts/linux/bus/DBusAppleEvents.h"
 #include "hosts/linux/bus/DBusDistributedNotificationCenter.h"
+#include "hosts/linux/bus/DBusServices.h"
 #include "hosts/linux/bus/StatusReport.h"
 #include "hosts/linux/bus/UserNotice.h"
 #include "hosts/linux/files/LocalCrashReporter.h"
@@ -25,9 +28,11 @@
 #include "hosts/linux/files/XdgFileManager.h"
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
 #include "hosts/linux/workspace/LinuxWorkspace.h"
+#include "hosts/linux/workspace/X11PanelSystem.h"
 #include "hosts/qt/QtApplication.h"
 #include "hosts/qt/QtEventState.h"
 #include "hosts/qt/QtMenuPresenter.h"
+#include "hosts/qt/QtPaletteWindows.h"
 #include "hosts/qt/QtSound.h"
 #include "hosts/qt/QtStatusBar.h"
 
@@ -35,6 +40,7 @@ namespace qf {
 namespace {
 
 constexpr const char* iconName = "org.quenfold.Quenfold";
+constexpr const char* paletteTakesKeyboardKey = "PaletteTakesKeyboard";
 
 std::filesystem::path programFolder() {
   return QCoreApplication::applicationDirPath().toStdString();
@@ -55,7 +61,9 @@ struct LinuxHost::Core {
       : program(identity),
         application(argc, argv),
         bus(QDBusConnection::sessionBus()),
-        applications(bus, program.bundleIdentifier, program.activationPolicy) {}
+        applications(bus, program.bundleIdentifier, program.activationPolicy) {
+    applications.object().setReopenHandler([this] { application.reopen(); });
+  }
 
   Program program;
   QtApplication application;
@@ -71,6 +79,8 @@ struct LinuxHost::Services {
         distributedNotificationCenter(core.bus),
         workspace(core.applications, {.programFolder = programFolder()}),
         accessibility(pasteboards.generalPasteboard(), workspace),
+        paletteWindows(panelSystem, [this] { return paletteTakesKeyboard(); }),
+        servicesMenu(core.bus, pasteboards),
         notice(core.bus, "Quenfold", iconName),
         statusReport(core.bus, [this] { return states(); }),
         host{.accessibility = accessibility,
@@ -82,7 +92,9 @@ struct LinuxHost::Services {
              .eventState = eventState,
              .fileManager = fileManager,
              .menuPresenter = menuPresenter,
+             .paletteWindows = paletteWindows,
              .pasteboards = pasteboards,
+             .services = servicesMenu,
              .sound = sound,
              .statusBar = statusBar,
              .userDefaults = userDefaults,
@@ -114,6 +126,11 @@ struct LinuxHost::Services {
     return result;
   }
 
+  bool paletteTakesKeyboard() {
+    const auto value = userDefaults.standardUserDefaults().objectForKey(paletteTakesKeyboardKey);
+    return value == Value(true);
+  }
+
   void tell(const std::string& failure) {
     latestFailure = failure;
     statusBar.setNotice(failure);
@@ -131,6 +148,9 @@ struct LinuxHost::Services {
   AtspiAccessibility accessibility;
   QtEventState eventState;
   QtMenuPresenter menuPresenter;
+  X11PanelSystem panelSystem;
+  QtPaletteWindows paletteWindows;
+  DBusServices servicesMenu;
   QtSound sound;
   QtStatusBar statusBar;
   UserNotice notice;
@@ -159,7 +179,9 @@ bool LinuxHost::registerOnlyInstance() {
   const auto error = _core->applications.registerInstance(BusApplications::Instances::one);
   if (!error) return true;
   log(error->localizedDescription);
-  return !_core->applications.availability().isAvailable;
+  if (!_core->applications.availability().isAvailable) return true;
+  _core->applications.reopenRunningInstance();
+  return false;
 }
 
 BusApplications& LinuxHost::applications() { return _core->applications; }

@@ -32,7 +32,8 @@ class LinuxHost {
   ~LinuxHost();
 
   /// Makes this process the running instance of its program; false, with a line in the log, where
-  /// another one is it already. Without a session bus that cannot be told, and the answer is true.
+  /// another one is it already, which then shows itself. Without a session bus that cannot be told,
+  /// and the answer is true.
   bool registerOnlyInstance();
 
   /// This process among the running programs, and the way to others.

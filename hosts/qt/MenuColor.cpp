@@ -37,14 +37,18 @@ bool isLight(const QColor& background) {
 }
 
 QColor readableColor(const Color& color, const QColor& background) {
+  return isLight(background) ? toQColor(color) : legibleColor(color, background);
+}
+
+QColor legibleColor(const Color& color, const QColor& background) {
   constexpr double readableContrast = 4.5;  // WCAG 2.1, level AA
-  constexpr float step = 0.02F;
+  const float end = isLight(background) ? 0 : 1;
+  const float step = isLight(background) ? -0.02F : 0.02F;
   QColor result = toQColor(color);
-  if (isLight(background)) return result;
   float hue = 0, saturation = 0, lightness = 0, alpha = 0;
   result.getHslF(&hue, &saturation, &lightness, &alpha);
-  while (contrast(result, background) < readableContrast && lightness < 1) {
-    lightness = std::min(1.0F, lightness + step);
+  while (contrast(result, background) < readableContrast && lightness != end) {
+    lightness = std::clamp(lightness + step, 0.0F, 1.0F);
     result = QColor::fromHslF(hue, saturation, lightness, alpha);
   }
   return result;

@@ -14,6 +14,9 @@ bool isLight(const QColor& background);
 /// as they are there; on a dark one, a colour too dark to read is made lighter in its own hue.
 QColor readableColor(const Color& color, const QColor& background);
 
+/// The same, on a light background too: made darker there until it can be read.
+QColor legibleColor(const Color& color, const QColor& background);
+
 /// Text that cannot be picked: fainter than the rest, but still to be read.
 QColor fadedText(const QColor& text, const QColor& background);
 

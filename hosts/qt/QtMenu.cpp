@@ -11,17 +11,12 @@
 
 #include "hosts/qt/KeyEquivalent.h"
 #include "hosts/qt/MenuColor.h"
+#include "hosts/qt/QtFont.h"
 
 namespace qf {
 namespace {
 
 constexpr int blanksPerLevel = 4;
-
-QFont fontFor(const Font& font, QFont base) {
-  if (!font.family.empty()) base.setFamily(QString::fromStdString(font.family));
-  if (font.pointSize > 0) base.setPointSizeF(font.pointSize);
-  return base;
-}
 
 QString titleOf(const MenuItem& item) {
   return QString::fromStdString(item.attributedTitle ? item.attributedTitle->text : item.title);

@@ -159,7 +159,8 @@ TEST_F(PaletteTest, ChoosesGroupsTogetherWithTheMenu) {
   EXPECT_EQ(window.searchText, "");
   EXPECT_THAT(window.rows(), ElementsAre("Upper CASE"));
   for (const MenuItemRef& item : window.menu.items()) {
-    if (!item->isSeparator()) EXPECT_TRUE(updateAndValidate(*item));
+    if (item->isSeparator()) continue;
+    EXPECT_TRUE(updateAndValidate(*item));
     EXPECT_EQ(item->isOn, item->title == "Mine");
   }
 

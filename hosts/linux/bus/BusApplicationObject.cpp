@@ -20,4 +20,8 @@ QByteArray BusApplicationObject::HandleEvent(quint32 eventClass, quint32 eventID
   return answer.data;
 }
 
+void BusApplicationObject::Reopen() {
+  if (_reopenHandler) _reopenHandler();
+}
+
 }  // namespace qf

@@ -35,15 +35,18 @@ class BusApplicationObject : public QObject, protected QDBusContext {
   int activationPolicy() const { return _activationPolicy; }
   void setActivationPolicy(int policy) { _activationPolicy = policy; }
   void setEventReceiver(EventReceiver receiver) { _eventReceiver = std::move(receiver); }
+  void setReopenHandler(std::function<void()> handler) { _reopenHandler = std::move(handler); }
 
  public slots:
   Q_SCRIPTABLE QByteArray HandleEvent(quint32 eventClass, quint32 eventID, const QByteArray& data);
+  Q_SCRIPTABLE void Reopen();
 
  private:
   QString _bundleIdentifier;
   int _processIdentifier;
   int _activationPolicy;
   EventReceiver _eventReceiver;
+  std::function<void()> _reopenHandler;
 };
 
 }  // namespace qf

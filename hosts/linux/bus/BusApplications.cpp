@@ -62,6 +62,12 @@ std::optional<Error> BusApplications::registerInstance(Instances instances) {
   return Error{_object->bundleIdentifier().toStdString() + " runs already"};
 }
 
+void BusApplications::reopenRunningInstance() const {
+  const QDBusMessage reopen = busCall(_object->bundleIdentifier(), bus::applicationPath,
+                                      bus::applicationInterface, QStringLiteral("Reopen"));
+  _bus.call(reopen, QDBus::Block, limitInMilliseconds);
+}
+
 void BusApplications::setActivationPolicy(ActivationPolicy policy) {
   _object->setActivationPolicy(static_cast<int>(policy));
 }

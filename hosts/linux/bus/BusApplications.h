@@ -40,6 +40,9 @@ class BusApplications {
   /// their handlers first. Blocks at most 1 s.
   std::optional<Error> registerInstance(Instances instances);
 
+  /// Tells the instance that runs already that this one was started. Blocks at most 1 s.
+  void reopenRunningInstance() const;
+
   /// What others see from now on.
   void setActivationPolicy(ActivationPolicy policy);
 

@@ -16,6 +16,7 @@ inline constexpr char applicationPath[] = "/org/quenfold/Application";
 inline constexpr char applicationInterface[] = "org.quenfold.Application1";
 inline constexpr char notificationsPath[] = "/org/quenfold/DistributedNotifications";
 inline constexpr char notificationsInterface[] = "org.quenfold.DistributedNotifications1";
+inline constexpr char servicesPath[] = "/org/quenfold/Services";
 inline constexpr char statusPath[] = "/org/quenfold/Status";
 }  // namespace bus
 

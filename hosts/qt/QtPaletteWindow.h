@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+
+#include "host/PaletteWindow.h"
+#include "hosts/qt/PanelTitle.h"
+#include "hosts/qt/QtPaletteTable.h"
+#include "hosts/qt/QtPopUpButton.h"
+
+namespace qf {
+
+class PanelSystem;
+
+/// The palette's panel. Without the keyboard it works by mouse alone and no click takes the
+/// keyboard away from the application in front, but one into the search field. With it, letters
+/// search, the arrows move between cleaners, Return applies and Escape clears, then hides.
+class QtPaletteWindow final : public QWidget, public PaletteWindow, private PaletteSearchField {
+  Q_OBJECT
+
+ public:
+  QtPaletteWindow(PaletteWindowDelegate& delegate, PanelSystem& panelSystem,
+                  std::function<bool()> takesKeyboard);
+
+  bool isVisible() const override { return QWidget::isVisible(); }
+  void orderFront() override;
+  void orderOut() override;
+  void resignKeyWindow() override;
+  std::string stringWithSavedFrame() const override;
+  void setFrameFromString(const std::string& frame) override;
+  PalettePopUpButton& namePopup() override { return _namePopup; }
+  void setEditGroupButtonHidden(bool hidden) override { _editGroupButton.setHidden(hidden); }
+  PaletteTableView& cleanerListTableView() override { return _table; }
+  PaletteSearchField& searchField() override { return *this; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  std::string stringValue() const override;
+  void setStringValue(const std::string& text) override;
+
+  void layOut();
+  void takeKeyboard();
+  void setAcceptsKeyboard(bool accepts);
+  void comeIntoView();
+  void frameChanged();
+  void tellAboutFrame();
+  bool handleSearchKey(const QKeyEvent& event);
+  void cancel();
+  QRect frame() const { return {pos(), size()}; }
+
+  PaletteWindowDelegate& _delegate;
+  PanelSystem& _panelSystem;
+  std::function<bool()> _takesKeyboard;
+  PanelTitle _title{"Quenfold", this};
+  QtPopUpButton _namePopup{this};
+  QPushButton _editGroupButton{this};
+  QLineEdit _searchField{this};
+  QtPaletteTable _table;
+  bool _isTakingKeyboard = false;
+  QRect _personsFrame;  // where the person put it
+  QRect _frameInView;   // where it had to go instead
+  QRect _toldFrame;
+  QTimer _frameTimer;
+};
+
+}  // namespace qf

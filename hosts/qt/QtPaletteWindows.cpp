@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/qt/QtPaletteWindows.h"
+
+#include <utility>
+
+#include "hosts/qt/AccessiblePalette.h"
+#include "hosts/qt/QtPaletteWindow.h"
+
+namespace qf {
+
+QtPaletteWindows::QtPaletteWindows(PanelSystem& panelSystem, std::function<bool()> takesKeyboard)
+    : _panelSystem(panelSystem), _takesKeyboard(std::move(takesKeyboard)) {
+  showPaletteToAccessibility();
+}
+
+std::unique_ptr<PaletteWindow> QtPaletteWindows::makeWindow(PaletteWindowDelegate& delegate) {
+  return std::make_unique<QtPaletteWindow>(delegate, _panelSystem, _takesKeyboard);
+}
+
+}  // namespace qf
