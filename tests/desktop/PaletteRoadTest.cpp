@@ -124,7 +124,8 @@ TEST_P(PaletteRoads, KeysSearchMoveApplyAndHide) {
   keyboard::press("Up");
   EXPECT_TRUE(until([&] { return palette.focused() == "Upper Case"; }));
   keyboard::press("Return");
-  EXPECT_TRUE(until([&] { return editor.text() == sample.toUpper(); }));
+  EXPECT_TRUE(until([&] { return editor.text() == sample.toUpper(); }))
+      << qPrintable(editor.text()) << "; on the clipboard: " << qPrintable(clipboard::text());
   EXPECT_TRUE(until([&] { return activeWindow() == editorWindow; }));
   output("xdotool", {"type", "x"});
   EXPECT_TRUE(until([&] { return editor.text().contains('x'); })) << "keys are the editor's again";
