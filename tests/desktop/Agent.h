@@ -16,7 +16,6 @@ class Agent {
   explicit Agent(const QString& program = builtProgram("quenfold-menu"));
 
   Program& program() { return _program; }
-  qint64 processIdentifier() const { return _program.processIdentifier(); }
 
   /// Clicks the tray icon, holding the key ("" for none) only until the menu is open, then clicks
   /// the entry of that title. The picture, if any, is taken with the menu open.

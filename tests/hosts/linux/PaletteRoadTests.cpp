@@ -22,7 +22,7 @@ QString activeWindow() { return output("xdotool", {"getactivewindow"}).trimmed()
 /// The agent's palette, found as a screen reader finds it.
 class Palette {
  public:
-  explicit Palette(const Agent& agent) : _processIdentifier(agent.processIdentifier()) {}
+  explicit Palette(Agent& agent) : _processIdentifier(agent.program().processIdentifier()) {}
 
   Accessible find(const QString& role, const QString& name) const {
     std::optional<Accessible> found;
