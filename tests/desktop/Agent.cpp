@@ -2,6 +2,8 @@
 #include "tests/desktop/Agent.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFile>
 #include <QThread>
 #include <stdexcept>
 
@@ -55,11 +57,15 @@ void Agent::openMenu(const QString& heldKey) {
   if (!isOpen) throw std::runtime_error("the menu did not open");
 }
 
-Accessible Agent::menuEntry(const QString& title) const {
+std::optional<Accessible> Agent::findEntry(const QString& title) const {
   const auto application = Accessible::application(_program.processIdentifier());
-  auto entry = application->find([&](const Accessible& node) {
+  return application->find([&](const Accessible& node) {
     return node.name().trimmed() == title && node.isShowing() && node.role().contains("menu item");
   });
+}
+
+Accessible Agent::menuEntry(const QString& title) const {
+  auto entry = findEntry(title);
   if (!entry) throw std::runtime_error("no entry \"" + title.toStdString() + "\" in the menu");
   return *entry;
 }
@@ -68,6 +74,18 @@ void Agent::pick(const QString& title, const QString& heldKey, const QString& pi
   openMenu(heldKey);
   if (!picture.isEmpty()) screenshot(picture);
   mouse::click(menuEntry(title).screenExtents().center());
+}
+
+QString agentWithEngine(const QTemporaryDir& prefix, const QString& engine) {
+  const QString program = prefix.filePath("bin/quenfold-menu");
+  QDir(prefix.path()).mkpath("bin");
+  QDir(prefix.path()).mkpath("share/applications");
+  QFile::copy(Agent::builtProgram("quenfold-menu"), program);
+  QFile::link(Agent::builtProgram("../share/quenfold"), prefix.filePath("share/quenfold"));
+  QFile entry(prefix.filePath("share/applications/org.quenfold.Quenfold.desktop"));
+  if (!entry.open(QIODevice::WriteOnly)) return {};
+  entry.write(("[Desktop Entry]\nType=Application\nName=Engine\nExec=" + engine + "\n").toUtf8());
+  return program;
 }
 
 }  // namespace qf::desktop

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QTemporaryDir>
 
 #include "tests/desktop/Desktop.h"
 
@@ -24,13 +25,19 @@ class Agent {
   void openMenu(const QString& heldKey = {});
   /// The showing entry of that title.
   Accessible menuEntry(const QString& title) const;
+  bool shows(const QString& title) const { return findEntry(title).has_value(); }
 
   static QString builtProgram(const QString& name);
 
  private:
+  std::optional<Accessible> findEntry(const QString& title) const;
   QPoint trayIcon() const;
 
   Program _program;
 };
+
+/// A copy of the built agent under that folder, where another engine is installed. Answers the
+/// program's path.
+QString agentWithEngine(const QTemporaryDir& prefix, const QString& engine);
 
 }  // namespace qf::desktop

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
 #include <csignal>
@@ -91,19 +89,6 @@ TEST_P(Roads, StoppedTargetIsLeftAlone) {
   QThread::sleep(2);
   EXPECT_EQ(editor.text(), sample);
   EXPECT_EQ(clipboard::text(), "old");
-}
-
-/// A copy of the agent in a folder of its own, where another engine is installed.
-QString agentWithEngine(const QTemporaryDir& prefix, const QString& engine) {
-  const QString program = prefix.filePath("bin/quenfold-menu");
-  QDir(prefix.path()).mkpath("bin");
-  QDir(prefix.path()).mkpath("share/applications");
-  QFile::copy(Agent::builtProgram("quenfold-menu"), program);
-  QFile::link(Agent::builtProgram("../share/quenfold"), prefix.filePath("share/quenfold"));
-  QFile entry(prefix.filePath("share/applications/org.quenfold.Quenfold.desktop"));
-  if (!entry.open(QIODevice::WriteOnly)) return {};
-  entry.write(("[Desktop Entry]\nType=Application\nName=Engine\nExec=" + engine + "\n").toUtf8());
-  return program;
 }
 
 TEST(Demonstration, NoticesAnEngineThatChangesNothing) {

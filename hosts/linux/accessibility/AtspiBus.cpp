@@ -55,6 +55,7 @@ AtspiBus::AtspiBus() : _connection(QString()) {
     return;
   }
   _connection = QDBusConnection::connectToBus(address, connectionName());
+  takeLargeMessages(_connection);
   if (!_connection.isConnected())
     _whyUnavailable = "the accessibility bus refuses connections: " +
                       _connection.lastError().message().toStdString();

@@ -40,6 +40,7 @@ BusApplications::BusApplications(QDBusConnection bus, std::string_view bundleIde
     : _bus(std::move(bus)),
       _object(std::make_unique<BusApplicationObject>(toQString(bundleIdentifier), getpid(),
                                                      static_cast<int>(policy))) {
+  takeLargeMessages(_bus);
   _bus.registerObject(
       bus::applicationPath, _object.get(),
       QDBusConnection::ExportScriptableSlots | QDBusConnection::ExportScriptableProperties);

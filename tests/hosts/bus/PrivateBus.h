@@ -9,7 +9,7 @@
 
 namespace qf::test {
 
-/// A message bus of its own, open to every user, that starts nothing by itself. Programs started
+/// A message bus of its own, open to every user, with a session bus's limits, that starts nothing by itself. Programs started
 /// after it find it as their session bus.
 class PrivateBus {
  public:
@@ -21,7 +21,10 @@ class PrivateBus {
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen>
 <policy context="default"><allow user="*"/><allow own="*"/>
-<allow send_destination="*"/><allow receive_sender="*"/></policy></busconfig>)");
+<allow send_destination="*"/><allow receive_sender="*"/></policy>
+<limit name="max_incoming_bytes">1000000000</limit>
+<limit name="max_outgoing_bytes">1000000000</limit>
+<limit name="max_message_size">1000000000</limit></busconfig>)");
     configuration.close();
     _daemon.setProcessChannelMode(QProcess::SeparateChannels);
     _daemon.start("dbus-daemon",
