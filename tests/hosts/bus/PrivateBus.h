@@ -9,8 +9,8 @@
 
 namespace qf::test {
 
-/// A message bus of its own, open to every user, with a session bus's limits, that starts nothing by itself. Programs started
-/// after it find it as their session bus.
+/// A message bus of its own, open to every user, with a session bus's limits, that starts nothing
+/// by itself. Programs started after it find it as their session bus.
 class PrivateBus {
  public:
   PrivateBus() {
