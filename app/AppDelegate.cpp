@@ -16,9 +16,13 @@
 #include "kit/QFKClientBase.h"
 #include "kit/QFKIdentifiers.h"
 #include "kit/QFKMenuSettingsManager.h"
+#include "kit/QFKShortcutActionItem.h"
 #include "menu/QFGlobalMenu.h"
 #include "palette/QFGlobalPalette.h"
 #include "palette/QFPaletteServices.h"
+#include "shortcuts/MASShortcut.h"
+#include "shortcuts/MASShortcutMonitor.h"
+#include "shortcuts/MASShortcutValidator.h"
 #include "textaccess/QFCurrentAppTracker.h"
 
 namespace qf {
@@ -45,6 +49,7 @@ void AppDelegate::applicationDidFinishLaunching() {
   checkAccessibilityTrust();
   _globalMenu = &_sharedObjects.globalMenu();
   _globalPalette = &_sharedObjects.globalPalette();
+  setupAllHotKeys();
   _sharedObjects.currentAppTracker().refresh();
   installStatusItem();
 }
@@ -71,9 +76,44 @@ void AppDelegate::installStatusItem() {
 void AppDelegate::updateMenuPrefs() {
   readQFMenuDictionaryFromSharedContainer();
   if (_statusItem) _statusItem->setImage(menuIcon());
+  setupAllHotKeys();
 }
 
 void AppDelegate::readQFMenuDictionaryFromSharedContainer() { _menuSettingsMgr->readSettings(); }
+
+void AppDelegate::setupAllHotKeys() {
+  if (MASShortcutMonitor* monitor = _sharedObjects.shortcutMonitor()) {
+    monitor->unregisterAllShortcuts();
+  }
+  setupSingleHotKey(_menuSettingsMgr->paletteShortcut());
+  for (const std::string& key : _menuSettingsMgr->shortcutIDList()) {
+    setupSingleHotKey(_menuSettingsMgr->shortcutForKey(key));
+  }
+}
+
+void AppDelegate::setupSingleHotKey(const std::optional<QFKShortcutActionItem>& item) {
+  const auto shortcut =
+      MASShortcut::shortcutWithKeyCode(item ? item->keycode : 0, item ? item->modifiers : 0);
+  if (!_sharedObjects.shortcutValidator().isShortcutValid(shortcut)) return;
+  MASShortcutMonitor* monitor = _sharedObjects.shortcutMonitor();
+  if (!monitor) return;
+  const auto identifier = item ? item->uuid : std::nullopt;
+  monitor->registerShortcut(shortcut, [delegate = std::weak_ptr(_self), identifier] {
+    if (const auto self = delegate.lock()) (*self)->handleHotKeyWithIdentifier(identifier);
+  });
+}
+
+void AppDelegate::handleHotKeyWithIdentifier(const std::optional<std::string>& identifier) {
+  if (identifier == QFKMenuSettingsManager::paletteShortcutKey) {
+    _sharedObjects.globalPalette().togglePalette();
+    return;
+  }
+  const auto item = identifier ? _menuSettingsMgr->shortcutForKey(*identifier) : std::nullopt;
+  if (!item || !item->typeValue) return;
+  QFGlobalMenu& menu = _sharedObjects.globalMenu();
+  if (item->type == QFKShortcutActionItem::appliesCleaner) menu.applyCleaner(*item->typeValue);
+  if (item->type == QFKShortcutActionItem::popsUpGroup) menu.showGroupMenuPopup(item->typeValue);
+}
 
 std::optional<std::string> AppDelegate::currentGroup() const {
   return _globalMenu ? _globalMenu->currentGroup() : std::nullopt;

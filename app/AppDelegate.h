@@ -11,12 +11,15 @@
 
 namespace qf {
 
+class MASShortcutMonitor;
+class MASShortcutValidator;
 class QFCurrentAppTracker;
 class QFGlobalMenu;
 class QFGlobalPalette;
 class QFKClientBase;
 class QFKMenuSettingsManager;
 class QFPaletteServices;
+class QFKShortcutActionItem;
 class StatusItem;
 class UserDefaults;
 struct Host;
@@ -32,6 +35,8 @@ class AppDelegate : public ApplicationDelegate {
     std::function<QFGlobalMenu&()> globalMenu;
     std::function<QFGlobalPalette&()> globalPalette;
     std::function<QFCurrentAppTracker&()> currentAppTracker;
+    std::function<MASShortcutMonitor*()> shortcutMonitor;
+    std::function<MASShortcutValidator&()> shortcutValidator;
   };
 
   /// Registers the defaults of the program; once, before its first delegate.
@@ -55,6 +60,13 @@ class AppDelegate : public ApplicationDelegate {
   void updateMenuPrefs();
   void readQFMenuDictionaryFromSharedContainer();
 
+  /// Replaces every registered hot key by those of the settings.
+  void setupAllHotKeys();
+  /// Registers the item's combination where it is a valid one.
+  void setupSingleHotKey(const std::optional<QFKShortcutActionItem>& item);
+  /// Does what the item of that key stands for now.
+  void handleHotKeyWithIdentifier(const std::optional<std::string>& identifier);
+
  private:
   void checkAccessibilityTrust();
   void installStatusItem();
@@ -67,6 +79,8 @@ class AppDelegate : public ApplicationDelegate {
   QFGlobalPalette* _globalPalette = nullptr;
   QFGlobalMenu* _globalMenu = nullptr;
   QFKMenuSettingsManager* _menuSettingsMgr = nullptr;
+  /// What hot keys hold of the delegate, weakly.
+  std::shared_ptr<AppDelegate*> _self = std::make_shared<AppDelegate*>(this);
 };
 
 }  // namespace qf

@@ -10,6 +10,8 @@
 #include "kit/QFMenuClient.h"
 #include "menu/QFGlobalMenu.h"
 #include "palette/QFGlobalPalette.h"
+#include "shortcuts/MASShortcutMonitor.h"
+#include "shortcuts/MASShortcutValidator.h"
 #include "textaccess/QFCurrentAppTracker.h"
 
 namespace qf {
@@ -23,6 +25,8 @@ int applicationMain(Host& host) {
                                  .globalMenu = &QFGlobalMenu::shared,
                                  .globalPalette = &QFGlobalPalette::shared,
                                  .currentAppTracker = &QFCurrentAppTracker::shared,
+                                 .shortcutMonitor = &MASShortcutMonitor::sharedMonitor,
+                                 .shortcutValidator = &MASShortcutValidator::sharedValidator,
                              });
   return host.application.run(delegate);
 }

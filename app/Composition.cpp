@@ -14,6 +14,12 @@
 #include "kit/QFMenuClient.h"
 #include "menu/QFGlobalMenu.h"
 #include "palette/QFGlobalPalette.h"
+#include "shortcuts/MASShortcut.h"
+#include "shortcuts/MASShortcutBinder.h"
+#include "shortcuts/MASShortcutMonitor.h"
+#include "shortcuts/MASShortcutValidator.h"
+#include "shortcuts/ShortcutKeyNames.h"
+#include "shortcuts/UserDefaultsController.h"
 #include "textaccess/QFCurrentAppTracker.h"
 #include "textaccess/QFTextAccess.h"
 
@@ -22,10 +28,40 @@ namespace {
 
 SharedGlobalMenu sharedGlobalMenu;
 SharedGlobalPalette sharedGlobalPalette;
+/// The palette's combination as its menu item shows it.
+std::optional<MenuKeyEquivalent> paletteKeyEquivalent(const ShortcutKeyNames& names) {
+  const auto item = QFKMenuSettingsManager::sharedManager().paletteShortcut();
+  const auto shortcut = MASShortcut::shortcutWithKeyCode(item.keycode, item.modifiers);
+  if (!MASShortcutValidator::sharedValidator().isShortcutValid(shortcut)) return std::nullopt;
+  return MenuKeyEquivalent{shortcut.keyCodeString(names).value_or(""), shortcut.modifierFlags()};
+}
+
+void composeShortcuts(Host& host) {
+  SharedInstance<ShortcutKeyNames>::setMaker(
+      [&host] { return std::make_unique<ShortcutKeyNames>(host.keyboardLayout, host.bundle); });
+  SharedInstance<MASShortcutMonitor>::setMaker(
+      [&host] { return MASShortcutMonitor::init(host.hotKeys, host.mainQueue); });
+  SharedInstance<MASShortcutValidator>::setMaker([&host] {
+    return std::make_unique<MASShortcutValidator>(MASShortcutValidator::Collaborators{
+        .symbolicHotKeys = host.symbolicHotKeys,
+        .keyNames = SharedInstance<ShortcutKeyNames>::get(),
+        .bundle = host.bundle,
+    });
+  });
+  SharedInstance<UserDefaultsController>::setMaker([&host] {
+    return std::make_unique<UserDefaultsController>(host.userDefaults.standardUserDefaults());
+  });
+  SharedInstance<MASShortcutBinder>::setMaker([] {
+    return std::make_unique<MASShortcutBinder>(
+        MASShortcutMonitor::sharedMonitor(),
+        UserDefaultsController::sharedUserDefaultsController());
+  });
+}
 
 }  // namespace
 
 void composeSharedInstances(Host& host) {
+  composeShortcuts(host);
   SharedInstance<QFKSharedContainer>::setMaker([&host] {
     return std::make_unique<QFKSharedContainer>(host.fileManager, host.userDefaults);
   });
@@ -60,6 +96,8 @@ void composeSharedInstances(Host& host) {
         .userDefaults = host.userDefaults.standardUserDefaults(),
         .currentAppTracker = &QFCurrentAppTracker::shared,
         .palette = &sharedGlobalPalette,
+        .paletteKeyEquivalent =
+            [] { return paletteKeyEquivalent(SharedInstance<ShortcutKeyNames>::get()); },
     });
   });
   SharedInstance<QFGlobalPalette>::setMaker([&host] {

@@ -28,6 +28,12 @@ class SharedInstance {
     std::call_once(shared.once, [&] { shared.object = maker(); });
     return *shared.object;
   }
+  /// For a class whose maker may fail: null where it did.
+  static T* find() {
+    State& shared = state();
+    std::call_once(shared.once, [&] { shared.object = shared.maker(); });
+    return shared.object.get();
+  }
 
  private:
   struct State {

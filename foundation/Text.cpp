@@ -2,6 +2,7 @@
 #include "foundation/Text.h"
 
 #include <unicode/locid.h>
+#include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
@@ -34,6 +35,16 @@ std::string lowercased(std::string_view text) {
 
 std::string uppercased(std::string_view text) {
   return utf8(unicode(text).toUpper(icu::Locale::getRoot()));
+}
+
+bool isVisibleText(std::string_view text) {
+  constexpr std::uint32_t visible =
+      U_GC_L_MASK | U_GC_M_MASK | U_GC_N_MASK | U_GC_P_MASK | U_GC_S_MASK;
+  const icu::UnicodeString characters = unicode(text);
+  for (int32_t i = 0; i < characters.length(); i = characters.moveIndex32(i, 1)) {
+    if (!(U_GET_GC_MASK(characters.char32At(i)) & visible)) return false;
+  }
+  return true;
 }
 
 std::size_t utf16Length(std::string_view text) {

@@ -13,6 +13,9 @@ namespace qf {
 std::string lowercased(std::string_view text);
 std::string uppercased(std::string_view text);
 
+/// Whether every character is a letter (with its marks), a number, punctuation or a symbol.
+bool isVisibleText(std::string_view text);
+
 /// How many characters a platform string of this text counts: UTF-16 units.
 std::size_t utf16Length(std::string_view text);
 

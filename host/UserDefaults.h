@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -13,6 +15,8 @@ namespace qf {
 /// registered. Main thread. Reading sees what any process stored last.
 class UserDefaults {
  public:
+  using ObserverID = std::uint64_t;
+
   virtual ~UserDefaults() = default;
 
   /// The stored value, else the registered one, else nothing.
@@ -21,6 +25,11 @@ class UserDefaults {
   virtual void setObject(std::optional<Value> value, std::string_view key) = 0;
   /// Adds to the registered defaults; an entry under the same key is replaced.
   virtual void registerDefaults(const Dictionary& defaults) = 0;
+
+  /// The handler runs after each change that this process makes to the domain, inside the call that
+  /// makes it.
+  virtual ObserverID addObserver(std::function<void()> handler) = 0;
+  virtual void removeObserver(ObserverID observer) = 0;
 };
 
 /// Opens domains.

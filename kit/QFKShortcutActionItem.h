@@ -28,7 +28,10 @@ class QFKShortcutActionItem {
   QFKShortcutActionItem copy() const;
   std::string description() const;
 
-  std::int64_t type = 0;  ///< 0 applies a cleaner, 1 pops up a group's menu
+  static constexpr std::int64_t appliesCleaner = 0;
+  static constexpr std::int64_t popsUpGroup = 1;
+
+  std::int64_t type = appliesCleaner;  ///< any other than these two does nothing
   /// The cleaner's token; or the group's name, or "#current" for the group that the menu shows.
   std::optional<std::string> typeValue = "#SCRUB";
   bool hasShortcut = false;     ///< whether a combination was recorded

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "app/AppDelegate.h"
 #include "palette/QFGlobalPalette.h"
+#include "shortcuts/MASShortcutMonitor.h"
+#include "shortcuts/MASShortcutValidator.h"
+#include "shortcuts/ShortcutKeyNames.h"
 #include "tests/menu/MenuTest.h"
 #include "tests/palette/FakeGlobalMenu.h"
 
@@ -20,13 +23,33 @@ class AppDelegateTest : public MenuTest {
   }
 
   AppDelegate::SharedObjects sharedObjects() {
-    AppDelegate::SharedObjects shared;
-    shared.menuSettingsMgr = [this]() -> QFKMenuSettingsManager& { return settings; };
-    shared.client = [this]() -> QFKClientBase& { return client; };
-    shared.globalMenu = [this]() -> QFGlobalMenu& { return menu; };
-    shared.globalPalette = [this]() -> QFGlobalPalette& { return palette; };
-    shared.currentAppTracker = [this]() -> QFCurrentAppTracker& { return tracker; };
-    return shared;
+    return {
+        .menuSettingsMgr = [this]() -> QFKMenuSettingsManager& { return settings; },
+        .client = [this]() -> QFKClientBase& { return client; },
+        .globalMenu = [this]() -> QFGlobalMenu& { return menu; },
+        .globalPalette = [this]() -> QFGlobalPalette& { return palette; },
+        .currentAppTracker = [this]() -> QFCurrentAppTracker& { return tracker; },
+        .shortcutMonitor = [this] { return monitor.get(); },
+        .shortcutValidator = [this]() -> MASShortcutValidator& { return validator; },
+    };
+  }
+
+  /// As if the engine had written a shortcut for the key with Control; answers its identifier.
+  std::string addElsewhere(std::uint64_t keycode, std::int64_t type, const char* typeValue) {
+    QFKMenuSettingsManager engine(container, host.fileManager, host.distributedNotificationCenter);
+    engine.readSettings();
+    QFKShortcutActionItem item = *engine.shortcutForKey(engine.addShortcut());
+    item.keycode = keycode;
+    item.modifiers = modifier::control;
+    item.type = type;
+    item.typeValue = typeValue;
+    engine.setShortcut(item);
+    host.distributedNotificationCenter.deliver();
+    return *item.uuid;
+  }
+  void press(std::uint32_t keyCode) {
+    host.hotKeys.press(keyCode, hotKeyModifier::control);
+    host.mainQueue.run();
   }
 
   QFGlobalMenu menu = makeMenu();
@@ -39,14 +62,19 @@ class AppDelegateTest : public MenuTest {
       .paletteWindows = host.paletteWindows,
       .userDefaults = host.userDefaults.standard,
   }};
-  AppDelegate delegate{host.host, sharedObjects()};
+  std::unique_ptr<MASShortcutMonitor> monitor =
+      MASShortcutMonitor::init(host.hotKeys, host.mainQueue);
+  ShortcutKeyNames keyNames{host.keyboardLayout, host.bundle};
+  MASShortcutValidator validator{
+      {.symbolicHotKeys = host.symbolicHotKeys, .keyNames = keyNames, .bundle = host.bundle}};
+  std::optional<AppDelegate> delegate{std::in_place, host.host, sharedObjects()};
 };
 
 TEST_F(AppDelegateTest, ShowsTheIconOfTheSettings) {
   const std::pair<std::int64_t, const char*> icons[] = {
       {5, "qfmenu-icon05"}, {123, "qfmenu-icon123"}, {-1, "qfmenu-icon-01"}, {0, "qfmenu-icon00"}};
   for (const auto& [iconID, name] : icons) addIcon(name);
-  delegate.applicationDidFinishLaunching();
+  delegate->applicationDidFinishLaunching();
   EXPECT_EQ(host.statusBar.button.image->name, "qfmenu-icon00");
   EXPECT_TRUE(host.statusBar.button.image->isTemplate);
   EXPECT_FALSE(host.statusBar.itemImage);
@@ -66,26 +94,96 @@ TEST_F(AppDelegateTest, ShowsTheIconOfTheSettings) {
 TEST_F(AppDelegateTest, TakesSettingsThatChangeWhileItStarts) {
   addIcon("qfmenu-icon03");
   host.accessibility.onTrustCheck = [this](bool) { changeIconElsewhere(3); };
-  delegate.applicationDidFinishLaunching();
+  delegate->applicationDidFinishLaunching();
   EXPECT_EQ(host.statusBar.button.image->name, "qfmenu-icon03");
   EXPECT_FALSE(host.statusBar.itemImage);
 }
 
 TEST_F(AppDelegateTest, SecondStartShowsThePaletteAndNeverHidesIt) {
-  delegate.applicationDidReopen();
+  delegate->applicationDidReopen();
   EXPECT_FALSE(palette.isVisible()) << "there is none before the start";
-  delegate.applicationDidFinishLaunching();
+  delegate->applicationDidFinishLaunching();
   for (int starts = 0; starts < 2; ++starts) {
-    delegate.applicationDidReopen();
+    delegate->applicationDidReopen();
     EXPECT_TRUE(palette.isVisible());
   }
 }
 
 TEST_F(AppDelegateTest, KnowsTheCurrentGroup) {
-  EXPECT_EQ(delegate.currentGroup(), std::nullopt);
-  delegate.applicationDidFinishLaunching();
+  EXPECT_EQ(delegate->currentGroup(), std::nullopt);
+  delegate->applicationDidFinishLaunching();
   menu.changeGroupTo("Basics");
-  EXPECT_EQ(delegate.currentGroup(), "Basics");
+  EXPECT_EQ(delegate->currentGroup(), "Basics");
+}
+
+TEST_F(AppDelegateTest, RegistersTheHotKeysOfTheSettings) {
+  delegate->applicationDidFinishLaunching();
+  EXPECT_TRUE(host.hotKeys.registered.empty());
+  addElsewhere(40, 0, "upper");
+  addElsewhere(41, 0, "lower");
+  EXPECT_EQ(host.hotKeys.combinations(),
+            (std::multiset<FakeHotKeys::Combination>{{40, 0x1000}, {41, 0x1000}}));
+
+  settings.readSettings();
+  settings.removeShortcutForKey(settings.shortcutIDList().front());
+  QFKShortcutActionItem changed = *settings.shortcutForKey(settings.shortcutIDList().front());
+  changed.modifiers = modifier::shift;  // would swallow typing
+  settings.setShortcut(changed);
+  QFKShortcutActionItem forPalette = settings.paletteShortcut();
+  forPalette.keycode = 96;
+  settings.setPaletteShortcut(forPalette);
+  host.distributedNotificationCenter.deliver();
+  EXPECT_EQ(host.hotKeys.combinations(), (std::multiset<FakeHotKeys::Combination>{{96, 0}}));
+}
+
+TEST_F(AppDelegateTest, DoesWhatTheHotKeyStandsForNow) {
+  delegate->applicationDidFinishLaunching();
+  const std::string identifier = addElsewhere(40, 1, "#current");
+  menu.changeGroupTo("Standard");
+  press(40);
+  ASSERT_EQ(host.menuPresenter.popUps.size(), 1u);
+  EXPECT_EQ(host.menuPresenter.popUps[0].menu->title, "popup");
+
+  QFKShortcutActionItem item = *settings.shortcutForKey(identifier);
+  item.type = 0;
+  settings.setShortcut(item);  // what it stands for counts before the keys are registered again
+  log.lines.clear();
+  press(40);
+  EXPECT_THAT(log.lines, testing::Contains("Apply Cleaner Error"));
+  log.lines.clear();
+  item.type = 2;
+  settings.setShortcut(item);
+  press(40);
+  settings.removeShortcutForKey(identifier);
+  press(40);
+  EXPECT_TRUE(log.lines.empty());
+  EXPECT_EQ(host.menuPresenter.popUps.size(), 1u);
+
+  host.distributedNotificationCenter.deliver();
+  QFKShortcutActionItem forPalette = settings.paletteShortcut();
+  forPalette.keycode = 40;
+  forPalette.modifiers = modifier::control;
+  forPalette.type = 1;
+  settings.setPaletteShortcut(forPalette);
+  host.distributedNotificationCenter.deliver();
+  press(40);
+  EXPECT_TRUE(palette.isVisible());
+}
+
+TEST_F(AppDelegateTest, GoesOnWithoutHotKeys) {
+  monitor.reset();
+  delegate->applicationDidFinishLaunching();
+  addElsewhere(40, 0, "upper");
+  EXPECT_TRUE(host.hotKeys.registered.empty());
+}
+
+TEST_F(AppDelegateTest, LeavesHotKeysBehindThatDoNothing) {
+  delegate->applicationDidFinishLaunching();
+  addElsewhere(40, 1, "Standard");
+  host.hotKeys.press(40, hotKeyModifier::control);
+  delegate.reset();
+  host.mainQueue.run();
+  EXPECT_TRUE(host.menuPresenter.popUps.empty());
 }
 
 }  // namespace

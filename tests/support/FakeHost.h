@@ -10,12 +10,16 @@
 #include "tests/support/FakeDistributedNotificationCenter.h"
 #include "tests/support/FakeEventState.h"
 #include "tests/support/FakeFileManager.h"
+#include "tests/support/FakeHotKeys.h"
+#include "tests/support/FakeKeyboardLayout.h"
+#include "tests/support/FakeMainQueue.h"
 #include "tests/support/FakeMenuPresenter.h"
 #include "tests/support/FakePaletteWindow.h"
 #include "tests/support/FakePasteboard.h"
 #include "tests/support/FakeServices.h"
 #include "tests/support/FakeSound.h"
 #include "tests/support/FakeStatusBar.h"
+#include "tests/support/FakeSymbolicHotKeys.h"
 #include "tests/support/FakeUserDefaults.h"
 #include "tests/support/FakeWorkspace.h"
 
@@ -31,12 +35,16 @@ struct FakeHost {
   FakeDistributedNotificationCenter distributedNotificationCenter;
   FakeEventState eventState;
   FakeFileManager fileManager;
+  FakeHotKeys hotKeys;
+  FakeKeyboardLayout keyboardLayout;
+  FakeMainQueue mainQueue;
   FakeMenuPresenter menuPresenter;
   FakePaletteWindows paletteWindows;
   FakePasteboards pasteboards;
   FakeServices services;
   FakeSound sound;
   FakeStatusBar statusBar;
+  FakeSymbolicHotKeys symbolicHotKeys;
   FakeUserDefaultsDomains userDefaults;
   FakeWorkspace workspace;
 
@@ -49,12 +57,16 @@ struct FakeHost {
       .distributedNotificationCenter = distributedNotificationCenter,
       .eventState = eventState,
       .fileManager = fileManager,
+      .hotKeys = hotKeys,
+      .keyboardLayout = keyboardLayout,
+      .mainQueue = mainQueue,
       .menuPresenter = menuPresenter,
       .paletteWindows = paletteWindows,
       .pasteboards = pasteboards,
       .services = services,
       .sound = sound,
       .statusBar = statusBar,
+      .symbolicHotKeys = symbolicHotKeys,
       .userDefaults = userDefaults,
       .workspace = workspace,
   };

@@ -15,10 +15,12 @@ void FakeUserDefaults::setObject(std::optional<Value> value, std::string_view ke
   } else {
     stored->remove(key);
   }
+  changes.post("changed");
 }
 
 void FakeUserDefaults::registerDefaults(const Dictionary& defaults) {
   for (const auto& [key, value] : defaults) registered.set(key, value);
+  changes.post("changed");
 }
 
 std::unique_ptr<UserDefaults> FakeUserDefaultsDomains::suite(std::string_view suiteName) {

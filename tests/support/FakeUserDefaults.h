@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "foundation/NotificationCenter.h"
 #include "host/UserDefaults.h"
 
 namespace qf {
@@ -17,9 +18,14 @@ class FakeUserDefaults : public UserDefaults {
   std::optional<Value> objectForKey(std::string_view key) const override;
   void setObject(std::optional<Value> value, std::string_view key) override;
   void registerDefaults(const Dictionary& defaults) override;
+  ObserverID addObserver(std::function<void()> handler) override {
+    return changes.addObserver("changed", std::move(handler));
+  }
+  void removeObserver(ObserverID observer) override { changes.removeObserver(observer); }
 
   std::shared_ptr<Dictionary> stored;  ///< all objects of one domain have the same
   Dictionary registered;
+  NotificationCenter changes;
 };
 
 class FakeUserDefaultsDomains : public UserDefaultsDomains {

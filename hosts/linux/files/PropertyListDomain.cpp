@@ -24,6 +24,7 @@ std::optional<Value> PropertyListDomain::value(std::string_view key) {
 void PropertyListDomain::store(std::string_view key, std::optional<Value> value) {
   _unstored.insert_or_assign(std::string(key), std::move(value));
   flush();
+  _changes.post(changed);
 }
 
 void PropertyListDomain::flush() {

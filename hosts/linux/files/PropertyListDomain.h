@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "foundation/NotificationCenter.h"
 #include "foundation/Result.h"
 #include "foundation/Value.h"
 
@@ -26,6 +27,10 @@ class PropertyListDomain {
   /// Nothing removes the key. Where the file cannot be written, that is logged, and the change
   /// waits for the next store; this process sees it already.
   void store(std::string_view key, std::optional<Value> value);
+
+  static constexpr std::string_view changed = "changed";
+  /// Where `changed` is posted after each change.
+  NotificationCenter& changes() { return _changes; }
 
  private:
   struct Stamp {
@@ -47,6 +52,7 @@ class PropertyListDomain {
   Dictionary _stored;
   std::string _fault;  // why the file cannot be read; empty while it can
   std::map<std::string, std::optional<Value>, std::less<>> _unstored;
+  NotificationCenter _changes;
 };
 
 }  // namespace qf

@@ -20,6 +20,16 @@ void PropertyListUserDefaults::setObject(std::optional<Value> value, std::string
 
 void PropertyListUserDefaults::registerDefaults(const Dictionary& defaults) {
   for (const auto& [key, value] : defaults) _registered.set(key, value);
+  _domain->changes().post(PropertyListDomain::changed);
+}
+
+UserDefaults::ObserverID PropertyListUserDefaults::addObserver(std::function<void()> handler) {
+  return _domain->changes().addObserver(std::string(PropertyListDomain::changed),
+                                        std::move(handler));
+}
+
+void PropertyListUserDefaults::removeObserver(ObserverID observer) {
+  _domain->changes().removeObserver(observer);
 }
 
 }  // namespace qf

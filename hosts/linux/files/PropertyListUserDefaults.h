@@ -16,6 +16,8 @@ class PropertyListUserDefaults : public UserDefaults {
   std::optional<Value> objectForKey(std::string_view key) const override;
   void setObject(std::optional<Value> value, std::string_view key) override;
   void registerDefaults(const Dictionary& defaults) override;
+  ObserverID addObserver(std::function<void()> handler) override;
+  void removeObserver(ObserverID observer) override;
 
  private:
   std::shared_ptr<PropertyListDomain> _domain;

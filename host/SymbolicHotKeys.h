@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "host/Availability.h"
+
+namespace qf {
+
+/// A combination that the desktop itself answers to.
+struct SymbolicHotKey {
+  std::uint32_t code = 0;       ///< key code, as in the menu settings
+  std::uint32_t modifiers = 0;  ///< as host/HotKeys.h lays them out
+  bool isEnabled = true;
+  bool operator==(const SymbolicHotKey&) const = default;
+};
+
+/// The desktop's own shortcuts. Main thread.
+class SymbolicHotKeys {
+ public:
+  virtual ~SymbolicHotKeys() = default;
+  virtual Availability availability() const = 0;
+  /// The list of the moment, within 1 s; nothing where no desktop publishes one.
+  virtual std::optional<std::vector<SymbolicHotKey>> copySymbolicHotKeys() const = 0;
+};
+
+}  // namespace qf
