@@ -26,11 +26,15 @@
 #include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
 #include "hosts/linux/files/XdgBundle.h"
 #include "hosts/linux/files/XdgFileManager.h"
+#include "hosts/linux/keys/DesktopHotKeys.h"
+#include "hosts/linux/keys/XcbHotKeys.h"
+#include "hosts/linux/keys/XkbKeyboardLayout.h"
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
 #include "hosts/linux/workspace/LinuxWorkspace.h"
 #include "hosts/linux/workspace/X11PanelSystem.h"
 #include "hosts/qt/QtApplication.h"
 #include "hosts/qt/QtEventState.h"
+#include "hosts/qt/QtMainQueue.h"
 #include "hosts/qt/QtMenuPresenter.h"
 #include "hosts/qt/QtPaletteWindows.h"
 #include "hosts/qt/QtSound.h"
@@ -79,6 +83,9 @@ struct LinuxHost::Services {
         distributedNotificationCenter(core.bus),
         workspace(core.applications, {.programFolder = programFolder()}),
         accessibility(pasteboards.generalPasteboard(), workspace),
+        hotKeys(mainQueue),
+        keyboardLayout(hotKeys.keyboard()),
+        symbolicHotKeys(core.bus, hotKeys.keyboard()),
         paletteWindows(panelSystem, [this] { return paletteTakesKeyboard(); }),
         servicesMenu(core.bus, pasteboards),
         notice(core.bus, "Quenfold", iconName),
@@ -91,12 +98,16 @@ struct LinuxHost::Services {
              .distributedNotificationCenter = distributedNotificationCenter,
              .eventState = eventState,
              .fileManager = fileManager,
+             .hotKeys = hotKeys,
+             .keyboardLayout = keyboardLayout,
+             .mainQueue = mainQueue,
              .menuPresenter = menuPresenter,
              .paletteWindows = paletteWindows,
              .pasteboards = pasteboards,
              .services = servicesMenu,
              .sound = sound,
              .statusBar = statusBar,
+             .symbolicHotKeys = symbolicHotKeys,
              .userDefaults = userDefaults,
              .workspace = workspace} {
     workspace.setLaunchFailureHandler([this](const std::string& reason) {
@@ -118,6 +129,8 @@ struct LinuxHost::Services {
         {"Accessibility", accessibility.availability()},
         {"AppleEvents", appleEvents.availability()},
         {"DistributedNotifications", distributedNotificationCenter.availability()},
+        {"HotKeys", hotKeys.availability()},
+        {"KeyboardLayout", keyboardLayout.availability()},
         {"Pasteboard", pasteboards.generalPasteboard().availability()},
         {"StatusBar", statusBar.availability()},
         {"Workspace", workspace.availability()},
@@ -146,6 +159,10 @@ struct LinuxHost::Services {
   LinuxWorkspace workspace;
   mutable XcbPasteboards pasteboards;
   AtspiAccessibility accessibility;
+  QtMainQueue mainQueue;
+  XcbHotKeys hotKeys;
+  XkbKeyboardLayout keyboardLayout;
+  DesktopHotKeys symbolicHotKeys;
   QtEventState eventState;
   QtMenuPresenter menuPresenter;
   X11PanelSystem panelSystem;

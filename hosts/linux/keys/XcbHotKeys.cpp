@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/keys/XcbHotKeys.h"
+
+#include <utility>
+#include <vector>
+
+#include "foundation/Log.h"
+#include "host/MainQueue.h"
+
+namespace qf {
+
+XcbHotKeys::XcbHotKeys(MainQueue& mainQueue, const std::string& displayName)
+    : _mainQueue(mainQueue) {
+  _keyboard = std::make_unique<KeyboardService>(
+      displayName, KeyboardService::Handlers{
+                       .onPress =
+                           [this](const KeyCombination& combination) {
+                             later([combination](XcbHotKeys& self) { self.pressed(combination); });
+                           },
+                       .onGrabChanged =
+                           [this](const KeyCombination& combination, bool isGrabbed) {
+                             later([combination, isGrabbed](XcbHotKeys& self) {
+                               self.grabChanged(combination, isGrabbed);
+                             });
+                           }});
+}
+
+XcbHotKeys::~XcbHotKeys() = default;
+
+void XcbHotKeys::later(std::function<void(XcbHotKeys&)> work) {
+  _mainQueue.async([work = std::move(work), self = std::weak_ptr(_self)] {
+    if (const auto hotKeys = self.lock()) work(**hotKeys);
+  });
+}
+
+Availability XcbHotKeys::availability() const {
+  const Availability keyboard = _keyboard->availability();
+  if (!keyboard.isAvailable || _refusals.empty()) return keyboard;
+  std::string reasons;
+  for (const auto& [combination, reason] : _refusals) {
+    if (!reasons.empty()) reasons += "; ";
+    reasons += reason;
+  }
+  return Availability::unavailable(reasons);
+}
+
+Availability XcbHotKeys::availability(std::uint32_t keyCode, std::uint32_t modifiers) const {
+  const Availability keyboard = _keyboard->availability();
+  const auto refusal = _refusals.find({keyCode, modifiers});
+  if (!keyboard.isAvailable || refusal == _refusals.end()) return keyboard;
+  return Availability::unavailable(refusal->second);
+}
+
+HotKeyStatus XcbHotKeys::registerEventHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
+                                             HotKeyID id, Ref& ref) {
+  const KeyCombination combination{keyCode, modifiers};
+  if (!_grabs.contains(combination)) {
+    const KeyboardService::Grab answer = _keyboard->grab(combination);
+    if (answer != KeyboardService::Grab::granted) {
+      refuse(combination, answer);
+      return answer == KeyboardService::Grab::heldByAnother ? HotKeyStatus::eventHotKeyExists
+                                                            : HotKeyStatus::eventHotKeyInvalid;
+    }
+    _refusals.erase(combination);
+  }
+  ref = ++_lastNumber;
+  _grabs[combination].emplace(ref, id);
+  _combinations.emplace(ref, combination);
+  return HotKeyStatus::noError;
+}
+
+void XcbHotKeys::refuse(const KeyCombination& combination, KeyboardService::Grab answer) {
+  const auto keyboard = _keyboard->map();
+  const std::string label = keyboard ? keyboard->label(combination) : "a combination";
+  std::string reason = "the X server does not answer; " + label + " is not registered";
+  if (answer == KeyboardService::Grab::heldByAnother) {
+    reason = "another program holds " + label + "; choose other keys here or there";
+  } else if (answer == KeyboardService::Grab::noSuchKey) {
+    reason = "this keyboard has no key for " + label;
+  }
+  log("HotKeys: " + reason);
+  _refusals.insert_or_assign(combination, reason);
+}
+
+void XcbHotKeys::unregisterEventHotKey(Ref ref) {
+  const auto registration = _combinations.extract(ref);
+  if (!registration) return;
+  Registrations& left = _grabs[registration.mapped()];
+  left.erase(ref);
+  if (left.empty()) dropUnusedSoon();
+}
+
+void XcbHotKeys::dropUnusedSoon() {
+  if (std::exchange(_dropsSoon, true)) return;
+  later([](XcbHotKeys& self) { self.dropUnused(); });
+}
+
+void XcbHotKeys::dropUnused() {
+  _dropsSoon = false;
+  for (auto next = _grabs.begin(); next != _grabs.end();) {
+    if (next->second.empty()) {
+      _keyboard->ungrab(next->first);
+      _refusals.erase(next->first);
+      next = _grabs.erase(next);
+    } else {
+      ++next;
+    }
+  }
+}
+
+std::optional<std::uint64_t> XcbHotKeys::installEventHandler(Handler handler) {
+  if (!_keyboard->availability().isAvailable) return std::nullopt;
+  _handlers.emplace(++_lastNumber, std::move(handler));
+  return _lastNumber;
+}
+
+void XcbHotKeys::pressed(const KeyCombination& combination) {
+  const auto grab = _grabs.find(combination);
+  if (grab == _grabs.end() || grab->second.empty()) return;
+  const HotKeyEvent event{.directObject = grab->second.rbegin()->second};
+  const auto handlers = _handlers;
+  for (const auto& [number, handler] : handlers) handler(event);
+}
+
+void XcbHotKeys::grabChanged(const KeyCombination& combination, bool isGrabbed) {
+  if (isGrabbed) {
+    _refusals.erase(combination);
+  } else if (_grabs.contains(combination)) {
+    refuse(combination, KeyboardService::Grab::heldByAnother);
+  }
+}
+
+}  // namespace qf

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "host/HotKeys.h"
+#include "hosts/linux/keys/KeyboardService.h"
+
+namespace qf {
+
+class MainQueue;
+
+/// Hot keys by grabs of the X server. These are not counted, so the registrations are counted here;
+/// a grab that nobody wants any more is dropped once the run loop has turned, so that one which is
+/// wanted again meanwhile is never let go.
+class XcbHotKeys : public HotKeys {
+ public:
+  /// The queue outlives the hot keys.
+  explicit XcbHotKeys(MainQueue& mainQueue, const std::string& displayName = {});
+  ~XcbHotKeys() override;
+
+  Availability availability() const override;
+  Availability availability(std::uint32_t keyCode, std::uint32_t modifiers) const override;
+  HotKeyStatus registerEventHotKey(std::uint32_t keyCode, std::uint32_t modifiers, HotKeyID id,
+                                   Ref& ref) override;
+  void unregisterEventHotKey(Ref ref) override;
+  void forgetRefusals() override { _refusals.clear(); }
+  std::optional<std::uint64_t> installEventHandler(Handler handler) override;
+  void removeEventHandler(std::uint64_t handler) override { _handlers.erase(handler); }
+
+  const KeyboardService& keyboard() const { return *_keyboard; }
+
+ private:
+  using Registrations = std::map<Ref, HotKeyID>;
+
+  void pressed(const KeyCombination& combination);
+  void grabChanged(const KeyCombination& combination, bool isGrabbed);
+  void refuse(const KeyCombination& combination, KeyboardService::Grab answer);
+  void dropUnusedSoon();
+  void dropUnused();
+  void later(std::function<void(XcbHotKeys&)> work);
+
+  MainQueue& _mainQueue;
+  std::map<KeyCombination, Registrations> _grabs;  // without registrations: to be dropped
+  std::map<Ref, KeyCombination> _combinations;
+  std::map<KeyCombination, std::string> _refusals;
+  std::map<std::uint64_t, Handler> _handlers;
+  std::uint64_t _lastNumber = 0;
+  bool _dropsSoon = false;
+  /// What queued work holds of this object, weakly.
+  std::shared_ptr<XcbHotKeys*> _self = std::make_shared<XcbHotKeys*>(this);
+  std::unique_ptr<KeyboardService> _keyboard;  // ends first: it calls the others
+};
+
+}  // namespace qf

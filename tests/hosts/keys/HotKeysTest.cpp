@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+#include <linux/input-event-codes.h>
+
+#include <csignal>
+
+#include "foundation/Text.h"
+#include "hosts/linux/keys/XkbKeyboardLayout.h"
+#include "tests/desktop/Keyboard.h"
+#include "tests/hosts/keys/PressCounter.h"
+
+namespace qf {
+namespace {
+
+using desktop::Keyboard;
+using desktop::output;
+using desktop::Program;
+using desktop::until;
+
+constexpr std::uint32_t keyK = 40;
+constexpr std::uint32_t keyJ = 38;
+constexpr auto control = hotKeyModifier::control;
+constexpr auto option = hotKeyModifier::option;
+
+// Of the X protocol.
+constexpr std::uint16_t controlMask = 4, lockMask = 2, altMask = 8, numLockMask = 16;
+
+void setLayout(const QStringList& arguments) {
+  output("setxkbmap", arguments);
+  settle();
+}
+
+class HotKeysOnX : public testing::Test {
+ protected:
+  ~HotKeysOnX() override { output("setxkbmap", {"us"}); }
+
+  Keyboard keyboard;
+  PressCounter counter;
+};
+
+TEST_F(HotKeysOnX, HearWhateverLocksAreOn) {
+  ASSERT_EQ(counter.add(keyK, control | option, 1), HotKeyStatus::noError);
+  int count = 0;
+  for (const std::uint16_t lock : {KEY_RESERVED, KEY_CAPSLOCK, KEY_NUMLOCK, KEY_CAPSLOCK}) {
+    if (lock != KEY_RESERVED) keyboard.press({lock});
+    keyboard.press({KEY_LEFTCTRL, KEY_LEFTALT, KEY_K});
+    EXPECT_TRUE(counter.heard(1, ++count)) << "after lock key " << lock;
+  }
+  keyboard.press({KEY_NUMLOCK});
+  keyboard.press({KEY_LEFTCTRL, KEY_K});
+  keyboard.press({KEY_LEFTCTRL, KEY_LEFTALT, KEY_LEFTSHIFT, KEY_K});
+  keyboard.press({KEY_LEFTCTRL, KEY_LEFTALT, KEY_L});
+  settle();
+  EXPECT_EQ(counter.presses[1], count);
+}
+
+TEST_F(HotKeysOnX, LeaveAltGrToTyping) {
+  setLayout({"de"});
+  counter.add(keyK, control, 1);
+  counter.add(keyK, control | option, 2);
+  keyboard.press({KEY_LEFTCTRL, KEY_RIGHTALT, KEY_K});
+  settle();
+  EXPECT_TRUE(counter.presses.empty());
+  keyboard.press({KEY_LEFTCTRL, KEY_LEFTALT, KEY_K});
+  EXPECT_TRUE(counter.heard(2));
+}
+
+TEST_F(HotKeysOnX, FireOnceHoweverLongTheyAreHeld) {
+  counter.add(keyK, control, 1);
+  keyboard.down(KEY_LEFTCTRL);
+  keyboard.down(KEY_K);
+  settle(std::chrono::milliseconds(1000));  // repeats begin after 660 ms
+  EXPECT_EQ(counter.presses[1], 1);
+  // The next press of the key, with Control still held, is one of its own.
+  keyboard.up(KEY_K);
+  keyboard.down(KEY_K);
+  EXPECT_TRUE(counter.heard(1, 2));
+  keyboard.up(KEY_K);
+  keyboard.up(KEY_LEFTCTRL);
+  for (int press = 0; press < 20; ++press) keyboard.press({KEY_LEFTCTRL, KEY_K});
+  EXPECT_TRUE(counter.heard(1, 22)) << counter.presses[1];
+}
+
+TEST_F(HotKeysOnX, SayWhoHoldsACombination) {
+  Keyboard other;
+  ASSERT_TRUE(other.grab(KEY_K, controlMask | lockMask));
+  EXPECT_EQ(counter.add(keyK, control, 1), HotKeyStatus::eventHotKeyExists);
+  EXPECT_EQ(counter.add(keyJ, control, 2), HotKeyStatus::noError);
+  const Availability all = counter.hotKeys.availability();
+  EXPECT_FALSE(all.isAvailable);
+  EXPECT_EQ(all.reason, "another program holds Ctrl+K; choose other keys here or there");
+  EXPECT_EQ(counter.hotKeys.availability(keyK, control).reason, all.reason);
+  EXPECT_TRUE(counter.hotKeys.availability(keyJ, control).isAvailable);
+  EXPECT_TRUE(other.grab(KEY_K, controlMask)) << "nothing of a refused combination is kept";
+
+  other.ungrab(KEY_K, controlMask | lockMask);
+  other.ungrab(KEY_K, controlMask);
+  EXPECT_EQ(counter.add(keyK, control, 1), HotKeyStatus::noError);
+  EXPECT_TRUE(counter.hotKeys.availability().isAvailable);
+  EXPECT_EQ(counter.add(500, control, 3), HotKeyStatus::eventHotKeyInvalid);
+  EXPECT_FALSE(counter.hotKeys.availability().isAvailable);
+  counter.hotKeys.forgetRefusals();
+  EXPECT_TRUE(counter.hotKeys.availability().isAvailable);
+}
+
+TEST_F(HotKeysOnX, KeepWhatIsRegisteredAgain) {
+  Keyboard other;
+  counter.add(keyK, control, 1);
+  counter.add(keyK, control, 2);
+  counter.drop(1);
+  keyboard.press({KEY_LEFTCTRL, KEY_K});
+  EXPECT_TRUE(counter.heard(2)) << "an equal registration stays when another is dropped";
+  counter.drop(2);
+  EXPECT_FALSE(other.grab(KEY_K, controlMask)) << "not let go before the run loop turns";
+  counter.add(keyK, control, 3);
+  settle();
+  EXPECT_FALSE(other.grab(KEY_K, controlMask));
+  counter.drop(3);
+  settle();
+  for (const std::uint16_t locks : {0, +lockMask, +numLockMask, lockMask | numLockMask}) {
+    EXPECT_TRUE(other.grab(KEY_K, controlMask | locks)) << locks;
+  }
+  EXPECT_EQ(counter.presses[1], 0);
+}
+
+TEST_F(HotKeysOnX, LoseNoPressWhileTheyAreRegisteredAgain) {
+  counter.add(keyK, control, 1);
+  keyboard.press({KEY_LEFTCTRL, KEY_K});  // on its way
+  counter.drop(1);
+  counter.add(keyK, control, 2);
+  EXPECT_TRUE(counter.heard(2));
+}
+
+TEST_F(HotKeysOnX, NameKeysByTheLatinLayout) {
+  const XkbKeyboardLayout layout(counter.hotKeys.keyboard());
+  const auto names = [&](std::initializer_list<std::uint16_t> keyCodes) {
+    std::string result;
+    for (const auto keyCode : keyCodes) result += *layout.translateKey(keyCode) + " ";
+    return result;
+  };
+  // The places of Q, Z, Y, ; and ` on a US keyboard.
+  const auto placeNames = [&] { return names({12, 6, 16, 41, 50}); };
+  const struct {
+    QStringList layout;
+    const char* expected;
+  } layouts[] = {{{"us"}, "q z y ; ` "}, {{"de"}, "q y z ö ^ "},
+                 {{"fr"}, "a w y m ² "}, {{"us", "-variant", "dvorak"}, "' ; f s ` "},
+                 {{"ru"}, "q z y ; ` "}, {{"ru,de"}, "q y z ö ^ "}};
+  for (const auto& [arguments, expected] : layouts) {
+    output("setxkbmap", arguments);
+    EXPECT_TRUE(until([&] { return placeNames() == expected; }))
+        << arguments.join(' ').toStdString() << ": " << placeNames();
+  }
+
+  setLayout({"us,fr,ru"});
+  EXPECT_EQ(names({12}), "q ");
+  keyboard.lockLayout(1);
+  EXPECT_TRUE(until([&] { return names({12}) == "a "; }));
+  keyboard.lockLayout(2);
+  settle();
+  EXPECT_EQ(names({12}), "a ") << "the Latin layout that was active last";
+  EXPECT_EQ(layout.keyCodeForHardwareCode(KEY_Q + 8), 12);
+  keyboard.lockLayout(0);
+}
+
+TEST_F(HotKeysOnX, StayWithTheirKeysWhenTheLayoutChanges) {
+  counter.add(keyK, control | option, 1);
+  int count = 0;
+  for (const char* layout : {"de", "ru", "us,ru"}) {
+    setLayout({layout});
+    keyboard.press({KEY_LEFTCTRL, KEY_LEFTALT, KEY_K});
+    EXPECT_TRUE(counter.heard(1, ++count)) << layout;
+  }
+  keyboard.lockLayout(1);
+  settle();
+  keyboard.press({KEY_LEFTCTRL, KEY_LEFTALT, KEY_K});
+  EXPECT_TRUE(counter.heard(1, ++count));
+  keyboard.lockLayout(0);
+  // Alt and Control change places on the keyboard: the combination follows what they mean.
+  setLayout({"us", "-option", "ctrl:swap_lalt_lctl"});
+  keyboard.press({KEY_LEFTALT, KEY_LEFTCTRL, KEY_K});
+  EXPECT_TRUE(counter.heard(1, ++count));
+  setLayout({"us", "-option", ""});
+}
+
+TEST(HotKeysOfALostServer, SayWhy) {
+  QProcess server;
+  server.start("Xvfb", {"-displayfd", "1", "-nolisten", "tcp"});
+  ASSERT_TRUE(server.waitForReadyRead(20000));
+  PressCounter counter(":" + server.readLine().trimmed().toStdString());
+  ASSERT_EQ(counter.add(keyK, control, 1), HotKeyStatus::noError);
+  server.kill();
+  server.waitForFinished();
+  EXPECT_TRUE(until([&] { return !counter.hotKeys.availability().isAvailable; }));
+  EXPECT_EQ(counter.add(keyJ, control, 2), HotKeyStatus::eventHotKeyInvalid);
+  counter.drop(1);
+  settle();
+
+  PressCounter blind(":99999");
+  EXPECT_FALSE(blind.hotKeys.availability().isAvailable);
+  EXPECT_FALSE(blind.hotKeys.installEventHandler([](const HotKeyEvent&) {}));
+  EXPECT_EQ(blind.add(keyK, control, 1), HotKeyStatus::eventHotKeyInvalid);
+  EXPECT_FALSE(XkbKeyboardLayout(blind.hotKeys.keyboard()).translateKey(0));
+}
+
+TEST(HotKeysOfAStoppedServer, AreNotWaitedForLong) {
+  QProcess server;
+  server.start("Xvfb", {"-displayfd", "1", "-nolisten", "tcp"});
+  ASSERT_TRUE(server.waitForReadyRead(20000));
+  PressCounter counter(":" + server.readLine().trimmed().toStdString());
+  counter.add(keyK, control, 1);
+  kill(static_cast<pid_t>(server.processId()), SIGSTOP);
+  const auto start = std::chrono::steady_clock::now();
+  for (std::uint32_t id = 2; id < 20; ++id) {
+    EXPECT_NE(counter.add(keyJ, id << 8, id), HotKeyStatus::noError);
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1500));
+  kill(static_cast<pid_t>(server.processId()), SIGCONT);
+  EXPECT_TRUE(until([&] { return counter.add(keyJ, control, 30) == HotKeyStatus::noError; }));
+  counter.hotKeys.forgetRefusals();
+  server.kill();
+  server.waitForFinished();
+}
+
+}  // namespace
+}  // namespace qf

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: Apache-2.0
+// The key codes as docs/files.md has them, held against what programs see when keys are pressed.
+#include <gtest/gtest.h>
+#include <linux/input-event-codes.h>
+#include <xkbcommon/xkbcommon.h>
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include "tests/desktop/Keyboard.h"
+#include "tests/hosts/keys/PressCounter.h"
+
+namespace qf {
+namespace {
+
+using desktop::Keyboard;
+using desktop::output;
+using desktop::Program;
+using desktop::until;
+
+/// Codes by "keys: key", as documented.
+std::map<QString, std::uint32_t> documentedCodes() {
+  std::map<QString, std::uint32_t> codes;
+  QFile file(QF_FILES_DOC);
+  if (!file.open(QIODevice::ReadOnly)) return codes;
+  const QString text = QString::fromUtf8(file.readAll()).section("| Keys | Code and key |", 1);
+  static const QRegularExpression rowForm(R"(^\| ([\w ]+) \| (.+) \|$)");
+  static const QRegularExpression keyForm(R"(^(\d+) (.+)$)");
+  for (const QString& line : text.split('\n').mid(2)) {
+    const auto row = rowForm.match(line);
+    if (!row.hasMatch()) break;
+    for (const QString& entry : row.captured(2).split(" · ")) {
+      const auto key = keyForm.match(entry);
+      codes[row.captured(1) + ": " + key.captured(2)] = key.captured(1).toUInt();
+    }
+  }
+  return codes;
+}
+
+/// Keys of the X server by the name of what they give, as xev sees them on a US keyboard.
+std::map<QString, std::uint16_t> keysSeen(Keyboard& keyboard) {
+  Program xev("xev", {"-event", "keyboard"});
+  const bool isFocused = until([&] {
+    keyboard.press({KEY_A});
+    return xev.printed().contains("keysym");
+  });
+  EXPECT_TRUE(isFocused);
+  for (std::uint16_t key = KEY_ESC; key <= KEY_COMPOSE; ++key) {
+    keyboard.press({key});
+    if (key == KEY_CAPSLOCK || key == KEY_NUMLOCK) keyboard.press({key});
+  }
+  until([&] { return xev.printed().contains("keycode 135"); });
+  std::map<QString, std::uint16_t> keys;
+  static const QRegularExpression seen(R"(keycode (\d+) \(keysym 0x[0-9a-f]+, (\w+)\))");
+  for (auto match = seen.globalMatch(xev.printed()); match.hasNext();) {
+    const auto key = match.next();
+    keys.emplace(key.captured(2), key.captured(1).toUShort() - 8);
+  }
+  return keys;
+}
+
+/// What a program sees of the key where that is not the documented word itself.
+QString nameSeen(const QString& documented) {
+  static const std::map<QString, QString> names = {{"around them: Space", "space"},
+                                                   {"around them: Backspace", "BackSpace"},
+                                                   {"keypad: 0", "KP_Insert"},
+                                                   {"keypad: 1", "KP_End"},
+                                                   {"keypad: 2", "KP_Down"},
+                                                   {"keypad: 3", "KP_Next"},
+                                                   {"keypad: 4", "KP_Left"},
+                                                   {"keypad: 5", "KP_Begin"},
+                                                   {"keypad: 6", "KP_Right"},
+                                                   {"keypad: 7", "KP_Home"},
+                                                   {"keypad: 8", "KP_Up"},
+                                                   {"keypad: 9", "KP_Prior"},
+                                                   {"keypad: .", "KP_Delete"},
+                                                   {"keypad: +", "KP_Add"},
+                                                   {"keypad: -", "KP_Subtract"},
+                                                   {"keypad: *", "KP_Multiply"},
+                                                   {"keypad: /", "KP_Divide"},
+                                                   {"keypad: =", "KP_Equal"},
+                                                   {"keypad: Enter", "KP_Enter"},
+                                                   {"keypad: Clear", "Num_Lock"},
+                                                   {"navigation: Help", "Insert"},
+                                                   {"navigation: Page Up", "Prior"},
+                                                   {"navigation: Page Down", "Next"},
+                                                   {"navigation: left", "Left"},
+                                                   {"navigation: right", "Right"},
+                                                   {"navigation: down", "Down"},
+                                                   {"navigation: up", "Up"},
+                                                   {"ISO: the key beside left Shift", "less"}};
+  if (const auto found = names.find(documented); found != names.end()) return found->second;
+  const QString key = documented.section(": ", 1);
+  if (key.size() != 1) return key;
+  char name[64] = {};
+  xkb_keysym_get_name(xkb_utf32_to_keysym(key.toLower().at(0).unicode()), name, sizeof name);
+  return name;
+}
+
+/// Keys that this X server's US layout gives other symbols or none: by the kernel's names.
+const std::map<QString, std::vector<std::uint16_t>>& keysWithoutSymbol() {
+  static const std::map<QString, std::vector<std::uint16_t>> keys = {
+      {"function keys: F13", {KEY_F13}},
+      {"function keys: F14", {KEY_F14}},
+      {"function keys: F15", {KEY_F15}},
+      {"function keys: F16", {KEY_F16}},
+      {"function keys: F17", {KEY_F17}},
+      {"function keys: F18", {KEY_F18}},
+      {"function keys: F19", {KEY_F19}},
+      {"function keys: F20", {KEY_F20}},
+      {"JIS: Yen", {KEY_YEN}},
+      {"JIS: Ro", {KEY_RO}},
+      {"JIS: keypad comma", {KEY_KPJPCOMMA}},
+      {"JIS: Eisu", {KEY_MUHENKAN, KEY_HANJA}},
+      {"JIS: Kana", {KEY_KATAKANAHIRAGANA, KEY_HANGEUL}},
+  };
+  return keys;
+}
+
+TEST(KeyTable, IsWhatProgramsSee) {
+  Keyboard keyboard;
+  const auto codes = documentedCodes();
+  ASSERT_EQ(codes.size(), 106u);
+  auto seen = keysSeen(keyboard);
+  PressCounter counter;
+  for (const auto& [documented, code] : codes) {
+    // Numbers are counted from 1, and key codes from 0.
+    ASSERT_EQ(counter.add(code, hotKeyModifier::control, code + 1), HotKeyStatus::noError)
+        << documented.toStdString();
+  }
+  for (const auto& [documented, code] : codes) {
+    std::vector<std::uint16_t> keys;
+    if (const auto found = keysWithoutSymbol().find(documented);
+        found != keysWithoutSymbol().end()) {
+      keys = found->second;
+    } else {
+      ASSERT_TRUE(seen.contains(nameSeen(documented))) << documented.toStdString();
+      keys = {seen[nameSeen(documented)]};
+    }
+    for (const std::uint16_t key : keys) {
+      counter.presses.clear();
+      keyboard.press({KEY_LEFTCTRL, key});
+      EXPECT_TRUE(counter.heard(code + 1)) << documented.toStdString();
+      EXPECT_EQ(counter.presses.size(), 1u) << documented.toStdString();
+    }
+  }
+  keyboard.press({KEY_NUMLOCK});
+}
+
+}  // namespace
+}  // namespace qf
