@@ -50,6 +50,16 @@ struct NotingStatusBar : FakeStatusBar {
   Journal& journal;
 };
 
+struct NotingHotKeys : FakeHotKeys {
+  explicit NotingHotKeys(Journal& notes) : journal(notes) {}
+  HotKeyStatus registerEventHotKey(std::uint32_t keyCode, std::uint32_t modifiers, HotKeyID id,
+                                   Ref& ref) override {
+    journal.push_back("hot key " + std::to_string(keyCode));
+    return FakeHotKeys::registerEventHotKey(keyCode, modifiers, id, ref);
+  }
+  Journal& journal;
+};
+
 /// A host that notes in what order it is used. The process-wide objects never let go of it.
 struct NotingHost : FakeHost {
   NotingHost() {
@@ -66,6 +76,7 @@ struct NotingHost : FakeHost {
   NotingNotificationCenter notifications{journal};
   NotingWorkspace applications{journal};
   NotingStatusBar bar{journal};
+  NotingHotKeys keys{journal};
   Host noting{
       .accessibility = accessibility,
       .appleEvents = appleEvents,
@@ -75,7 +86,7 @@ struct NotingHost : FakeHost {
       .distributedNotificationCenter = notifications,
       .eventState = eventState,
       .fileManager = files,
-      .hotKeys = hotKeys,
+      .hotKeys = keys,
       .keyboardLayout = keyboardLayout,
       .mainQueue = mainQueue,
       .menuPresenter = menuPresenter,
@@ -100,11 +111,19 @@ constexpr const char* list = R"(<?xml version="1.0" encoding="UTF-8"?>
   </dict></array>
 </dict></plist>)";
 
+/// F1 for the palette, F5 for a cleaner.
+constexpr const char* settings = R"({"user-shortcuts" = {
+  "__list" = ("A");
+  "A" = {"keycode" = 96; "uuid" = "A";};
+  "palette-shortcut" = {"keycode" = 122; "uuid" = "palette-shortcut";};
+};})";
+
 // The process-wide objects are made once in a process, so this is one test: the agent's whole life.
 TEST(StartUp, GoesThroughItsStepsAndCleansText) {
   auto& host = *new NotingHost;
   host.accessibility.isTrusted = false;
   host.files.put("/data/group.org.quenfold/Data/quenfold-lists.plist", list);
+  host.files.put("/data/group.org.quenfold/Data/quenfold-menu.plist", settings);
   host.applications.applications = {{"org.example.editor", "Editor", editorProcess}};
   host.applications.frontmost = editorProcess;
   FakeEngine engine(host.appleEvents, host.pasteboards, host.applications);
@@ -134,7 +153,7 @@ TEST(StartUp, GoesThroughItsStepsAndCleansText) {
                   "read quenfold-lists.plist", "read quenfold-lists.plist",
                   "trusted? with a prompt",
                   "log Process not trusted on launch - user needs to mark it to work properly",
-                  "frontmost?", "frontmost?", "status item"));
+                  "hot key 122", "hot key 96", "frontmost?", "frontmost?", "status item"));
   EXPECT_EQ(host.userDefaults.standard.registered,
             (Dictionary{{"NSApplicationCrashOnExceptions", true}}));
   EXPECT_THAT(host.bar.lengths, ElementsAre(-1.0));
