@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/qt/KeyEquivalent.h"
 
+#include <utility>
+
 #include "host/EventState.h"
 #include "host/Menu.h"
 
@@ -11,8 +13,18 @@ namespace {
 constexpr char16_t firstFunctionKey = 0xF704;
 constexpr char16_t lastFunctionKey = 0xF726;
 
+/// Keys that have a glyph, by the words that this desktop has for them.
+constexpr std::pair<QChar, const char*> glyphs[] = {
+    {u'\u21A9', "Return"}, {u'\u21E5', "Tab"},   {u'\u232B', "Backspace"}, {u'\u238B', "Esc"},
+    {u'\u2327', "Clear"},  {u'\u2305', "Enter"}, {u'\u2196', "Home"},      {u'\u21DE', "Page Up"},
+    {u'\u2326', "Delete"}, {u'\u2198', "End"},   {u'\u21DF', "Page Down"}, {u'\u2190', "Left"},
+    {u'\u2192', "Right"},  {u'\u2193', "Down"},  {u'\u2191', "Up"},        {u' ', "Space"},
+};
+
 QString keyName(const QString& key) {
-  if (key == " ") return "Space";
+  for (const auto& [glyph, word] : glyphs) {
+    if (key == glyph) return word;
+  }
   const char16_t character = key.size() == 1 ? key.at(0).unicode() : u'\0';
   if (character >= firstFunctionKey && character <= lastFunctionKey) {
     return "F" + QString::number(character - firstFunctionKey + 1);

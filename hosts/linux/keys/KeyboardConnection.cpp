@@ -22,6 +22,9 @@ struct KeymapDeleter {
   void operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
 };
 
+/// A release is missed where the server lets go of all keys itself, as on a change of the console.
+/// A held key repeats sooner than this.
+constexpr xcb_timestamp_t longestRepeatInMilliseconds = 3000;
 constexpr std::uint8_t eventTypeMask = 0x7f;  // the rest says who sent it
 
 }  // namespace
@@ -137,20 +140,21 @@ void KeyboardConnection::ungrab(std::uint8_t key, std::uint16_t modifiers, const
 }
 
 bool KeyboardConnection::begins(const xcb_key_press_event_t& press) {
-  const bool isRepeat = _heldKeys.contains(press.detail);
+  const auto held = _heldKeys.find(press.detail);
+  const bool isRepeat =
+      held != _heldKeys.end() && press.time - held->second < longestRepeatInMilliseconds;
   // Only while a combination is held are releases listened to: nothing that is typed otherwise
   // reaches this process.
   if (_heldKeys.empty()) listenToReleases(true);
   // Kept until the key is let go, the grab would make the window that has the input look inactive.
   xcb_ungrab_keyboard(_connection, press.time);
   flush();
-  if (isRepeat) return false;
-  if (isDown(press.detail)) {
-    _heldKeys.insert(press.detail);
+  if (isRepeat || isDown(press.detail)) {
+    _heldKeys.insert_or_assign(press.detail, press.time);
   } else if (_heldKeys.empty()) {
     listenToReleases(false);
   }
-  return true;
+  return !isRepeat;
 }
 
 void KeyboardConnection::released(std::uint32_t key) {

@@ -5,9 +5,9 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 
 #include "hosts/linux/keys/KeyboardMap.h"
@@ -72,7 +72,7 @@ class KeyboardConnection {
   std::uint8_t _firstXkbEvent = 0;
   std::uint8_t _xInputOpcode = 0;
   std::int32_t _keyboard = -1;
-  std::set<std::uint8_t> _heldKeys;
+  std::map<std::uint8_t, xcb_timestamp_t> _heldKeys;  // with the time of the latest repeat
 };
 
 }  // namespace qf

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/keys/XcbHotKeys.h"
 
+#include <cstdlib>
 #include <utility>
 #include <vector>
 
@@ -8,6 +9,15 @@
 #include "host/MainQueue.h"
 
 namespace qf {
+namespace {
+
+constexpr const char* waylandReason =
+    "in a Wayland session shortcuts are heard only while an X11 application has the input; log in "
+    "to an X11 session to have them everywhere";
+
+bool isOnWayland() { return std::getenv("WAYLAND_DISPLAY") != nullptr; }
+
+}  // namespace
 
 XcbHotKeys::XcbHotKeys(MainQueue& mainQueue, const std::string& displayName)
     : _mainQueue(mainQueue) {
@@ -35,13 +45,13 @@ void XcbHotKeys::later(std::function<void(XcbHotKeys&)> work) {
 
 Availability XcbHotKeys::availability() const {
   const Availability keyboard = _keyboard->availability();
-  if (!keyboard.isAvailable || _refusals.empty()) return keyboard;
-  std::string reasons;
+  if (!keyboard.isAvailable) return keyboard;
+  std::string reasons = isOnWayland() ? waylandReason : "";
   for (const auto& [combination, reason] : _refusals) {
     if (!reasons.empty()) reasons += "; ";
     reasons += reason;
   }
-  return Availability::unavailable(reasons);
+  return reasons.empty() ? keyboard : Availability::unavailable(reasons);
 }
 
 Availability XcbHotKeys::availability(std::uint32_t keyCode, std::uint32_t modifiers) const {

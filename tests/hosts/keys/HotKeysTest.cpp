@@ -3,6 +3,7 @@
 #include <linux/input-event-codes.h>
 
 #include <csignal>
+#include <thread>
 
 #include "foundation/Text.h"
 #include "hosts/linux/keys/XkbKeyboardLayout.h"
@@ -79,6 +80,56 @@ TEST_F(HotKeysOnX, FireOnceHoweverLongTheyAreHeld) {
   keyboard.up(KEY_LEFTCTRL);
   for (int press = 0; press < 20; ++press) keyboard.press({KEY_LEFTCTRL, KEY_K});
   EXPECT_TRUE(counter.heard(1, 22)) << counter.presses[1];
+}
+
+/// A window with the input, which notes how it loses it and has it back.
+class FocusedWindow {
+ public:
+  FocusedWindow() : _connection(xcb_connect(nullptr, nullptr)) {
+    const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data;
+    const xcb_window_t window = xcb_generate_id(_connection);
+    const std::uint32_t values[] = {1, XCB_EVENT_MASK_FOCUS_CHANGE};
+    xcb_create_window(_connection, XCB_COPY_FROM_PARENT, window, screen->root, 0, 0, 9, 9, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                      XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
+    xcb_map_window(_connection, window);
+    xcb_set_input_focus(_connection, XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+    EXPECT_TRUE(hears(XCB_FOCUS_IN, XCB_NOTIFY_MODE_NORMAL));
+  }
+  ~FocusedWindow() { xcb_disconnect(_connection); }
+
+  /// Waits for the event without letting anything else of this thread run.
+  bool hears(std::uint8_t type, std::uint8_t mode) {
+    xcb_flush(_connection);
+    for (int wait = 0; wait < 200; ++wait) {
+      while (xcb_generic_event_t* event = xcb_poll_for_event(_connection)) {
+        const auto& focus = *reinterpret_cast<xcb_focus_in_event_t*>(event);
+        const bool isIt = focus.response_type == type && focus.mode == mode;
+        std::free(event);
+        if (isIt) return true;
+      }
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return false;
+  }
+
+ private:
+  xcb_connection_t* _connection;
+};
+
+TEST_F(HotKeysOnX, GiveTheInputBackWhileTheyAreHeld) {
+  counter.add(keyK, control, 1);
+  FocusedWindow window;
+  keyboard.down(KEY_LEFTCTRL);
+  keyboard.down(KEY_K);
+  EXPECT_TRUE(window.hears(XCB_FOCUS_OUT, XCB_NOTIFY_MODE_GRAB));
+  EXPECT_TRUE(window.hears(XCB_FOCUS_IN, XCB_NOTIFY_MODE_UNGRAB)) << "also while we are busy";
+  // So it is with every repeat.
+  EXPECT_TRUE(window.hears(XCB_FOCUS_OUT, XCB_NOTIFY_MODE_GRAB));
+  EXPECT_TRUE(window.hears(XCB_FOCUS_IN, XCB_NOTIFY_MODE_UNGRAB));
+  keyboard.up(KEY_K);
+  keyboard.up(KEY_LEFTCTRL);
+  EXPECT_TRUE(counter.heard(1));
 }
 
 TEST_F(HotKeysOnX, SayWhoHoldsACombination) {
@@ -181,6 +232,14 @@ TEST_F(HotKeysOnX, StayWithTheirKeysWhenTheLayoutChanges) {
   keyboard.press({KEY_LEFTALT, KEY_LEFTCTRL, KEY_K});
   EXPECT_TRUE(counter.heard(1, ++count));
   setLayout({"us", "-option", ""});
+}
+
+TEST(HotKeysOnWayland, SayWhereTheyWork) {
+  PressCounter counter;
+  EXPECT_TRUE(counter.hotKeys.availability().isAvailable);
+  qputenv("WAYLAND_DISPLAY", "wayland-0");
+  EXPECT_FALSE(counter.hotKeys.availability().isAvailable);
+  qunsetenv("WAYLAND_DISPLAY");
 }
 
 TEST(HotKeysOfALostServer, SayWhy) {
