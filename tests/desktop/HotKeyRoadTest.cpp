@@ -14,6 +14,7 @@
 #include "kit/QFKIdentifiers.h"
 #include "kit/QFKMenuSettingsManager.h"
 #include "kit/QFKSharedContainer.h"
+#include "shortcuts/KeyCode.h"
 #include "tests/desktop/Agent.h"
 #include "tests/desktop/Keyboard.h"
 
@@ -43,6 +44,14 @@ class Settings {
     item.type = type;
     item.typeValue = typeValue;
     manager.setShortcut(item);
+  }
+
+  void setPalette(std::uint64_t keycode) {
+    QFKMenuSettingsManager manager(_container, _files, _notifications);
+    manager.readSettings();
+    QFKShortcutActionItem item = manager.paletteShortcut();
+    item.keycode = keycode;
+    manager.setPaletteShortcut(item);
   }
 
  private:
@@ -126,6 +135,23 @@ TEST_P(HotKeyRoads, FollowTheSettings) {
   editor.reset(sample);
   press(KEY_J);
   EXPECT_TRUE(becomes(sample.toUpper()));
+}
+
+TEST(HotKeysOfTheAgent, ShowAndHideThePalette) {
+  Settings().setPalette(keyCode::functionKeys[8]);
+  Agent agent;
+  const auto isVisible = [&] {
+    const QString process = QString::number(agent.program().processIdentifier());
+    return !output("xdotool",
+                   {"search", "--all", "--onlyvisible", "--pid", process, "--name", "^Quenfold$"})
+                .isEmpty();
+  };
+  Keyboard keyboard;
+  for (const bool shows : {true, false, true}) {
+    keyboard.press({KEY_F9});
+    EXPECT_TRUE(until([&] { return isVisible() == shows; }));
+  }
+  Settings().setPalette(0);
 }
 
 TEST(HotKeysOfTheAgent, TellOfAnotherHolderAndGoWithTheAgent) {

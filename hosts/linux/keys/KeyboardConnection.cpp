@@ -3,7 +3,6 @@
 
 #include <xcb/xinput.h>
 #include <xkbcommon/xkbcommon-x11.h>
-#include <xkbcommon/xkbcommon.h>
 
 // The header has a field of that name.
 #define explicit explicitFlag
@@ -12,15 +11,10 @@
 
 #include <vector>
 
+#include "hosts/linux/keys/XkbPointers.h"
+
 namespace qf {
 namespace {
-
-struct StateDeleter {
-  void operator()(xkb_state* state) const { xkb_state_unref(state); }
-};
-struct KeymapDeleter {
-  void operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
-};
 
 /// A release is missed where the server lets go of all keys itself, as on a change of the console.
 /// A held key repeats sooner than this.
@@ -106,11 +100,10 @@ KeyboardConnection::News KeyboardConnection::classify(const xcb_generic_event_t&
 }
 
 std::shared_ptr<const KeyboardMap> KeyboardConnection::readKeyboard(const KeyboardMap* previous) {
-  const std::unique_ptr<xkb_keymap, KeymapDeleter> keymap(xkb_x11_keymap_new_from_device(
-      _context, _connection, _keyboard, XKB_KEYMAP_COMPILE_NO_FLAGS));
+  const XkbKeymap keymap(xkb_x11_keymap_new_from_device(_context, _connection, _keyboard,
+                                                        XKB_KEYMAP_COMPILE_NO_FLAGS));
   if (!keymap) return nullptr;
-  const std::unique_ptr<xkb_state, StateDeleter> state(
-      xkb_x11_state_new_from_device(keymap.get(), _connection, _keyboard));
+  const XkbState state(xkb_x11_state_new_from_device(keymap.get(), _connection, _keyboard));
   if (!state) return nullptr;
   KeyboardMap::Layouts layouts{xkb_state_serialize_layout(state.get(), XKB_STATE_LAYOUT_EFFECTIVE),
                                std::nullopt};

@@ -2,7 +2,6 @@
 #include "hosts/linux/keys/KeyboardMap.h"
 
 #include <xkbcommon/xkbcommon-keysyms.h>
-#include <xkbcommon/xkbcommon.h>
 
 #include <algorithm>
 #include <set>
@@ -10,16 +9,10 @@
 #include "foundation/Text.h"
 #include "host/HotKeys.h"
 #include "hosts/linux/keys/KeyPlaces.h"
+#include "hosts/linux/keys/XkbPointers.h"
 
 namespace qf {
 namespace {
-
-struct StateDeleter {
-  void operator()(xkb_state* state) const { xkb_state_unref(state); }
-};
-struct KeymapDeleter {
-  void operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
-};
 
 /// The symbol a key gives on a layout with so many levels of shifting; keys that have fewer layouts
 /// begin again with the first.
@@ -100,7 +93,7 @@ std::optional<std::uint32_t> latinLayout(xkb_keymap* keymap, const KeyboardMap::
 std::uint16_t maskOf(xkb_keymap* keymap, const char* name) {
   const xkb_mod_index_t wanted = xkb_keymap_mod_get_index(keymap, name);
   if (wanted == XKB_MOD_INVALID) return 0;
-  const std::unique_ptr<xkb_state, StateDeleter> state(xkb_state_new(keymap));
+  const XkbState state(xkb_state_new(keymap));
   std::uint16_t mask = 0;
   for (std::uint16_t bit = 1; bit < 0x100; bit = static_cast<std::uint16_t>(bit << 1)) {
     xkb_state_update_mask(state.get(), bit, 0, 0, 0, 0, 0);
@@ -133,7 +126,7 @@ KeyboardMap::KeyboardMap(xkb_context* context, xkb_keymap* keymap, Layouts layou
   // The user writes no Latin letters at all: what every keyboard can be had with names the keys.
   xkb_rule_names plain{};
   plain.layout = "us";
-  const std::unique_ptr<xkb_keymap, KeymapDeleter> plainKeymap(
+  const XkbKeymap plainKeymap(
       xkb_keymap_new_from_names(context, &plain, XKB_KEYMAP_COMPILE_NO_FLAGS));
   readTypedTexts(plainKeymap ? plainKeymap.get() : keymap, 0);
 }

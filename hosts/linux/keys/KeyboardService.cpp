@@ -79,16 +79,15 @@ void KeyboardService::ungrab(const KeyCombination& combination) {
 
 void KeyboardService::run() {
   while (_connection.isAlive()) {
-    handleEvents();
-    runJobs();
-    handleEvents();  // those that came while a job waited for its answer
+    // Either may bring more of both: who waits for an answer has other events read meanwhile.
+    const bool hadEvents = handleEvents();
+    const bool hadJobs = runJobs();
     _connection.flush();
     {
       const std::lock_guard lock(_mutex);
       if (_isEnding) return;
-      if (!_jobs.empty()) continue;
     }
-    waitForInput();
+    if (!hadEvents && !hadJobs) waitForInput();
   }
   end("the connection to the X display was lost; log in again");
 }
@@ -100,9 +99,11 @@ void KeyboardService::waitForInput() const {
   eventfd_read(_wakeUp, &count);
 }
 
-void KeyboardService::handleEvents() {
+bool KeyboardService::handleEvents() {
+  bool isAny = false;
   bool isChanged = false;
   while (const auto event = _connection.nextEvent()) {
+    isAny = true;
     switch (_connection.classify(*event)) {
       case KeyboardConnection::News::press:
         handlePress(reinterpret_cast<const xcb_key_press_event_t&>(*event));
@@ -117,15 +118,17 @@ void KeyboardService::handleEvents() {
   }
   // Many come at once when a keyboard is set up.
   if (isChanged) keyboardChanged();
+  return isAny;
 }
 
-void KeyboardService::runJobs() {
+bool KeyboardService::runJobs() {
   std::deque<Job> jobs;
   {
     const std::lock_guard lock(_mutex);
     jobs.swap(_jobs);
   }
   for (const Job& job : jobs) job();
+  return !jobs.empty();
 }
 
 void KeyboardService::handlePress(const xcb_key_press_event_t& press) {
@@ -182,9 +185,10 @@ void KeyboardService::regrab(const KeyboardMap& before) {
     for (const auto& [key, modifiers] : strokes) _connection.ungrab(key, modifiers, before);
   }
   for (const auto& [combination, strokes] : previous) {
-    const bool isGrabbed = grabNow(combination) == Grab::granted;
-    if (!isGrabbed) _grabs.emplace(combination, std::vector<Stroke>());
-    if (isGrabbed == strokes.empty()) _handlers.onGrabChanged(combination, isGrabbed);
+    const Grab answer = grabNow(combination);
+    if (answer != Grab::granted) _grabs.emplace(combination, std::vector<Stroke>());
+    const bool wasGranted = !strokes.empty();
+    if (wasGranted != (answer == Grab::granted)) _handlers.onGrabChanged(combination, answer);
   }
 }
 

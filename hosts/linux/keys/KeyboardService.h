@@ -21,13 +21,13 @@ namespace qf {
 /// any thread.
 class KeyboardService {
  public:
+  enum class Grab { granted, heldByAnother, noSuchKey, noAnswer };
   struct Handlers {
     /// Each runs on the service's thread.
     std::function<void(const KeyCombination&)> onPress;
     /// Another keyboard or layout came; a combination that was grabbed is so no more, or again.
-    std::function<void(const KeyCombination&, bool isGrabbed)> onGrabChanged;
+    std::function<void(const KeyCombination&, Grab)> onGrabChanged;
   };
-  enum class Grab { granted, heldByAnother, noSuchKey, noAnswer };
 
   /// An empty display name is the session's own (DISPLAY).
   KeyboardService(const std::string& displayName, Handlers handlers);
@@ -54,8 +54,9 @@ class KeyboardService {
   // All below run on the service's thread.
   void run();
   void waitForInput() const;
-  void handleEvents();
-  void runJobs();
+  // Both answer whether there was anything to do.
+  bool handleEvents();
+  bool runJobs();
   void handlePress(const xcb_key_press_event_t& press);
   void keyboardChanged();
   Grab grabNow(const KeyCombination& combination);

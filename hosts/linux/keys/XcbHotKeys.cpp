@@ -21,18 +21,14 @@ bool isOnWayland() { return std::getenv("WAYLAND_DISPLAY") != nullptr; }
 
 XcbHotKeys::XcbHotKeys(MainQueue& mainQueue, const std::string& displayName)
     : _mainQueue(mainQueue) {
-  _keyboard = std::make_unique<KeyboardService>(
-      displayName, KeyboardService::Handlers{
-                       .onPress =
-                           [this](const KeyCombination& combination) {
-                             later([combination](XcbHotKeys& self) { self.pressed(combination); });
-                           },
-                       .onGrabChanged =
-                           [this](const KeyCombination& combination, bool isGrabbed) {
-                             later([combination, isGrabbed](XcbHotKeys& self) {
-                               self.grabChanged(combination, isGrabbed);
-                             });
-                           }});
+  KeyboardService::Handlers handlers;
+  handlers.onPress = [this](const KeyCombination& combination) {
+    later([combination](XcbHotKeys& self) { self.pressed(combination); });
+  };
+  handlers.onGrabChanged = [this](const KeyCombination& combination, KeyboardService::Grab answer) {
+    later([combination, answer](XcbHotKeys& self) { self.grabChanged(combination, answer); });
+  };
+  _keyboard = std::make_unique<KeyboardService>(displayName, std::move(handlers));
 }
 
 XcbHotKeys::~XcbHotKeys() = default;
@@ -132,11 +128,11 @@ void XcbHotKeys::pressed(const KeyCombination& combination) {
   for (const auto& [number, handler] : handlers) handler(event);
 }
 
-void XcbHotKeys::grabChanged(const KeyCombination& combination, bool isGrabbed) {
-  if (isGrabbed) {
+void XcbHotKeys::grabChanged(const KeyCombination& combination, KeyboardService::Grab answer) {
+  if (answer == KeyboardService::Grab::granted) {
     _refusals.erase(combination);
   } else if (_grabs.contains(combination)) {
-    refuse(combination, KeyboardService::Grab::heldByAnother);
+    refuse(combination, answer);
   }
 }
 

@@ -36,7 +36,7 @@ class XcbHotKeys : public HotKeys {
   using Registrations = std::map<Ref, HotKeyID>;
 
   void pressed(const KeyCombination& combination);
-  void grabChanged(const KeyCombination& combination, bool isGrabbed);
+  void grabChanged(const KeyCombination& combination, KeyboardService::Grab answer);
   void refuse(const KeyCombination& combination, KeyboardService::Grab answer);
   void dropUnusedSoon();
   void dropUnused();
