@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <deque>
 #include <string>
 #include <vector>
 
@@ -26,11 +25,12 @@ class BinaryReader {
       : _bytes(bytes), _limits(DecodedObject::bounded(limits)), _keys(bytes.size()) {}
 
   Result<Value> read() {
+    const DenseMemory memory;
     if (!readTrailer()) return _error;
     _objects.resize(_objectCount);
-    Value root = false;
-    if (!object(_rootIndex, 1, root)) return _error;
-    return root;
+    const DecodedObject* root = object(_rootIndex, 1);
+    if (!root) return _error;
+    return root->value;
   }
 
  private:
@@ -83,51 +83,48 @@ class BinaryReader {
     return true;
   }
 
-  // Puts the object's value into the place, which keeps its address.
-  const DecodedObject* object(std::uint64_t index, std::size_t depth, Value& place) {
+  const DecodedObject* object(std::uint64_t index, std::size_t depth) {
     const std::size_t entry = _table + static_cast<std::size_t>(index) * _offsetSize;
     DecodedObject& object = _objects[index];
-    if (object.state == DecodedObject::State::done) {
-      place = *object.value;
-    } else if (object.state == DecodedObject::State::open) {
+    if (object.state == DecodedObject::State::open) {
       return fail("a container that contains itself", entry);
-    } else {
+    }
+    if (object.state == DecodedObject::State::unread) {
       const std::uint64_t offset = number(entry, _offsetSize);
       if (offset < headerSize || offset >= _table) {
         return fail("an object outside the objects' part of the file", entry);
       }
       object.state = DecodedObject::State::open;
-      if (!decode(object, static_cast<std::size_t>(offset), depth, place)) return nullptr;
+      if (!decode(object, static_cast<std::size_t>(offset), depth)) return nullptr;
       object.state = DecodedObject::State::done;
-      object.value = &place;
     }
     if (!object.fits(depth, _limits)) return fail("nested too deeply", entry);
     return &object;
   }
 
-  bool decode(DecodedObject& object, std::size_t offset, std::size_t depth, Value& place) {
+  bool decode(DecodedObject& object, std::size_t offset, std::size_t depth) {
     const std::uint8_t size = _bytes[offset] & 0x0F;
     switch (_bytes[offset] >> 4) {
       case 0x0:
-        return decodeSingle(place, offset);
+        return decodeSingle(object.value, offset);
       case 0x1:
-        return decodeInteger(place, offset, size);
+        return decodeInteger(object.value, offset, size);
       case 0x2:
-        return decodeReal(place, offset, size);
+        return decodeReal(object.value, offset, size);
       case 0x3:
-        return decodeDate(place, offset, size);
+        return decodeDate(object.value, offset, size);
       case 0x8:
-        return decodeUID(place, offset, std::size_t{size} + 1);
+        return decodeUID(object.value, offset, std::size_t{size} + 1);
       case 0x4:
-        return decodeData(place, offset);
+        return decodeData(object.value, offset);
       case 0x5:
-        return decodeText(place, offset);
+        return decodeText(object.value, offset);
       case 0x6:
-        return decodeUTF16(place, offset);
+        return decodeUTF16(object.value, offset);
       case 0xA:
-        return decodeArray(object, offset, depth, place);
+        return decodeArray(object, offset, depth);
       case 0xD:
-        return decodeDictionary(object, offset, depth, place);
+        return decodeDictionary(object, offset, depth);
       default:
         return fail("an unknown kind of object", offset);
     }
@@ -255,14 +252,14 @@ class BinaryReader {
     return true;
   }
 
-  // Puts what a container refers to into the place and counts it as a part of the container.
-  bool part(DecodedObject& container, std::size_t reference, std::size_t depth, Value& place) {
+  // What a container refers to, counted as a part of the container.
+  const Value* part(DecodedObject& container, std::size_t reference, std::size_t depth) {
     const std::uint64_t index = number(reference, _referenceSize);
     if (index >= _objectCount) return fail("a reference to no object", reference);
-    const DecodedObject* found = object(index, depth + 1, place);
-    if (!found) return false;
+    const DecodedObject* found = object(index, depth + 1);
+    if (!found) return nullptr;
     if (!container.add(*found, _limits)) return fail("too many values", reference);
-    return true;
+    return &found->value;
   }
 
   bool mayOpen(std::size_t offset, std::size_t depth, std::size_t count) {
@@ -271,44 +268,45 @@ class BinaryReader {
     return true;
   }
 
-  bool decodeArray(DecodedObject& object, std::size_t offset, std::size_t depth, Value& place) {
+  bool decodeArray(DecodedObject& object, std::size_t offset, std::size_t depth) {
     const auto content = extent(offset, _referenceSize);
     if (!content || !mayOpen(offset, depth, content->count)) return false;
     object.height = 1;
-    Array items(content->count, false);
-    std::size_t reference = content->start;
-    for (Value& item : items) {
-      if (!part(object, reference, depth, item)) return false;
-      reference += _referenceSize;
+    Array items;
+    items.reserve(content->count);
+    for (std::size_t i = 0; i < content->count; ++i) {
+      const Value* item = part(object, content->start + i * _referenceSize, depth);
+      if (!item) return false;
+      items.push_back(*item);
     }
-    place = Value(std::move(items));
+    object.value = Value(std::move(items));
     return true;
   }
 
-  bool decodeDictionary(DecodedObject& object, std::size_t offset, std::size_t depth,
-                        Value& place) {
+  bool decodeDictionary(DecodedObject& object, std::size_t offset, std::size_t depth) {
     const auto content = extent(offset, _referenceSize * 2);
     if (!content || !mayOpen(offset, depth, content->count)) return false;
     object.height = 1;
-    std::vector<Dictionary::Entry> entries;
+    Dictionary::Entries entries;
     entries.reserve(content->count);
     std::size_t reference = content->start;
     const std::size_t toValue = content->count * _referenceSize;
     for (std::size_t i = 0; i < content->count; ++i, reference += _referenceSize) {
       const std::string* name = key(reference);
       if (!name) return false;
-      Value& value = entries.emplace_back(*name, false).second;
-      if (!part(object, reference + toValue, depth, value)) return false;
+      const Value* value = part(object, reference + toValue, depth);
+      if (!value) return false;
+      entries.emplace_back(*name, *value);
     }
     Dictionary dictionary(std::move(entries));
     if (dictionary.size() != content->count) return fail("a key that comes twice", offset);
-    place = Value(std::move(dictionary));
+    object.value = Value(std::move(dictionary));
     return true;
   }
 
   bool isString(std::uint64_t index) const {
     const DecodedObject& object = _objects[index];
-    if (object.state == DecodedObject::State::done) return object.value->string() != nullptr;
+    if (object.state == DecodedObject::State::done) return object.value.string() != nullptr;
     const std::uint64_t offset =
         number(_table + static_cast<std::size_t>(index) * _offsetSize, _offsetSize);
     const std::uint8_t kind = offset < _table ? _bytes[offset] >> 4 : 0;
@@ -319,10 +317,9 @@ class BinaryReader {
     const std::uint64_t index = number(reference, _referenceSize);
     if (index >= _objectCount) return fail("a reference to no object", reference);
     if (!isString(index)) return fail("a key that is not a string", reference);
-    if (_objects[index].state != DecodedObject::State::done) {
-      if (!object(index, 1, _keyStrings.emplace_back(false))) return nullptr;
-    }
-    const std::string& name = *_objects[index].value->string();
+    const DecodedObject* found = object(index, 1);
+    if (!found) return nullptr;
+    const std::string& name = *found->value.string();
     if (!_keys.spend(name.size())) return fail("too many keys", reference);
     return &name;
   }
@@ -337,7 +334,6 @@ class BinaryReader {
   std::size_t _unclaimed = 0;  // bytes of the objects' part that no object has taken
   KeyAllowance _keys;
   std::vector<DecodedObject> _objects;
-  std::deque<Value> _keyStrings;  // keys that came as keys first
   Error _error;
 };
 

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "foundation/BinaryPropertyList.h"
-#include "foundation/ByteSink.h"
 #include "foundation/DateText.h"
 #include "foundation/KeyedHash.h"
 #include "foundation/Unicode.h"
@@ -32,6 +31,8 @@ void appendInteger(Data& bytes, const Integer& integer) {
   bytes.push_back(static_cast<std::uint8_t>(0x10 | std::countr_zero(size)));
   appendNumber(bytes, integer.bits(), size);
 }
+
+std::size_t markerSize(std::size_t count) { return count < 15 ? 1 : 2 + bytesFor(count); }
 
 void appendMarker(Data& bytes, std::uint8_t kind, std::size_t count) {
   if (count < 15) {
@@ -63,6 +64,7 @@ class BinaryWriter {
   struct Known {
     std::uint32_t hash = 0;
     Index number = 0;  // the object's, counted from 1
+    std::size_t start = 0;
   };
 
   std::nullopt_t fail(std::string_view problem) {
@@ -122,19 +124,20 @@ class BinaryWriter {
   // equal one stands there already.
   Index addScalar(std::size_t start) {
     const std::size_t count = _scalars.size() - start;
-    if (_known.size() < (_objects.size() + 1) * 2) growIndex();
+    if (_scalarCount == _known.size() / 4 * 3) growIndex();
     const std::string_view bytes = scalar(start, count);
     const auto hash = static_cast<std::uint32_t>(keyedHash(bytes));
     std::size_t place = hash & (_known.size() - 1);
     for (; _known[place].number != 0; place = (place + 1) & (_known.size() - 1)) {
       if (_known[place].hash != hash) continue;
-      const Object& other = _objects[_known[place].number - 1];
-      if (scalar(other.start, other.count) != bytes) continue;
+      // The marker tells the size, so an equal beginning is an equal whole.
+      if (scalar(_known[place].start, count) != bytes) continue;
       _scalars.resize(start);
       return _known[place].number - 1;
     }
     _objects.push_back({0, start, count});
-    _known[place] = {hash, static_cast<Index>(_objects.size())};
+    ++_scalarCount;
+    _known[place] = {hash, static_cast<Index>(_objects.size()), start};
     return static_cast<Index>(_objects.size() - 1);
   }
 
@@ -190,39 +193,53 @@ class BinaryWriter {
     return container;
   }
 
+  std::size_t referencesOf(const Object& container) const {
+    return container.kind == 0xD0 ? container.count * 2 : container.count;
+  }
+
+  // Where each object will stand, and behind them all the offset table.
+  std::vector<std::size_t> layOut(std::size_t referenceSize) const {
+    std::vector<std::size_t> offsets;
+    offsets.reserve(_objects.size() + 1);
+    std::size_t offset = 8;
+    for (const Object& object : _objects) {
+      offsets.push_back(offset);
+      offset += object.kind == 0 ? object.count
+                                 : markerSize(object.count) + referencesOf(object) * referenceSize;
+    }
+    offsets.push_back(offset);
+    return offsets;
+  }
+
   Data assemble() const {
     const std::size_t referenceSize = bytesFor(_objects.size() - 1);
-    ByteSink bytes;
-    bytes.put("bplist00");
-    std::size_t size = 8;
-    std::vector<std::size_t> offsets;
-    offsets.reserve(_objects.size());
-    Data marker;
-    for (const Object& object : _objects) {
-      offsets.push_back(size);
-      if (object.kind == 0) {
-        bytes.put(scalar(object.start, object.count));
-        size += object.count;
-        continue;
-      }
-      marker.clear();
-      appendMarker(marker, object.kind, object.count);
-      for (const std::uint8_t byte : marker) bytes.putNumber(byte, 1);
-      const std::size_t references = object.kind == 0xD0 ? object.count * 2 : object.count;
-      for (std::size_t i = 0; i < references; ++i) {
-        bytes.putNumber(_references[object.start + i], referenceSize);
-      }
-      size += marker.size() + references * referenceSize;
+    const std::vector<std::size_t> offsets = layOut(referenceSize);
+    const std::size_t table = offsets.back();
+    const std::size_t offsetSize = bytesFor(table);
+    Data bytes;
+    bytes.reserve(table + _objects.size() * offsetSize + 32);
+    for (const char c : std::string_view("bplist00")) bytes.push_back(static_cast<std::uint8_t>(c));
+    for (const Object& object : _objects) appendObject(bytes, object, referenceSize);
+    for (std::size_t i = 0; i < _objects.size(); ++i) appendNumber(bytes, offsets[i], offsetSize);
+    appendNumber(bytes, 0, 6);
+    appendNumber(bytes, offsetSize, 1);
+    appendNumber(bytes, referenceSize, 1);
+    appendNumber(bytes, _objects.size(), 8);
+    appendNumber(bytes, 0, 8);
+    appendNumber(bytes, table, 8);
+    return bytes;
+  }
+
+  void appendObject(Data& bytes, const Object& object, std::size_t referenceSize) const {
+    if (object.kind == 0) {
+      const auto start = _scalars.begin() + static_cast<std::ptrdiff_t>(object.start);
+      bytes.insert(bytes.end(), start, start + static_cast<std::ptrdiff_t>(object.count));
+      return;
     }
-    const std::size_t offsetSize = bytesFor(size);
-    for (const std::size_t offset : offsets) bytes.putNumber(offset, offsetSize);
-    bytes.putNumber(0, 6);
-    bytes.putNumber(offsetSize, 1);
-    bytes.putNumber(referenceSize, 1);
-    bytes.putNumber(_objects.size(), 8);
-    bytes.putNumber(0, 8);
-    bytes.putNumber(size, 8);
-    return bytes.bytes();
+    appendMarker(bytes, object.kind, object.count);
+    for (std::size_t i = 0; i < referencesOf(object); ++i) {
+      appendNumber(bytes, _references[object.start + i], referenceSize);
+    }
   }
 
   std::vector<Object> _objects;
@@ -230,6 +247,7 @@ class BinaryWriter {
   Data _scalars;
   // The scalars by their bytes' hash, at its place or the next free one; a number of 0 is free.
   std::vector<Known> _known;
+  std::size_t _scalarCount = 0;
   std::size_t _nodes = 0;
   std::string _problem;
 };

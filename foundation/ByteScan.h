@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -28,6 +30,13 @@ constexpr std::uint64_t anyBelow(std::uint64_t word, std::uint8_t limit) {
 
 constexpr std::uint64_t anyEqual(std::uint64_t word, char c) {
   return anyBelow(word ^ eightTimes(static_cast<std::uint8_t>(c)), 1);
+}
+
+/// How many bytes stand before the first that passes, or fewer, given the test's result. A test
+/// may name bytes behind that one wrongly, hence fewer where those are the low ones.
+constexpr std::size_t firstOfEight(std::uint64_t passing) {
+  if constexpr (std::endian::native != std::endian::little) return 0;
+  return static_cast<std::size_t>(std::countr_zero(passing)) / 8;
 }
 
 }  // namespace qf

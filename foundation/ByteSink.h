@@ -59,7 +59,7 @@ class ByteSink {
     std::unique_ptr<std::uint8_t[]> bytes;
     std::size_t used;  // of a block that is not the last
   };
-  static constexpr std::size_t blockSize = 64 * 1024;
+  static constexpr std::size_t largestBlock = 64 * 1024;
 
   std::size_t used(const Block& block) const {
     return &block == &_blocks.back() ? static_cast<std::size_t>(_at - block.bytes.get())
@@ -68,13 +68,15 @@ class ByteSink {
 
   void addBlock(std::size_t count) {
     if (!_blocks.empty()) _blocks.back().used = used(_blocks.back());
-    const std::size_t size = std::max(count, blockSize);
+    const std::size_t size = std::max(count, _nextBlock);
+    _nextBlock = std::min(_nextBlock * 2, largestBlock);
     _blocks.push_back({std::unique_ptr<std::uint8_t[]>(new std::uint8_t[size]), 0});
     _at = _blocks.back().bytes.get();
     _end = _at + size;
   }
 
   std::vector<Block> _blocks;
+  std::size_t _nextBlock = 1024;
   std::uint8_t* _at = nullptr;
   std::uint8_t* _end = nullptr;
 };

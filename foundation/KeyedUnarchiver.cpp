@@ -37,13 +37,13 @@ class KeyedUnarchiver {
       : _limits(DecodedObject::bounded(limits)), _keys(size) {}
 
   Result<Value> unarchive(const Value& archive) {
+    const DenseMemory memory;
     const auto root = rootIndex(archive);
     if (!root) return _error;
     _decoded.resize(_objects->size());
-    _values.resize(_objects->size(), false);
     const DecodedObject* object = decoded(*root, 1);
     if (!object) return _error;
-    return *object->value;
+    return object->value;
   }
 
  private:
@@ -98,7 +98,6 @@ class KeyedUnarchiver {
     if (result.state == DecodedObject::State::unread) {
       result.state = DecodedObject::State::open;
       if (!decode(result, *coded, index, depth)) return nullptr;
-      result.value = &_values[index];
       result.state = DecodedObject::State::done;
     }
     if (!result.fits(depth, _limits)) return fail("nested too deeply", index);
@@ -109,7 +108,7 @@ class KeyedUnarchiver {
     const Dictionary* fields = coded.dictionary();
     if (!fields) {
       if (coded.uid() || coded.array()) return fail("neither a value nor an object", index);
-      _values[index] = coded;
+      _decoded[index].value = coded;
       return true;
     }
     const auto codedClass = classOf(*fields, index);
@@ -162,7 +161,7 @@ class KeyedUnarchiver {
       if (!content) return false;
     }
     if (!content || content->kind() != kind) return fail("an object without its content", index);
-    _values[index] = *content;
+    _decoded[index].value = *content;
     return true;
   }
 
@@ -171,7 +170,7 @@ class KeyedUnarchiver {
     if (!time || !time->real() || !isStorableDate(Date{*time->real()})) {
       return fail("a date without its time", index);
     }
-    _values[index] = Value(Date{*time->real()});
+    _decoded[index].value = Value(Date{*time->real()});
     return true;
   }
 
@@ -182,7 +181,7 @@ class KeyedUnarchiver {
     const DecodedObject* found = decoded(reference.uid()->index, depth + 1);
     if (!found) return nullptr;
     if (!container.add(*found, _limits)) return fail("too many values", index);
-    return found->value;
+    return &found->value;
   }
 
   const Array* references(const Dictionary& fields, std::string_view key, std::uint64_t index) {
@@ -203,7 +202,7 @@ class KeyedUnarchiver {
       if (!item) return false;
       items.push_back(*item);
     }
-    _values[index] = Value(std::move(items));
+    _decoded[index].value = Value(std::move(items));
     return true;
   }
 
@@ -223,7 +222,7 @@ class KeyedUnarchiver {
       if (!value) return false;
       entries.set(*key, *value);
     }
-    _values[index] = Value(std::move(entries));
+    _decoded[index].value = Value(std::move(entries));
     return true;
   }
 
@@ -231,7 +230,7 @@ class KeyedUnarchiver {
     if (!reference.uid()) return fail("a key that is no reference", index);
     const DecodedObject* found = decoded(reference.uid()->index, depth + 1);
     if (!found) return nullptr;
-    const std::string* key = found->value->string();
+    const std::string* key = found->value.string();
     if (!key) return fail("a key that is not a string", index);
     if (!_keys.spend(key->size())) return fail("too many keys", index);
     return key;
@@ -250,15 +249,14 @@ class KeyedUnarchiver {
       if (isInline && !result.add({}, _limits)) return fail("too many values", index);
       entries.set(key, *value);
     }
-    _values[index] = Value(std::move(entries));
+    _decoded[index].value = Value(std::move(entries));
     return true;
   }
 
   PropertyListLimits _limits;
   KeyAllowance _keys;
   const Array* _objects = nullptr;
-  std::vector<DecodedObject> _decoded;  // by the object's number, as are
-  std::vector<Value> _values;           // their values
+  std::vector<DecodedObject> _decoded;  // by the object's number
   Error _error;
 };
 

@@ -11,7 +11,7 @@ namespace qf {
 
 /// What a reader may spend on outside bytes before it refuses them.
 struct PropertyListLimits {
-  std::size_t depth;  ///< containers inside one another
+  std::size_t depth;  ///< containers inside one another; readers recurse as deep, so: hundreds
   std::size_t nodes;  ///< values in all, a shared one counted at each place that refers to it
   std::size_t bytes;  ///< of the input
 

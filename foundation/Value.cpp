@@ -102,16 +102,14 @@ std::string describe(const Data& data) {
 
 }  // namespace
 
-Value::Value(std::string value) : _kind(Kind::string) {
-  _content.shared = new Node<std::string>(std::move(value));
-}
-Value::Value(Data value) : _kind(Kind::data) { _content.shared = new Node<Data>(std::move(value)); }
-Value::Value(Array value) : _kind(Kind::array) {
-  _content.shared = new Node<Array>(std::move(value));
-}
-Value::Value(Dictionary value) : _kind(Kind::dictionary) {
-  _content.shared = new Node<Dictionary>(std::move(value));
-}
+Value::Value(std::string value)
+    : _content{.shared = new Node<std::string>(std::move(value))}, _kind(Kind::string) {}
+Value::Value(Data value)
+    : _content{.shared = new Node<Data>(std::move(value))}, _kind(Kind::data) {}
+Value::Value(Array value)
+    : _content{.shared = new Node<Array>(std::move(value))}, _kind(Kind::array) {}
+Value::Value(Dictionary value)
+    : _content{.shared = new Node<Dictionary>(std::move(value))}, _kind(Kind::dictionary) {}
 
 void Value::release() {
   const Shared* shared = _content.shared;
@@ -213,9 +211,9 @@ Dictionary::Dictionary(std::initializer_list<Entry> entries) {
   for (const auto& [key, value] : entries) set(key, value);
 }
 
-Dictionary::Dictionary(std::vector<Entry> entries) : _entries(std::move(entries)) {
+Dictionary::Dictionary(Entries entries) : _entries(std::move(entries)) {
   if (buildIndex()) return;
-  std::vector<Entry> all = std::exchange(_entries, {});
+  Entries all = std::exchange(_entries, {});
   _index.clear();
   for (auto& [key, value] : all) set(key, std::move(value));
 }

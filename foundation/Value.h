@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "foundation/DenseMemory.h"
+
 namespace qf {
 
 class Value;
@@ -30,6 +32,7 @@ class Integer {
   bool operator==(const Integer&) const = default;
 
  private:
+  friend class Value;
   constexpr Integer(std::uint64_t bits, bool isNegative) : _bits(bits), _isNegative(isNegative) {}
 
   std::uint64_t _bits;
@@ -53,16 +56,27 @@ struct UID {
 /// pointer, never a kind of value. Strings are UTF-8.
 class Value {
  public:
-  enum class Kind { boolean, integer, real, date, uid, string, data, array, dictionary };
+  enum class Kind : std::uint8_t {
+    boolean,
+    integer,
+    real,
+    date,
+    uid,
+    string,
+    data,
+    array,
+    dictionary
+  };
 
-  Value(bool value) : _kind(Kind::boolean) { _content.boolean = value; }
+  Value(bool value) : _content{.boolean = value}, _kind(Kind::boolean) {}
   Value(int value) : Value(Integer(value)) {}
   Value(std::int64_t value) : Value(Integer(value)) {}
   Value(std::uint64_t value) : Value(Integer::fromUnsigned(value)) {}
-  Value(Integer value) : _kind(Kind::integer) { _content.integer = value; }
-  Value(double value) : _kind(Kind::real) { _content.real = value; }
-  Value(Date value) : _kind(Kind::date) { _content.date = value; }
-  Value(UID value) : _kind(Kind::uid) { _content.uid = value; }
+  Value(Integer value)
+      : _content{.bits = value.bits()}, _kind(Kind::integer), _isNegative(value.isNegative()) {}
+  Value(double value) : _content{.real = value}, _kind(Kind::real) {}
+  Value(Date value) : _content{.date = value}, _kind(Kind::date) {}
+  Value(UID value) : _content{.uid = value}, _kind(Kind::uid) {}
   Value(const char* value) : Value(std::string(value)) {}
   Value(std::string_view value) : Value(std::string(value)) {}
   Value(std::string value);
@@ -71,16 +85,19 @@ class Value {
   Value(Dictionary value);
   Value(const void*) = delete;  // no pointer becomes a boolean unasked
 
-  Value(const Value& other) : _kind(other._kind), _content(other._content) {
+  Value(const Value& other)
+      : _content(other._content), _kind(other._kind), _isNegative(other._isNegative) {
     if (isShared()) _content.shared->owners.fetch_add(1, std::memory_order_relaxed);
   }
   /// Leaves false behind.
   Value(Value&& other) noexcept
-      : _kind(std::exchange(other._kind, Kind::boolean)),
-        _content(std::exchange(other._content, Content())) {}
+      : _content(std::exchange(other._content, Content{.bits = 0})),
+        _kind(std::exchange(other._kind, Kind::boolean)),
+        _isNegative(other._isNegative) {}
   Value& operator=(Value other) noexcept {
-    std::swap(_kind, other._kind);
     std::swap(_content, other._content);
+    std::swap(_kind, other._kind);
+    std::swap(_isNegative, other._isNegative);
     return *this;
   }
   ~Value() {
@@ -91,7 +108,10 @@ class Value {
 
   // The content when it is of that kind, else nothing: a value of the wrong kind reads as missing.
   const bool* boolean() const { return _kind == Kind::boolean ? &_content.boolean : nullptr; }
-  const Integer* integer() const { return _kind == Kind::integer ? &_content.integer : nullptr; }
+  std::optional<Integer> integer() const {
+    if (_kind != Kind::integer) return std::nullopt;
+    return Integer(_content.bits, _isNegative);
+  }
   const double* real() const { return _kind == Kind::real ? &_content.real : nullptr; }
   const Date* date() const { return _kind == Kind::date ? &_content.date : nullptr; }
   const UID* uid() const { return _kind == Kind::uid ? &_content.uid : nullptr; }
@@ -125,12 +145,13 @@ class Value {
   template <class T>
   struct Node : Shared {
     explicit Node(T value) : content(std::move(value)) {}
+    static void* operator new(std::size_t size) { return DenseMemory::take(size); }
+    static void operator delete(void* piece) { DenseMemory::giveBack(piece); }
     const T content;
   };
   union Content {
-    Content() : boolean(false) {}
     bool boolean;
-    Integer integer;
+    std::uint64_t bits;  // of an integer
     double real;
     Date date;
     UID uid;
@@ -145,21 +166,23 @@ class Value {
     return _kind == kind ? &static_cast<const Node<T>*>(_content.shared)->content : nullptr;
   }
 
-  Kind _kind;
   Content _content;
+  Kind _kind;
+  bool _isNegative = false;  // of an integer
 };
 
 /// String keys with their values, in the order in which the keys first came.
 class Dictionary {
  public:
   using Entry = std::pair<std::string, Value>;
-  using const_iterator = std::vector<Entry>::const_iterator;
+  using Entries = std::vector<Entry, DenseAllocator<Entry>>;
+  using const_iterator = Entries::const_iterator;
 
   Dictionary() = default;
   Dictionary(std::initializer_list<Entry> entries);
   /// A later entry replaces an earlier one of the same key. While there is none such, the entries
   /// stay at their addresses, also when the dictionary is moved.
-  explicit Dictionary(std::vector<Entry> entries);
+  explicit Dictionary(Entries entries);
 
   /// Null when there is no such key. Valid until the dictionary is next changed.
   const Value* find(std::string_view key) const;
@@ -191,7 +214,7 @@ class Dictionary {
   std::size_t indexPlace(std::string_view key) const;
   bool buildIndex();
 
-  std::vector<Entry> _entries;
+  Entries _entries;
   // For more keys than a search from front to back is good for: positions counted from 1 (0 is
   // free), at the key's hash or in the next free place behind it.
   std::vector<std::uint32_t> _index;

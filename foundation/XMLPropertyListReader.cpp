@@ -49,12 +49,13 @@ constexpr bool hasRole(char c, std::uint8_t role) {
 // The length of the text in front that stands for itself.
 std::size_t plainLength(std::string_view text) {
   std::size_t length = 0;
-  while (text.size() - length >= 8) {
+  for (; text.size() - length >= 8; length += 8) {
     const std::uint64_t word = loadEight(text.data() + length);
-    if (anyEqual(word, '<') | anyEqual(word, '&') | anyBelow(word, 0x20) | anyEqual(word, '\xEF')) {
-      break;
-    }
-    length += 8;
+    const std::uint64_t ends =
+        anyEqual(word, '<') | anyEqual(word, '&') | anyBelow(word, 0x20) | anyEqual(word, '\xEF');
+    if (!ends) continue;
+    length += firstOfEight(ends);
+    break;
   }
   while (length < text.size() && !hasRole(text[length], endsPlainText)) ++length;
   return length;
@@ -106,6 +107,7 @@ class XMLReader : private TextScanner {
       : TextScanner("XML property list", text, limits) {}
 
   Result<Value> read() {
+    const DenseMemory memory;
     auto root = document();
     if (!root) return error();
     return *std::move(root);
@@ -143,7 +145,10 @@ class XMLReader : private TextScanner {
   }
 
   void skipBlanks() {
-    while (isBlank(peek())) ++_at;
+    const std::string_view text = rest();
+    std::size_t length = 0;
+    while (length < text.size() && isBlank(text[length])) ++length;
+    _at += length;
   }
 
   // Blanks, comments and processing instructions; before the root element a document type, too.
@@ -213,8 +218,9 @@ class XMLReader : private TextScanner {
 
   std::optional<Tag> startTag() {
     if (peek() != '<') return fail(atEnd() ? "the text ends too early" : "expected an element");
-    if (accept("<string>")) return Tag{"string", false};  // the two that come most
+    if (accept("<string>")) return Tag{"string", false};  // those that come most
     if (accept("<key>")) return Tag{"key", false};
+    if (accept("<dict>")) return Tag{"dict", false};
     const std::string_view text = rest().substr(1);
     std::size_t length = 0;
     while (length < text.size() && !hasRole(text[length], endsName)) ++length;
@@ -340,8 +346,8 @@ class XMLReader : private TextScanner {
       _entries[place].second = *std::move(value);
     }
     const auto start = _entries.begin() + static_cast<std::ptrdiff_t>(first);
-    Dictionary entries(std::vector<Dictionary::Entry>(std::make_move_iterator(start),
-                                                      std::make_move_iterator(_entries.end())));
+    Dictionary entries(Dictionary::Entries(std::make_move_iterator(start),
+                                           std::make_move_iterator(_entries.end())));
     _entries.erase(start, _entries.end());
     return Value(std::move(entries));
   }

@@ -26,7 +26,7 @@ TEST(Dictionary, KeepsOrderThroughGrowthAndRemoval) {
 }
 
 TEST(Dictionary, MadeOfEntriesKeepsTheLastOfEqualKeys) {
-  std::vector<Dictionary::Entry> entries;
+  Dictionary::Entries entries;
   for (int i = 0; i < 100; ++i) entries.emplace_back("key " + std::to_string(i % 50), i);
   const Dictionary dictionary(entries);
   EXPECT_EQ(dictionary.size(), 50U);
