@@ -35,14 +35,6 @@ class ByteSink {
     _at = to + text.size();
   }
 
-  /// Puts the number's lowest 1 to 8 bytes, the big end first.
-  void putNumber(std::uint64_t number, std::size_t size) {
-    std::uint8_t* to = reserve(8);
-    for (std::size_t i = 0; i < size; ++i)
-      to[i] = static_cast<std::uint8_t>(number >> (8 * (size - 1 - i)));
-    _at = to + size;
-  }
-
   Data bytes() const {
     Data result;
     std::size_t size = 0;

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "foundation/KeyedArchive.h"
 #include "fuzz/Checks.h"
-#include "fuzz/RandomValue.h"
+
+using namespace qf;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  const qf::Value value = qf::fuzz::RandomValue(bytes, size).make();
-  const auto written = qf::archiveKeyed(value);
-  qf::fuzz::check(bool(written), "a value can't be written");
-  const auto read = qf::unarchiveKeyed(*written);
-  qf::fuzz::check(bool(read) && *read == value, "a value does not come back");
+  fuzz::checkRoundTrip({bytes, size}, archiveKeyed, [](const Data& written) {
+    return unarchiveKeyed(written, PropertyListLimits::file());
+  });
   return 0;
 }

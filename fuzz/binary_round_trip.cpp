@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "foundation/BinaryPropertyList.h"
 #include "fuzz/Checks.h"
-#include "fuzz/RandomValue.h"
+
+using namespace qf;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  const qf::Value value = qf::fuzz::RandomValue(bytes, size).make();
-  const auto written = qf::writeBinaryPropertyList(value);
-  qf::fuzz::check(bool(written), "a value can't be written");
-  const auto read = qf::readBinaryPropertyList(*written, qf::PropertyListLimits::file());
-  qf::fuzz::check(bool(read) && *read == value, "a value does not come back");
+  fuzz::checkRoundTrip(
+      {bytes, size},
+      [](const Value& value) { return writePropertyList(value, PropertyListFormat::binary); },
+      [](const Data& written) { return readPropertyList(written); });
   return 0;
 }

@@ -111,7 +111,7 @@ def main(command, folder, seed="0"):
             path.with_name(path.name + ".dump").write_text(dump(load(path)))
         return
     rng = random.Random(int(seed))
-    samples = [sample(rng) for _ in range(200)]
+    samples = [sample(rng) for _ in range(60)]
     samples.append({f"key {i} {text(rng)}": i for i in range(100000)})
     for number, value in enumerate(samples):
         for suffix, form in (("xml", XML), ("binary", BINARY)):

@@ -97,8 +97,8 @@ TEST_F(Oracle, PythonReadsWhatWeWrite) {
     test::save(_folder / name, *bytes);
     expected[name] = dump(value);
   };
-  for (int i = 0; i <= 200; ++i) {
-    const Value value = i < 200 ? samples.make() : manyEntries();
+  for (int i = 0; i <= 60; ++i) {
+    const Value value = i < 60 ? samples.make() : manyEntries();
     const std::string number = std::to_string(i);
     write(number + ".xml", value, writePropertyList(value, PropertyListFormat::xml));
     write(number + ".binary", value, writePropertyList(value, PropertyListFormat::binary));
@@ -123,7 +123,7 @@ TEST_F(Oracle, WeReadWhatPythonWrites) {
     EXPECT_EQ(dump(*value), test::textOf(file.path().string() + ".dump")) << file.path();
     ++count;
   }
-  EXPECT_EQ(count, 402);
+  EXPECT_EQ(count, 122);
 }
 
 #ifdef QF_HAS_LIBPLIST

@@ -17,90 +17,80 @@ std::string errorOf(const auto& result) {
   return result ? "read" : result.error().localizedDescription;
 }
 
-struct Reads {
-  std::string text;
-  Value value;
-};
+std::string plist(const std::string& element) { return "<plist>" + element + "</plist>"; }
+std::string asItIs(const std::string& text) { return text; }
 
-struct Refuses {
-  std::string text;
-  std::string error;
-};
-
-void expectReads(const std::vector<Reads>& table) {
+void expectReads(const std::vector<std::pair<std::string, Value>>& table, auto wrap) {
   for (const auto& [text, value] : table) {
-    const auto result = test::read(text);
+    const auto result = test::read(wrap(text));
     EXPECT_TRUE(result && *result == value) << text << ": " << errorOf(result);
   }
 }
 
-void expectRefuses(const std::vector<Refuses>& table) {
-  for (const auto& [text, error] : table) {
-    EXPECT_THAT(errorOf(test::read(text)), HasSubstr(error)) << text;
+// Each error with the texts that make it.
+using Refusals = std::vector<std::pair<std::string, std::vector<std::string>>>;
+
+void expectRefuses(const Refusals& table, auto wrap) {
+  for (const auto& [error, texts] : table) {
+    for (const auto& text : texts) {
+      EXPECT_THAT(errorOf(test::read(wrap(text))), HasSubstr(error)) << text;
+    }
   }
 }
 
-std::string plist(const std::string& element) { return "<plist>" + element + "</plist>"; }
-
 TEST(XMLPropertyList, ReadsEveryElement) {
-  expectReads({
-      {plist("<true/>"), true},
-      {plist("<false></false>"), false},
-      {plist("<integer> -0x10 </integer>"), -16},
-      {plist("<integer>+18446744073709551615</integer>"), UINT64_MAX},
-      {plist("<integer>-9223372036854775808</integer>"), INT64_MIN},
-      {plist("<real>-1e3</real>"), -1000.0},
-      {plist("<real>+infinity</real>"), std::numeric_limits<double>::infinity()},
-      {plist("<date>2000-12-31T23:59:59Z</date>"), Date{-1}},
-      {plist("<data> AP8\n=* </data>"), Data{0, 255}},
-      {plist("<string/>"), ""},
-      {plist("<string> a&lt;&#x1F600;<![CDATA[<&]]><!-- no -->\r\nb\rc </string>"),
-       " a<\U0001F600<&\nb\nc "},
-      {plist("<dict><key>a</key><array><dict/></array><key>a</key><array/></dict>"),
-       Dictionary{{"a", Array{}}}},
-      {"\xEF\xBB\xBF<?xml version='1.0'?>\n<!DOCTYPE plist SYSTEM \"[\"><!-- c -->\n" +
-           plist("<string a='>'>\uFFFD\uFB01</string>") + "\n<!-- d -->",
-       "\uFFFD\uFB01"},
-      {"<?xml version='1.0'?><array/>", Array{}},
-      {"\xFF\xFE<\0p\0l\0i\0s\0t\0>\0<\0t\0r\0u\0e\0/\0>\0<\0/\0p\0l\0i\0s\0t\0>\0"s, true},
-  });
+  expectReads({{"<true/>", true},
+               {"<false></false>", false},
+               {"<integer> -0x10 </integer>", -16},
+               {"<integer>+18446744073709551615</integer>", UINT64_MAX},
+               {"<integer>-9223372036854775808</integer>", INT64_MIN},
+               {"<real>-1e3</real>", -1000.0},
+               {"<real>+infinity</real>", std::numeric_limits<double>::infinity()},
+               {"<date>2000-12-31T23:59:59Z</date>", Date{-1}},
+               {"<data> AP8\n=* </data>", Data{0, 255}},
+               {"<string/>", ""},
+               {"<string> a&lt;&#x1F600;<![CDATA[<&]]><!-- no -->\r\nb\rc </string>",
+                " a<\U0001F600<&\nb\nc "},
+               {"<dict><key>a</key><array><dict/></array><key>a</key><array/></dict>",
+                Dictionary{{"a", Array{}}}}},
+              plist);
+  expectReads({{"\xEF\xBB\xBF<?xml version='1.0'?>\n<!DOCTYPE plist SYSTEM \"[\"><!-- c -->\n" +
+                    plist("<string a='>'>\uFFFD\uFB01</string>") + "\n<!-- d -->",
+                "\uFFFD\uFB01"},
+               {"<?xml version='1.0'?><array/>", Array{}},
+               {"\xFF\xFE<\0t\0r\0u\0e\0/\0>\0"s.insert(2, "<\0?\0?\0>\0"s), true}},
+              asItIs);
 }
 
 TEST(XMLPropertyList, RefusesWithTheLine) {
-  expectRefuses({
-      {"<plist>\n\n<what/></plist>", "line 3: unknown element \"what\""},
-      {plist("<integer>9223372036854775808x</integer>"), "whole number"},
-      {plist("<integer>18446744073709551616</integer>"), "whole number"},
-      {plist("<integer>-9223372036854775809</integer>"), "whole number"},
-      {plist("<integer>--1</integer>"), "whole number"},
-      {plist("<real>+-1</real>"), "real"},
-      {plist("<real>nan(1)</real>"), "real"},
-      {plist("<date>2001-02-29T00:00:00Z</date>"), "not a date"},
-      {plist("<date>2001-01-01</date>"), "not a date"},
-      {plist("<data>A</data>"), "base 64"},
-      {plist("<data>AA==AA==</data>"), "base 64"},
-      {plist("<true>x</true>"), "truth"},
-      {"<plist><string>a", "too early"},
-      {plist("<string><b/></string>"), "only text"},
-      {plist("<string>&#xD800;</string>"), "no character"},
-      {plist("<string>&#0;</string>"), "no character"},
-      {plist("<string>&#4294967361;</string>"), "no character"},
-      {plist("<string>&nbsp;</string>"), "not declared"},
-      {plist("<string>\uFFFF</string>"), "forbids"},
-      {plist("<string>a\x01</string>"), "forbids"},
-      {plist("<!-- \x02 --><true/>"), "forbids"},
-      {plist("<string>\xC0\x80</string>"), "UTF-8 at byte 15"},
-      {plist("<string>\xED\xA0\x80</string>"), "UTF-8"},
-      {plist("<dict><true/></dict>"), "expected a key"},
-      {plist("<dict><key>a</key></dict>"), "expected an element"},
-      {plist("<array><true/></dict>"), "end of \"array\""},
-      {plist("<true/><true/>"), "end of \"plist\""},
-      {plist("<true/>") + "x", "follows"},
-      {"<plist/>", "no value"},
-      {"<!DOCTYPE plist [<!ENTITY a 'b'>]>" + plist("<true/>"), "internal subset"},
-      {"<?xml version='1.0' encoding='ISO-8859-1'?>" + plist("<true/>"), "encoding"},
-      {"\xFE\xFF\xD8\x00", "UTF-16"},
-  });
+  expectRefuses(
+      {{"whole number",
+        {"<integer>9223372036854775808x</integer>", "<integer>--1</integer>",
+         "<integer>18446744073709551616</integer>", "<integer>-9223372036854775809</integer>"}},
+       {"real", {"<real>+-1</real>", "<real>nan(1)</real>"}},
+       {"not a date", {"<date>2001-02-29T00:00:00Z</date>", "<date>2001-01-01</date>"}},
+       {"base 64", {"<data>A</data>", "<data>AA==AA==</data>"}},
+       {"truth", {"<true>x</true>"}},
+       {"only text", {"<string><b/></string>"}},
+       {"no character",
+        {"<string>&#xD800;</string>", "<string>&#0;</string>", "<string>&#4294967361;</string>"}},
+       {"not declared", {"<string>&nbsp;</string>"}},
+       {"forbids",
+        {"<string>\uFFFF</string>", "<string>123456789\x01</string>", "<!-- \x02 --><true/>"}},
+       {"UTF-8 at byte 15", {"<string>\xC0\x80</string>", "<string>\xED\xA0\x80"}},
+       {"expected a key", {"<dict><true/></dict>"}},
+       {"expected an element", {"<dict><key>a</key></dict>"}},
+       {"end of \"array\"", {"<array><true/></dict>"}},
+       {"end of \"plist\"", {"<true/><true/>"}}},
+      plist);
+  expectRefuses({{"line 3: unknown element \"what\"", {"<plist>\n\n<what/></plist>"}},
+                 {"too early", {"<plist><string>a"}},
+                 {"follows", {plist("<true/>") + "x"}},
+                 {"no value", {"<plist/>"}},
+                 {"internal subset", {"<!DOCTYPE plist [<!ENTITY a 'b'>]><true/>"}},
+                 {"encoding", {"<?xml version='1.0' encoding='ISO-8859-1'?><true/>"}},
+                 {"UTF-16", {"\xFE\xFF\xD8\x00"}}},
+                asItIs);
 }
 
 TEST(XMLPropertyList, WritesTheCustomaryForm) {
@@ -171,20 +161,21 @@ std::string binary(const std::vector<std::string>& objects) {
 }
 
 TEST(BinaryPropertyList, ReadsEveryWidth) {
-  expectReads({
-      {binary({"\x10\xFF"}), 255},
-      {binary({"\x11\xFF\xFF"}), 65535},
-      {binary({"\x12\xFF\xFF\xFF\xFF"}), std::int64_t{UINT32_MAX}},
-      {binary({"\x13" + std::string(8, '\xFF')}), -1},
-      {binary({"\x14" + std::string(8, '\0') + std::string(8, '\xFF')}), UINT64_MAX},
-      {binary({"\x14" + std::string(16, '\xFF')}), -1},
-      {binary({"\x22\x3F\xC0\0\0"s}), 1.5},
-      {binary({"\x82\1\0\0"s}), UID{65536}},
-      {binary({"\x61\0\xE9"s}), "é"},
-      {binary({"\x52\xC3\xA9"}), "é"},  // UTF-8 where ASCII is meant
-      {binary({"\xA2\1\1"s, "\xD1\2\3"s, "\x51k", "\x5F\x10\3abc"}),
-       Array{Dictionary{{"k", "abc"}}, Dictionary{{"k", "abc"}}}},
-  });
+  const auto alone = [](const std::string& object) { return binary({object}); };
+  expectReads({{"\x10\xFF", 255},
+               {"\x11\xFF\xFF", 65535},
+               {"\x12\xFF\xFF\xFF\xFF", std::int64_t{UINT32_MAX}},
+               {"\x13" + std::string(8, '\xFF'), -1},
+               {"\x14" + std::string(8, '\0') + std::string(8, '\xFF'), UINT64_MAX},
+               {"\x14" + std::string(16, '\xFF'), -1},
+               {"\x22\x3F\xC0\0\0"s, 1.5},
+               {"\x82\1\0\0"s, UID{65536}},
+               {"\x61\0\xE9"s, "é"},
+               {"\x52\xC3\xA9", "é"}},  // UTF-8 where ASCII is meant
+              alone);
+  expectReads({{binary({"\xA2\1\1"s, "\xD1\2\3"s, "\x51k", "\x5F\x10\3abc"}),
+                Array{Dictionary{{"k", "abc"}}, Dictionary{{"k", "abc"}}}}},
+              asItIs);
 }
 
 TEST(BinaryPropertyList, RefusesWithTheOffset) {
@@ -194,71 +185,64 @@ TEST(BinaryPropertyList, RefusesWithTheOffset) {
     bytes[bytes.size() - fromEnd] = byte;
     return bytes;
   };
-  expectRefuses({
-      {"bplist00", "not a whole"},
-      {whole.substr(0, whole.size() - 1), "byte"},
-      {with(26, 0), "not 1 to 8"},
-      {with(26, 9), "not 1 to 8"},
-      {with(25, 0), "not 1 to 8"},
-      {with(17, 2), "can't hold"},
-      {with(24, '\x7F'), "can't hold"},
-      {with(9, 1), "root"},
-      {with(1, 0), "table"},
-      {with(1, '\x7F'), "table"},
-      {binary({"\x00"s}), "byte 8: an object without a value"},
-      {binary({"\x17\0"s}), "integer of an unknown size"},
-      {binary({"\x14\0\0\0\0\0\0\0\1" + std::string(8, '\0')}), "ends outside"},
-      {binary({"\x14\0\0\0\0\0\0\0\1"s + std::string(8, '\0')}), "beyond 64 bits"},
-      {binary({"\x21\0\0"s}), "real of an unknown size"},
-      {binary({"\x33\x7F\xF8\0\0\0\0\0\0"s}), "no date"},
-      {binary({"\x62\xD8\0\0\x41"s}), "UTF-16"},
-      {binary({"\x51\xC3"}), "neither ASCII nor UTF-8"},
-      {binary({"\x5F\x51\1"}), "size that is not an integer"},
-      {binary({"\x5F\x13" + std::string(8, '\xFF')}), "ends outside"},
-      {binary({"\xA1\7"}), "byte 9: a reference to no object"},
-      {binary({"\xA1\0"s}), "contains itself"},
-      {binary({"\xA1\1", "\xD1\2\0"s, "\x51k"}), "contains itself"},
-      {binary({"\xD1\1\1", "\x09"}), "not a string"},
-      {binary({"\xD2\1\1\2\2", "\x51k", "\x09"}), "comes twice"},
-      {binary({"\xC1\1", "\x09"}), "unknown kind"},
-  });
+  const std::string zeros(8, '\0');
+  expectRefuses(
+      {{"not a whole", {"bplist00", "bplist00" + whole.substr(9)}},
+       {"byte", {whole.substr(0, whole.size() - 1)}},
+       {"not 1 to 8", {with(26, 0), with(26, 9), with(25, 0)}},
+       {"can't hold", {with(17, 2), with(24, '\x7F')}},
+       {"root", {with(9, 1)}},
+       {"table", {with(1, 0), with(1, '\x7F')}},
+       {"byte 8: an object without a value", {binary({"\x00"s})}},
+       {"integer of an unknown size", {binary({"\x17\0"s})}},
+       {"beyond 64 bits", {binary({"\x14\0\0\0\0\0\0\0\1"s + zeros})}},
+       {"real of an unknown size", {binary({"\x21\0\0"s})}},
+       {"no date", {binary({"\x33\x7F\xF8\0\0\0\0\0\0"s})}},
+       {"UTF-16", {binary({"\x62\xD8\0\0\x41"s})}},
+       {"neither ASCII nor UTF-8", {binary({"\x51\xC3"})}},
+       {"size that is not an integer", {binary({"\x5F\x51\1"})}},
+       {"ends outside",
+        {binary({"\x5F\x13" + std::string(8, '\xFF')}), binary({"\x14\0\0\0\0\0\0\0\1" + zeros})}},
+       {"byte 9: a reference to no object", {binary({"\xA1\7"})}},
+       {"contains itself", {binary({"\xA1\0"s}), binary({"\xA1\1", "\xD1\2\0"s, "\x51k"})}},
+       {"not a string", {binary({"\xD1\1\1", "\x09"})}},
+       {"comes twice", {binary({"\xD2\1\1\2\2", "\x51k", "\x09"})}},
+       {"unknown kind", {binary({"\xC1\1", "\x09"})}}},
+      asItIs);
 }
 
 TEST(OpenStepPropertyList, ReadsEveryForm) {
-  expectReads({
-      {"word", "word"},
-      {" /* c */ 'it''s'"s.substr(0, 13), "it"},
-      {R"("a\n\"\\\101\200\U00e9\UD83D\uDE00")", "a\n\"\\A\u00A0é\U0001F600"},
-      {"<0fbd 77>", Data{0x0F, 0xBD, 0x77}},
-      {"(a, (), {},)", Array{"a", Array{}, Dictionary{}}},
-      {"{ a = 1; b; 'c d' = <>; } // end", Dictionary{{"a", "1"}, {"b", "b"}, {"c d", Data{}}}},
-      {"a = 1;\n\"b\" = (x);", Dictionary{{"a", "1"}, {"b", Array{"x"}}}},
-      {"(<*I-5>,<*R1.5>,<*BY>,<*D2001-01-01 01:00:00 +0100>,<[AAE=]>)",
-       Array{-5, 1.5, true, Date{0}, Data{0, 1}}},
-  });
+  expectReads(
+      {{"word", "word"},
+       {" /* c */ 'it'", "it"},
+       {R"("a\n\"\\\101\200\U00e9\UD83D\uDE00")", "a\n\"\\A\u00A0é\U0001F600"},
+       {"<0fbd 77>", Data{0x0F, 0xBD, 0x77}},
+       {"(a, (), {},)", Array{"a", Array{}, Dictionary{}}},
+       {"{ a = 1; b; 'c d' = <>; } // end", Dictionary{{"a", "1"}, {"b", "b"}, {"c d", Data{}}}},
+       {"a = 1;\n\"b\" = (x);", Dictionary{{"a", "1"}, {"b", Array{"x"}}}},
+       {"(<*I-5>,<*R1.5>,<*BY>,<*D2001-01-01 01:00:00 +0100>,<[AAE=]>)",
+        Array{-5, 1.5, true, Date{0}, Data{0, 1}}}},
+      asItIs);
 }
 
 TEST(OpenStepPropertyList, RefusesWithTheLine) {
-  expectRefuses({
-      {"", "line 1: no value"},
-      {"\n /* c */", "line 2: no value"},
-      {"a b", "follows"},
-      {"{a = b}", "semicolon"},
-      {"{a b;}", "equals sign"},
-      {"{a = b;", "end of the dictionary"},
-      {"(a", "comma"},
-      {"(a\n,\n\n;)", "line 4: expected a value"},
-      {"'a", "without its end"},
-      {"/* a", "comment"},
-      {"<0>", "hexadecimal"},
-      {"<0g>", "hexadecimal"},
-      {"<*I1x>", "typed"},
-      {R"("\q")", "unknown escape"},
-      {R"("\777")", "octal"},
-      {R"("\UD83D")", "Unicode escape"},
-      {"'a\0b'"s, "zero"},
-      {"a = 1; }", "expected a key"},
-  });
+  expectRefuses({{"line 1: no value", {""}},
+                 {"line 2: no value", {"\n /* c */"}},
+                 {"follows", {"a b"}},
+                 {"semicolon", {"{a = b}"}},
+                 {"equals sign", {"{a b;}"}},
+                 {"end of the dictionary", {"{a = b;"}},
+                 {"comma", {"(a"}},
+                 {"line 4: expected a value", {"(a\n,\n\n;)"}},
+                 {"without its end", {"'a", "<[AA", "<*I1", "/* a"}},
+                 {"hexadecimal", {"<0>", "<0g>"}},
+                 {"typed", {"<*I1x>", "<*>", "<*D2001-13-01 00:00:00 +0000>"}},
+                 {"unknown escape", {R"("\q")"}},
+                 {"octal", {R"("\777")"}},
+                 {"Unicode escape", {R"("\UD83D")"}},
+                 {"zero", {"'a\0b'"s}},
+                 {"expected a key", {"a = 1; }"}}},
+                asItIs);
 }
 
 TEST(PropertyList, StaysInItsLimits) {

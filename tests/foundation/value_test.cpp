@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "foundation/NotificationCenter.h"
+#include "foundation/PropertyList.h"
 #include "foundation/Text.h"
 
 namespace qf {
@@ -83,6 +86,28 @@ TEST(Value, CopiesAndMovesOfEveryKindAreIndependent) {
   }
   EXPECT_EQ(Value(Dictionary{{"a b", Array{"x", 1, Data{255}}}}).description(),
             "{\"a b\" = (x, 1, <ff>);}");
+}
+
+// Values made and let go on several threads, in blocks that the threads share.
+TEST(Value, IsSharedBetweenThreads) {
+  const Data bytes = *writePropertyList(Array{"one", Dictionary{{"two", Data{2}}}, Array{"three"}},
+                                        PropertyListFormat::binary);
+  std::vector<Value> lists;
+  for (int i = 0; i < 50; ++i) lists.push_back(*readPropertyList(bytes));
+  const auto work = [lists] {
+    Value kept = 0;
+    for (int i = 0; i < 2000; ++i) {
+      const Array& items = *lists[static_cast<std::size_t>(i) % lists.size()].array();
+      kept = items[static_cast<std::size_t>(i) % items.size()];
+      Array copy(items);
+      copy.push_back(std::move(kept));
+      kept = copy;
+    }
+    EXPECT_EQ(kept.array()->size(), 4U);
+  };
+  std::vector<std::jthread> threads;
+  for (int i = 0; i < 4; ++i) threads.emplace_back(work);
+  lists.clear();
 }
 
 TEST(Text, FollowsUnicodeNotTheLocale) {
