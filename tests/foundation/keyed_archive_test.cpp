@@ -7,7 +7,6 @@
 namespace qf {
 namespace {
 
-using test::Samples;
 using testing::HasSubstr;
 
 Value ref(std::uint64_t index) { return UID{index}; }
@@ -26,18 +25,6 @@ Result<Value> unarchive(const Array& objects, const Dictionary& changes = {}) {
                      {"$objects", all}};
   for (const auto& [key, value] : changes) archive.set(key, value);
   return unarchiveKeyed(*writePropertyList(archive, PropertyListFormat::binary));
-}
-
-TEST(KeyedArchive, WhatIsArchivedComesBack) {
-  Samples samples(4);
-  for (int i = 0; i < 300; ++i) {
-    const Value value = samples.make();
-    const auto bytes = archiveKeyed(value);
-    ASSERT_TRUE(bytes) << bytes.error().localizedDescription;
-    const auto again = unarchiveKeyed(*bytes);
-    ASSERT_TRUE(again) << again.error().localizedDescription;
-    ASSERT_EQ(*again, value);
-  }
 }
 
 TEST(KeyedArchive, AShortcutReadsAsItsCodedFields) {
