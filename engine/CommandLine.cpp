@@ -13,6 +13,7 @@ const std::string_view commandLineHelp =
     "  quenfold --list                 the cleaners, one a line: token, tab, name\n"
     "  quenfold --clean TOKEN          standard input to standard output, cleaned\n"
     "  quenfold --clean TOKEN FILE...  the files, cleaned in place\n"
+    "  quenfold --clipboard TOKEN      the clipboard's text, cleaned by the engine that runs\n"
     "  quenfold --version, --help\n"
     "\n"
     "Your own cleaners and groups are in ~/.config/quenfold/cleaners.json (XDG_CONFIG_HOME moves "
@@ -27,6 +28,11 @@ Result<CommandLine> parseCommandLine(std::span<char* const> arguments) {
   if (mode == "--clean") {
     if (rest.empty()) return Error{"--clean needs the token of a cleaner; --list shows them"};
     return CommandLine{CommandLine::Mode::clean, rest.front(), {rest.begin() + 1, rest.end()}};
+  }
+  if (mode == "--clipboard") {
+    if (rest.size() != 1)
+      return Error{"--clipboard needs the token of one cleaner; --list shows them"};
+    return CommandLine{CommandLine::Mode::cleanClipboard, rest.front(), {}};
   }
   if (!rest.empty()) return Error{"there is nothing to do with \"" + rest.front() + '"'};
   if (mode == "--agent") return CommandLine{CommandLine::Mode::agent, {}, {}};

@@ -12,7 +12,7 @@ namespace qf {
 
 /// What a person asked of the program.
 struct CommandLine {
-  enum class Mode { window, agent, help, version, list, clean };
+  enum class Mode { window, agent, help, version, list, clean, cleanClipboard };
 
   Mode mode = Mode::window;
   std::string token;

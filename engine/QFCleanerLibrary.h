@@ -24,6 +24,9 @@ class QFCleanerLibrary {
   /// names no cleaner, for more than `largestText` bytes, and where the cleaner does.
   Result<std::string> clean(std::string_view token, std::string_view bytes) const;
 
+  bool knows(std::string_view token) const {
+    return _builtIn.contains(token) || _custom.contains(token);
+  }
   const Cleaners& builtInCleaners() const { return _builtIn; }
   /// Replaces the person's own; a built-in cleaner of the same token wins.
   void setCustomCleaners(Cleaners cleaners) { _custom = std::move(cleaners); }

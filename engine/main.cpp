@@ -17,6 +17,7 @@
 #include "hosts/linux/files/XdgFolders.h"
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
 #include "hosts/linux/workspace/LinuxWorkspace.h"
+#include "kit/QFAgent.h"
 #include "kit/QFKIdentifiers.h"
 
 namespace {
@@ -56,33 +57,39 @@ qf::QFCleanerLibrary wholeLibrary(const qf::FileManager& fileManager, qf::Custom
   return library;
 }
 
+/// This process among the session's programs.
+struct Session {
+  QDBusConnection bus = QDBusConnection::sessionBus();
+  qf::BusApplications applications{bus, qf::engineBundleIdentifier,
+                                   qf::ActivationPolicy::accessory};
+  qf::DBusAppleEvents appleEvents{applications};
+  qf::DBusDistributedNotificationCenter notifications{bus};
+  qf::XdgBundle bundle;
+  qf::XdgFileManager fileManager;
+  qf::LinuxWorkspace workspace{
+      applications, {.programFolder = QCoreApplication::applicationDirPath().toStdString()}};
+};
+
 /// The engine as one of this session's programs, until it is told to quit.
 int runEngine(int argc, char** argv) {
   QCoreApplication application(argc, argv);
-  const QDBusConnection bus = QDBusConnection::sessionBus();
-  qf::BusApplications applications(bus, qf::engineBundleIdentifier,
-                                   qf::ActivationPolicy::accessory);
-  qf::DBusAppleEvents appleEvents(applications);
-  qf::DBusDistributedNotificationCenter notifications(bus);
-  qf::XdgBundle bundle;
-  qf::XdgFileManager fileManager;
+  Session session;
   qf::XcbPasteboards pasteboards;
-  qf::LinuxWorkspace workspace(
-      applications, {.programFolder = QCoreApplication::applicationDirPath().toStdString()});
-  logUnavailable(applications.availability());
+  logUnavailable(session.applications.availability());
   logUnavailable(pasteboards.generalPasteboard().availability());
 
   // Queued, so that the command that asks for it is answered first.
   const auto terminate = [] {
     QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
   };
-  const std::filesystem::path customFile = prepareCustomFile(fileManager);
-  qf::QFEngine engine(
-      {appleEvents, bundle, notifications, fileManager, pasteboards, workspace, customFile},
-      terminate);
+  const std::filesystem::path customFile = prepareCustomFile(session.fileManager);
+  qf::QFEngine engine({session.appleEvents, session.bundle, session.notifications,
+                       session.fileManager, pasteboards, session.workspace, customFile},
+                      terminate);
   engine.start();
   const qf::FileWatch watch(customFile, [&engine] { engine.reload(); });
-  if (const auto error = applications.registerInstance(qf::BusApplications::Instances::several)) {
+  if (const auto error =
+          session.applications.registerInstance(qf::BusApplications::Instances::several)) {
     qf::log(error->localizedDescription);
     return 1;
   }
@@ -97,6 +104,30 @@ int clean(const qf::CommandLine& commandLine) {
     return qf::cleanStream(library, commandLine.token, std::cin, std::cout);
   }
   return qf::cleanFiles(library, fileManager, commandLine.token, commandLine.files);
+}
+
+/// Sends the engine the command, starting it where it does not run.
+int cleanClipboard(int argc, char** argv, const std::string& token) {
+  QCoreApplication application(argc, argv);
+  Session session;
+  qf::CustomLists lists;
+  if (token != qf::undoToken && !wholeLibrary(session.fileManager, lists).knows(token)) {
+    qf::log("there is no cleaner \"" + token + '"');
+    return 1;
+  }
+  int exitCode = 0;
+  const auto fail = [&exitCode](const std::string& reason) {
+    qf::log(reason);
+    exitCode = 1;
+  };
+  session.workspace.setLaunchFailureHandler(fail);
+  session.appleEvents.setFailureHandler(
+      [&fail](qf::AppleEventStatus, const std::string& reason) { fail(reason); });
+  qf::QFAgent agent({session.appleEvents, session.bundle, session.notifications,
+                     session.fileManager, session.workspace});
+  agent.setupConnection();
+  agent.cleanClipboardWithCleaner(token);
+  return exitCode;
 }
 
 int list() {
@@ -129,6 +160,8 @@ int main(int argc, char** argv) {
       return list();
     case Mode::clean:
       return clean(*commandLine);
+    case Mode::cleanClipboard:
+      return cleanClipboard(argc, argv, commandLine->token);
     case Mode::window:
       qf::log("This build of the engine has no window: it runs in the background.");
       break;

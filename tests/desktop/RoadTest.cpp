@@ -91,6 +91,15 @@ TEST_P(Roads, StoppedTargetIsLeftAlone) {
   EXPECT_EQ(clipboard::text(), "old");
 }
 
+TEST(CommandLine, HasTheEngineCleanTheClipboard) {
+  const QString engine = Agent::builtProgram("quenfold");
+  clipboard::setText("von hier");
+  output(engine, {"--clipboard", "#UPPERCASE"});
+  EXPECT_EQ(clipboard::text(), "VON HIER");
+  output(engine, {"--clipboard", "#UNDO"});
+  EXPECT_EQ(clipboard::text(), "von hier");
+}
+
 TEST(Demonstration, NoticesAnEngineThatChangesNothing) {
   const QTemporaryDir prefix;
   const QString agent = agentWithEngine(prefix, Agent::builtProgram("unchanging_engine"));
