@@ -137,6 +137,9 @@ TEST(StartUp, GoesThroughItsStepsAndCleansText) {
     Menu& menu = *host.bar.menu;
     menu.delegate->menuNeedsUpdate(menu);
     for (const MenuItemRef& item : menu.items()) {
+      if (item->title == "Show Palette") {
+        EXPECT_EQ(item->keyEquivalent, "F1");
+      }
       if (item->title == "Show Palette") item->target->performAction(item->action, *item);
       if (item->title == "upper") item->target->performAction(item->action, *item);
     }
