@@ -142,12 +142,13 @@ void QFGlobalPalette::updateWithSearchString(std::string_view text) {
   _isSearching = !searched.empty();
   _subsetList = {};
   if (_isSearching) {
-    _subsetList = {_cleanerList, nameSearch().namesContaining(wordsOfSearch(searched))};
+    _subsetList = {_cleanerList,
+                   nameSearch().namesContainingValueFromArray(wordsOfSearch(searched))};
   }
   reloadTable();
 }
 
-const QFNameSearch& QFGlobalPalette::nameSearch() {
+QFNameSearch& QFGlobalPalette::nameSearch() {
   if (!_nameSearch) {
     _nameSearch.emplace();
     for (const std::string& token : *_cleanerList) {

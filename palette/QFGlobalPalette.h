@@ -102,7 +102,7 @@ class QFGlobalPalette : public PaletteWindowDelegate, public MenuTarget {
   void windowDidLoad();
   void rebuildPopup();
   void addGroupItems(Menu& menu, const std::optional<std::vector<std::string>>& names);
-  const QFNameSearch& nameSearch();
+  QFNameSearch& nameSearch();
   void savePalettePosition(const PaletteWindow& window);
   const std::string& tokenAtRow(std::size_t row) const;
   std::string titleOfToken(const std::string& token) const;

@@ -19,13 +19,20 @@ constexpr int verticalMargin = 5;
 constexpr int horizontalMargin = 8;
 constexpr int longestText = 400;  // in characters; no window shows more of a line
 
+/// The shade of the ground that a text has most trouble with: styles shade their buttons.
+QColor hardestGround(const QPalette& palette, bool isBordered) {
+  const QColor ground =
+      palette.color(QPalette::Active, isBordered ? QPalette::Button : QPalette::Window);
+  if (!isBordered) return ground;
+  return isLight(ground) ? ground.darker(108) : ground.lighter(150);
+}
+
 QColor colorOfTitle(const PaletteCell& cell, const QPalette& palette) {
-  const QPalette::ColorRole ground = cell.isBordered ? QPalette::Button : QPalette::Window;
   const QPalette::ColorRole text = cell.isBordered ? QPalette::ButtonText : QPalette::WindowText;
   const std::optional<Color>& color = cell.title.foregroundColor;
   // Black stands for what the theme writes in.
-  if (!color || *color == Color::black()) return palette.color(text);
-  return legibleColor(*color, palette.color(ground));
+  if (!color || *color == Color::black()) return palette.color(QPalette::Active, text);
+  return legibleColor(*color, hardestGround(palette, cell.isBordered));
 }
 
 void drawButton(QPainter& painter, const QWidget& table, const QRect& rect,
@@ -33,6 +40,8 @@ void drawButton(QPainter& painter, const QWidget& table, const QRect& rect,
   QStyleOptionButton option;
   option.initFrom(&table);
   option.rect = rect;
+  // The panel hardly ever is the active window, and is no less to be used for that.
+  option.palette.setCurrentColorGroup(QPalette::Active);
   option.state = QStyle::State_Enabled | QStyle::State_Active;
   option.state |= state.isDown ? QStyle::State_Sunken : QStyle::State_Raised;
   if (state.isHovered) option.state |= QStyle::State_MouseOver;
@@ -41,8 +50,8 @@ void drawButton(QPainter& painter, const QWidget& table, const QRect& rect,
 
 void drawHighlight(QPainter& painter, const QWidget& table, const QRect& rect) {
   constexpr qreal width = 2;
-  const QColor ground = table.palette().color(QPalette::Window);
-  const QColor color = table.palette().color(QPalette::Highlight);
+  const QColor ground = table.palette().color(QPalette::Active, QPalette::Window);
+  const QColor color = table.palette().color(QPalette::Active, QPalette::Highlight);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(

@@ -71,7 +71,7 @@ const std::vector<QtPaletteTable::ShownRow>& QtPaletteTable::shownRows() const {
 
 /// Where to scroll for the row to end at the lower edge.
 double QtPaletteTable::scrollValueWithBottom(int row) const {
-  double room = viewport()->height();
+  double room = viewport()->height() + std::min(0.0, _spacing.height);
   for (; row >= 0; --row) {
     const double height = strideOfRow(row);
     if (height >= room) return (row + (height - room) / height) * rowUnit();
@@ -98,10 +98,10 @@ void QtPaletteTable::scrollTo(int row) {
 QRect QtPaletteTable::cellRect(int row) const {
   for (const ShownRow& shown : shownRows()) {
     if (shown.row != row) continue;
-    // A negative spacing makes cells wider than their part of the table: both edges stay in view.
-    const double overlap = std::max(0.0, -_spacing.width / 2);
-    QRectF cell(overlap, shown.top, viewport()->width() - 2 * overlap, shown.height);
-    cell.adjust(_spacing.width / 2, _spacing.height / 2, -_spacing.width / 2, -_spacing.height / 2);
+    // Cells that overlap sideways would leave the table, by as much as they do on either side.
+    const double gap = std::max(0.0, _spacing.width);
+    const QRectF cell(gap / 2, std::round(shown.top), viewport()->width() - gap,
+                      shown.height - _spacing.height);
     return cell.toRect();
   }
   return {};

@@ -32,7 +32,7 @@ void QtPopUpButton::initStyleOption(QStyleOptionButton* option) const {
   const int arrow = style()->pixelMetric(QStyle::PM_MenuButtonIndicator, option, this);
   const QRect room = style()->subElementRect(QStyle::SE_PushButtonContents, option, this);
   option->text =
-      fontMetrics().elidedText(_title, Qt::ElideRight, room.width() - arrow).replace('&', "&&");
+      fontMetrics().elidedText(_title, Qt::ElideRight, room.width() - 2 * arrow).replace('&', "&&");
 }
 
 }  // namespace qf

@@ -37,6 +37,8 @@ class Accessible {
   bool setText(const QString& text) const;
   bool select(int from, int to) const;
   int selectionCount() const;
+  /// Does the first thing that can be done with it.
+  bool press() const;
 
  private:
   Accessible(QString service, QString path)

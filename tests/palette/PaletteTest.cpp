@@ -199,6 +199,24 @@ TEST_F(PaletteTest, OpensTheEngineForItsGroups) {
   EXPECT_THAT(engine.commands, ElementsAre("launchQuenfoldApp"));
 }
 
+TEST(NameSearch, FindsTheSameLetterByLetterAsAtOnce) {
+  const std::vector<std::string> names = {"ab", "abab", "ba b", "aab", "bb", ""};
+  QFNameSearch typed;
+  for (const std::string& name : names) typed.add(name);
+  // Words that grow, shrink, change, stand twice, or are the beginning of one another.
+  for (const char* text : {"a", "ab", "aba", "ab", "ab b", "ab ba", "b ab", "a a", "aa ab", "bb",
+                           "b", " b", "aab ", "x", "xa"}) {
+    std::vector<std::uint32_t> expected;
+    for (std::uint32_t i = 0; i < names.size(); ++i) {
+      bool contains = false;
+      for (const std::string_view word : wordsOfSearch(text))
+        contains = contains || (!word.empty() && names[i].find(word) != std::string::npos);
+      if (contains) expected.push_back(i);
+    }
+    EXPECT_EQ(typed.namesContainingValueFromArray(wordsOfSearch(text)), expected) << text;
+  }
+}
+
 TEST(Palette, WritesRectangles) {
   EXPECT_EQ(QFGlobalPalette::LogRectString({{1, 2}, {3, 4.5}}),
             "{x=1.000000,y=2.000000}{h=4.500000,w=3.000000}");

@@ -151,6 +151,100 @@ TEST_P(PaletteRoads, KeysSearchMoveApplyAndHide) {
   EXPECT_TRUE(until([&] { return activeWindow() == editorWindow; }));
 }
 
+/// Without an editor: the panel itself.
+class PalettePanel : public testing::Test {
+ protected:
+  PalettePanel() {
+    agent.pick("Show Palette");
+    EXPECT_TRUE(until([this] { return palette.isVisible(); }));
+  }
+
+  QString properties() const { return output("xprop", {"-id", palette.window()}); }
+
+  Agent agent;
+  Palette palette{agent};
+};
+
+TEST_F(PalettePanel, FloatsOnEveryWorkspaceAndInNoList) {
+  const QString shown = properties();
+  for (const char* state : {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR",
+                            "_NET_WM_STATE_SKIP_PAGER", "_NET_WM_DESKTOP(CARDINAL) = 4294967295"}) {
+    EXPECT_TRUE(shown.contains(state)) << state << qPrintable(shown);
+  }
+  EXPECT_TRUE(shown.contains("input focus: False"));
+  output("xdotool", {"set_desktop", "1"});
+  EXPECT_TRUE(palette.isVisible());
+  output("xdotool", {"set_desktop", "0"});
+}
+
+TEST_F(PalettePanel, SecondStartShowsItAndNeverHidesIt) {
+  for (const bool wasHidden : {false, true}) {
+    if (wasHidden) agent.pick("Hide Palette");
+    ASSERT_TRUE(until([&] { return palette.isVisible() != wasHidden; }));
+    Program second(Agent::builtProgram("quenfold-menu"), {});
+    EXPECT_TRUE(until([&] { return !second.isRunning(); }));
+    EXPECT_TRUE(until([&] { return palette.isVisible(); }));
+  }
+}
+
+TEST_F(PalettePanel, StaysWhereItWasPut) {
+  const auto place = [this] {
+    return output("xdotool", {"getwindowgeometry", palette.window()}).section("Position", 1);
+  };
+  output("xdotool", {"windowmove", palette.window(), "150", "170"});
+  const QString put = place();
+  EXPECT_TRUE(put.contains("150,170")) << qPrintable(put);
+  agent.pick("Hide Palette");
+  EXPECT_TRUE(until([&] { return !palette.isVisible(); }));
+  agent.pick("Quit");
+  EXPECT_TRUE(until([&] { return !agent.program().isRunning(); }));
+
+  Agent next;
+  next.pick("Show Palette");
+  palette = Palette(next);
+  EXPECT_TRUE(until([&] { return palette.isVisible(); }));
+  EXPECT_TRUE(until([&] { return place() == put; }, 2s)) << qPrintable(place());
+}
+
+TEST_F(PalettePanel, IsWholeForAScreenReader) {
+  constexpr int hasPopup = 42, focusable = 11, selectable = 23, editable = 7;
+  const Accessible chooser = palette.find("button menu", "Group: Standard");
+  EXPECT_TRUE(chooser.hasState(hasPopup) && chooser.isEnabled());
+  EXPECT_TRUE(palette.find("push button", "Edit groups").isEnabled());
+  EXPECT_TRUE(palette.searchField().hasState(editable));
+  const Accessible list = palette.find("list", "Cleaners");
+  const auto rows = list.children();
+  ASSERT_GT(rows.size(), 5U);
+  EXPECT_EQ(rows[0].name(), "Scrub");
+  EXPECT_EQ(rows[0].role(), "list item");
+  EXPECT_TRUE(rows[0].hasState(focusable) && rows[0].hasState(selectable));
+  EXPECT_EQ(rows[2].role(), "separator");
+  EXPECT_FALSE(rows[2].hasState(focusable));
+  EXPECT_EQ(rows[2].name(), "");
+
+  EXPECT_TRUE(palette.searchField().setText("upper"));
+  EXPECT_TRUE(until([&] { return list.children().size() == 1; }));
+  clipboard::setText("von anderswo");
+  keyboard::hold("alt");
+  EXPECT_TRUE(list.children().at(0).press());
+  EXPECT_TRUE(until([] { return clipboard::text() == "VON ANDERSWO"; }));
+  keyboard::release("alt");
+}
+
+TEST_F(PalettePanel, ServicesAreAcceptedAndChangeNothing) {
+  clipboard::setText("text");
+  QDBusInterface services("org.quenfold.Menu", "/org/quenfold/Services", "org.quenfold.Services1");
+  for (const char* message : {"DoPaletteCleaner", "CleanText"}) {
+    const QDBusReply<QString> error = services.call(message, "NSGeneralPboard", "data");
+    EXPECT_TRUE(error.isValid()) << qPrintable(error.error().message());
+    EXPECT_EQ(error.value(), "");
+  }
+  EXPECT_TRUE(
+      until([this] { return agent.program().printed().contains("lastCleanerClicked = \n"); }));
+  EXPECT_EQ(agent.program().printed().count("doPaletteCleaner called."), 1);
+  EXPECT_EQ(clipboard::text(), "text");
+}
+
 }  // namespace
 }  // namespace qf::desktop
 
