@@ -17,6 +17,8 @@ the application in front. Keys held while the menu opens:
   Shift   leaves the cleaned text on the clipboard and pastes nothing
   Alt     cleans what is on the clipboard and leaves the application alone
 
+Started once more, it shows the palette of the one that runs.
+
 Shortcuts do the same from any application; the settings file holds them.
 
 Options:
