@@ -211,7 +211,8 @@ void QtPaletteWindow::keyPressEvent(QKeyEvent* event) {
   // What a button has no use for: letters typed there search as well.
   if (event->key() == Qt::Key_Escape) {
     cancel();
-  } else if (!event->text().isEmpty() && event->text().at(0).isPrint()) {
+  } else if (focusWidget() != &_searchField && !event->text().isEmpty() &&
+             event->text().at(0).isPrint()) {
     _searchField.setFocus();
     QCoreApplication::sendEvent(&_searchField, event);
   } else {
