@@ -130,9 +130,7 @@ bool Accessible::select(int from, int to) const {
   return call(textInterface, "SetSelection", {0, from, to}).toBool();
 }
 
-bool Accessible::press() const {
-  return call("org.a11y.atspi.Action", "DoAction", {0}).toBool();
-}
+bool Accessible::press() const { return call("org.a11y.atspi.Action", "DoAction", {0}).toBool(); }
 
 int Accessible::selectionCount() const { return call(textInterface, "GetNSelections").toInt(); }
 

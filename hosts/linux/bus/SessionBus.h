@@ -23,9 +23,9 @@ inline constexpr char statusPath[] = "/org/quenfold/Status";
 /// Whether the connection to the session bus stands, and if not, what a person can do about it.
 Availability busAvailability(const QDBusConnection& connection);
 
-/// Lets the connection take messages of any size that a bus carries. Left alone, QtDBus hears nothing
-/// more after a message that takes what has been received, and not been dealt with, above 63 MiB.
-/// To be called once, before the connection is used.
+/// Lets the connection take messages of any size that a bus carries. Left alone, QtDBus hears
+/// nothing more after a message that takes what has been received, and not been dealt with, above
+/// 63 MiB. To be called once, before the connection is used.
 void takeLargeMessages(const QDBusConnection& connection);
 
 /// A method call that never makes the bus start its addressee.
