@@ -5,6 +5,7 @@
 #include <chrono>
 #include <thread>
 
+#include "foundation/Log.h"
 #include "host/Pasteboard.h"
 #include "hosts/linux/accessibility/AtspiApplication.h"
 #include "hosts/linux/accessibility/AtspiMessages.h"
@@ -19,7 +20,7 @@ using Clock = std::chrono::steady_clock;
 constexpr auto sensitiveLimit = 1s;
 constexpr auto sensitiveInterval = 5ms;
 constexpr auto actionLimit = 250ms;
-constexpr auto copyLimit = 300ms;
+constexpr auto copyLimit = 1s;
 constexpr auto actionInterval = 2ms;
 
 const AtspiKeyBinding copyKey{"C", 0};
@@ -40,7 +41,10 @@ bool waitUntil(Clock::time_point deadline, Interval interval, Condition conditio
 bool pressMenuItem(AtspiApplication& application, const AtspiReference& item,
                    const std::optional<AtspiKeyBinding>& key, const Pasteboard& pasteboard) {
   const bool isCopy = key == copyKey;
-  if (key == pasteKey && !application.hasCopied()) return false;
+  if (key == pasteKey && !application.hasCopied()) {
+    log("Nothing is pasted: the application has not copied its text within 1 s");
+    return false;
+  }
   if (isCopy) application.setHasCopied(false);
 
   const Clock::time_point start = Clock::now();

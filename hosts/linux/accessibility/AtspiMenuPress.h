@@ -15,9 +15,10 @@ class Pasteboard;
 /// sensitive, and then until the pasteboard changed, at most 250 ms. False when the item stayed
 /// insensitive, or the application did not answer or refused. Main thread.
 ///
-/// Copy is given 300 ms from the beginning, since whoever presses it looks that long for a change.
-/// Where it brings none, Paste is not pressed any more on the same road: it would put an old
-/// clipboard in the place of the text.
+/// Copy is given 1 s from the beginning: whoever presses it takes no change for an empty selection,
+/// and goes on to copy the whole text, which on a busy machine would replace the document. Where it
+/// brings none, Paste is not pressed any more on the same road: it would put an old clipboard in the
+/// place of the text.
 bool pressMenuItem(AtspiApplication& application, const AtspiReference& item,
                    const std::optional<AtspiKeyBinding>& key, const Pasteboard& pasteboard);
 
