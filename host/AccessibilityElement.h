@@ -26,12 +26,14 @@ using AccessibilityValue = std::variant<Point, Size, Rect, Range, bool, Accessib
 ///
 /// Every application is shown in one shape: an "AXApplication" has an "AXMenuBar" whose children
 /// are menu bar items, each of these has one menu, and that has items, an item with a submenu
-/// having it as its child. Two entries stand before the application's own first menu. The tree is
+/// having it as its child. Two entries stand before the application's own first menu, and the host
+/// may add a menu at the end whose items do what no menu of the application offers. The tree is
 /// finite and has no cycles. An item's "AXMenuItemCmdChar" is the one upper-case character of its
 /// key equivalent, its "AXMenuItemCmdModifiers" a number: 0 for the primary key alone, plus 1 for
 /// Shift, 2 for Option, 4 for Control, 8 without the primary key.
 ///
-/// One call waits for the application at most 1 s. An application that did not answer counts as not
+/// One call waits for the application at most 1 s, and 5 s while it carries out what was pressed:
+/// long texts take their time. An application that did not answer counts as not
 /// there from then on for every element of the same road (everything reached from one application
 /// element): nothing is read from it and nothing is sent to it, since a late press would still run.
 class AccessibilityElement {
@@ -60,6 +62,8 @@ class AccessibilityElement {
 class Accessibility {
  public:
   virtual ~Accessibility() = default;
+  /// Also tells, until something is pressed again, why the application that was tried last cannot
+  /// be reached.
   virtual Availability availability() const = 0;
 
   virtual AccessibilityElementRef systemWideElement() = 0;

@@ -22,9 +22,23 @@ QString fileHolding(const QString& text) {
   return path;
 }
 
+constexpr int editable = 7, focused = 12, multiLine = 17;
+
 bool isTextArea(const Accessible& node) {
-  const QString role = node.role();
-  return role == "text" && node.isShowing() && node.hasState(/* multi line */ 17);
+  return node.role() == "text" && node.isShowing() && node.hasState(multiLine);
+}
+
+/// GTK 4 calls it by another name and never says that it shows.
+bool isFocusedText(const Accessible& node) {
+  return node.role().startsWith("text") && node.hasState(editable) && node.hasState(focused);
+}
+
+QStringList commandLine(const QString& command, const QString& text) {
+  QStringList words = command.split(' ');
+  const QString built = QCoreApplication::applicationDirPath() + '/' + words.first();
+  if (QFileInfo::exists(built)) words.first() = built;
+  if (!command.contains("%text")) return words << fileHolding(text);
+  return words.replaceInStrings("%text", text);
 }
 
 }  // namespace
@@ -71,19 +85,27 @@ QString Program::printed() {
   return _printed += QString::fromUtf8(_process.readAll());
 }
 
-Editor::Editor(const QString& program, const QString& text)
-    : _program(program, {fileHolding(text)}) {
+Editor::Editor(const QString& command, const QString& text)
+    : Editor(commandLine(command, text), text) {}
+
+Editor::Editor(const QStringList& words, const QString& text)
+    : _program(words.first(), words.mid(1)) {
   const bool isThere = until(
       [&] {
         const auto application = Accessible::application(_program.processIdentifier());
         if (application) _textArea = application->find(isTextArea);
-        return _textArea && _textArea->text().startsWith(text.left(20));
+        const auto hasText = [&] {
+          return _textArea && _textArea->text().startsWith(text.left(20));
+        };
+        if (application && !hasText()) _textArea = application->find(isFocusedText);
+        return hasText();
       },
       20s);
-  if (!isThere) throw std::runtime_error("no text area in " + program.toStdString());
+  if (!isThere) throw std::runtime_error("no text area in " + words.first().toStdString());
 }
 
 void Editor::focus() const {
+  if (_textArea->hasState(focused)) return;
   const QString pid = QString::number(_program.processIdentifier());
   output("xdotool", {"search", "--sync", "--onlyvisible", "--pid", pid, "windowactivate"});
   mouse::click(_textArea->screenExtents().center());
@@ -93,7 +115,7 @@ void Editor::reset(const QString& text, bool selected) {
   focus();
   _textArea->setText(text);
   until([&] { return this->text() == text; });
-  keyboard::press(selected ? "ctrl+a" : "ctrl+Home");
+  keyboard::press(selected ? "ctrl+a" : "Home");
   until([&] { return (_textArea->selectionCount() > 0) == selected; }, 2s);
 }
 

@@ -42,9 +42,9 @@ class Program {
 /// An editor with a window, found through the accessibility bus.
 class Editor {
  public:
-  /// Opens the program on a file holding the text; throws std::runtime_error when no window with it
-  /// comes up.
-  Editor(const QString& program, const QString& text);
+  /// Opens the program with the text, in the place of "%text" in the command or else in a file that
+  /// is added to it; throws std::runtime_error when no window with it comes up.
+  Editor(const QString& command, const QString& text);
 
   Program& program() { return _program; }
   QString text() const { return _textArea->text(); }
@@ -53,6 +53,8 @@ class Editor {
   void focus() const;
 
  private:
+  Editor(const QStringList& words, const QString& text);
+
   Program _program;
   std::optional<Accessible> _textArea;
 };

@@ -7,16 +7,22 @@
 namespace qf {
 
 AtspiAccessibility::AtspiAccessibility(const Pasteboard& pasteboard, const Workspace& workspace)
-    : _pasteboard(pasteboard), _workspace(workspace), _windows(_bus) {}
+    : _pasteboard(pasteboard), _workspace(workspace), _windows(_bus), _obstacle(workspace) {}
+
+Availability AtspiAccessibility::availability() const {
+  const Availability bus = _bus.availability();
+  return bus.isAvailable ? _obstacle.availability() : bus;
+}
 
 AccessibilityElementRef AtspiAccessibility::systemWideElement() {
   return std::make_shared<AtspiSystemWideElement>(*this, _workspace);
 }
 
 AccessibilityElementRef AtspiAccessibility::applicationElement(std::int32_t processIdentifier) {
-  return std::make_shared<AtspiApplicationElement>(_bus, _windows, _pasteboard, processIdentifier);
+  return std::make_shared<AtspiApplicationElement>(_bus, _windows, _obstacle, _pasteboard,
+                                                   processIdentifier);
 }
 
-bool AtspiAccessibility::isProcessTrusted(bool) { return availability().isAvailable; }
+bool AtspiAccessibility::isProcessTrusted(bool) { return _bus.availability().isAvailable; }
 
 }  // namespace qf

@@ -3,6 +3,7 @@
 
 #include "host/AccessibilityElement.h"
 #include "hosts/linux/accessibility/AtspiBus.h"
+#include "hosts/linux/accessibility/AtspiObstacle.h"
 #include "hosts/linux/accessibility/AtspiWindows.h"
 
 namespace qf {
@@ -17,7 +18,8 @@ class AtspiAccessibility : public Accessibility {
   /// Needs an application object; `pasteboard` is the one that menus copy to. Both outlive this.
   AtspiAccessibility(const Pasteboard& pasteboard, const Workspace& workspace);
 
-  Availability availability() const override { return _bus.availability(); }
+  /// Besides the bus this tells why the application that was tried last could not be reached.
+  Availability availability() const override;
   AccessibilityElementRef systemWideElement() override;
   AccessibilityElementRef applicationElement(std::int32_t processIdentifier) override;
   /// Nobody has to be asked here: whoever is on the bus may use it.
@@ -31,6 +33,7 @@ class AtspiAccessibility : public Accessibility {
   const Workspace& _workspace;
   AtspiBus _bus;
   AtspiWindows _windows;
+  AtspiObstacle _obstacle;
 };
 
 }  // namespace qf

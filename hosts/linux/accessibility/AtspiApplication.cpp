@@ -6,7 +6,6 @@
 #include <chrono>
 #include <deque>
 
-#include "hosts/linux/accessibility/AtspiBus.h"
 #include "hosts/linux/accessibility/AtspiMessages.h"
 
 namespace qf {
@@ -46,13 +45,14 @@ bool AtspiApplication::isRoot(const AtspiReference& object) const {
   return std::find(_roots.begin(), _roots.end(), object) != _roots.end();
 }
 
-std::vector<QDBusMessage> AtspiApplication::ask(const std::vector<QDBusMessage>& questions) {
+std::vector<QDBusMessage> AtspiApplication::ask(const std::vector<QDBusMessage>& questions,
+                                                int limitInMs) {
   std::vector<QDBusMessage> answers(questions.size());
   std::deque<QDBusPendingCall> underWay;
   auto next = questions.begin();
   for (std::size_t i = 0; i < questions.size() && _isThere; ++i) {
     while (next != questions.end() && underWay.size() < _mostUnderWay)
-      underWay.push_back(_bus.send(*next++));
+      underWay.push_back(_bus.send(*next++, limitInMs));
     const Clock::time_point start = Clock::now();
     underWay.front().waitForFinished();
     answers[i] = underWay.front().reply();
@@ -64,8 +64,19 @@ std::vector<QDBusMessage> AtspiApplication::ask(const std::vector<QDBusMessage>&
   return answers;
 }
 
-QDBusMessage AtspiApplication::ask(const QDBusMessage& question) {
-  return ask(std::vector{question}).front();
+QDBusMessage AtspiApplication::ask(const QDBusMessage& question, int limitInMs) {
+  return ask(std::vector{question}, limitInMs).front();
+}
+
+void AtspiApplication::tell(const QDBusMessage& message) {
+  if (_isThere) _bus.tell(message);
+}
+
+const QString& AtspiApplication::toolkit() {
+  if (!_toolkit)
+    _toolkit = _roots.empty() ? QString()
+                              : atspi::textProperty(ask(atspi::getToolkitName(_roots.front())));
+  return *_toolkit;
 }
 
 std::vector<AtspiReference> AtspiApplication::children(const AtspiReference& object) {

@@ -3,14 +3,14 @@
 
 #include <QDBusMessage>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
+#include "hosts/linux/accessibility/AtspiBus.h"
 #include "hosts/linux/accessibility/AtspiReference.h"
 #include "hosts/linux/accessibility/AtspiStates.h"
 
 namespace qf {
-
-class AtspiBus;
 
 /// One road into an application: everything that is asked of it goes through here, until it fails
 /// to answer once. Main thread.
@@ -31,12 +31,22 @@ class AtspiApplication {
   /// Asks everything at once, as far as the application keeps up, and waits for all the answers,
   /// which come in the order of the questions. An application that answers slowly has few questions
   /// before it at a time, so that each has its own time limit.
-  std::vector<QDBusMessage> ask(const std::vector<QDBusMessage>& questions);
-  QDBusMessage ask(const QDBusMessage& question);
+  std::vector<QDBusMessage> ask(const std::vector<QDBusMessage>& questions,
+                                int limitInMs = AtspiBus::callLimitInMs);
+  QDBusMessage ask(const QDBusMessage& question, int limitInMs = AtspiBus::callLimitInMs);
+  /// Sends what is not answered by every toolkit.
+  void tell(const QDBusMessage& message);
+
+  /// As "gtk" (GTK 3), "GTK" (GTK 4), "Qt"; asked once.
+  const QString& toolkit();
 
   /// Whether the last Copy pressed on this road reached the clipboard; true before the first.
   bool hasCopied() const { return _hasCopied; }
   void setHasCopied(bool hasCopied) { _hasCopied = hasCopied; }
+
+  /// Whether a menu was opened on this road, which the person sees.
+  bool hasOpenedMenu() const { return _hasOpenedMenu; }
+  void setHasOpenedMenu() { _hasOpenedMenu = true; }
 
   std::vector<AtspiReference> children(const AtspiReference& object);
   AtspiStates states(const AtspiReference& object);
@@ -45,8 +55,10 @@ class AtspiApplication {
   AtspiBus& _bus;
   std::int32_t _processIdentifier;
   std::vector<AtspiReference> _roots;
+  std::optional<QString> _toolkit;
   bool _isThere;
   bool _hasCopied = true;
+  bool _hasOpenedMenu = false;
   std::size_t _mostUnderWay;
 };
 

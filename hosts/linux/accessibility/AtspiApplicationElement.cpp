@@ -14,9 +14,13 @@
 namespace qf {
 
 AtspiApplicationElement::AtspiApplicationElement(AtspiBus& bus, AtspiWindows& windows,
+                                                 AtspiObstacle& obstacle,
                                                  const Pasteboard& pasteboard,
                                                  std::int32_t processIdentifier)
-    : _application(bus, processIdentifier), _windows(windows), _pasteboard(pasteboard) {}
+    : _application(bus, processIdentifier),
+      _windows(windows),
+      _obstacle(obstacle),
+      _pasteboard(pasteboard) {}
 
 std::vector<std::string> AtspiApplicationElement::attributeNames() const {
   return {"AXRole",    "AXTitle",         "AXChildren",        "AXWindows",
@@ -30,8 +34,10 @@ std::optional<AccessibilityValue> AtspiApplicationElement::copyAttributeValue(
     return found;
   };
   if (attribute == "AXRole") return Value("AXApplication");
-  if (!_application.isThere()) return std::nullopt;
-
+  if (!_application.isThere()) {
+    noteAbsence();
+    return std::nullopt;
+  }
   if (attribute == "AXTitle") {
     const QString name =
         atspi::textProperty(_application.ask(atspi::getName(_application.roots().front())));
@@ -57,8 +63,20 @@ std::optional<std::int32_t> AtspiApplicationElement::processIdentifier() const {
 }
 
 const std::shared_ptr<AtspiWindow>& AtspiApplicationElement::inputWindow() const {
-  if (!_choice) _choice = _windows.inputWindow(_application);
+  if (!_choice) {
+    _choice = _windows.inputWindow(_application);
+    if (!_choice->window) noteAbsence();
+  }
   return _choice->window;
+}
+
+void AtspiApplicationElement::noteAbsence() const {
+  const char* why = "it shows no window on the accessibility bus";
+  if (_application.roots().empty())
+    why = "it is not on the accessibility bus; where it can be made to use it, start it anew";
+  else if (!_application.isThere())
+    why = "it does not answer";
+  _obstacle.note(_application.processIdentifier(), why);
 }
 
 bool AtspiApplicationElement::isInputWindow(const AtspiReference& object) const {
@@ -69,13 +87,32 @@ AccessibilityElementRef AtspiApplicationElement::element(const AtspiReference& o
   return std::make_shared<AtspiObjectElement>(shared_from_this(), object);
 }
 
+const AtspiReference& AtspiApplicationElement::focusedObject() const {
+  AtspiWindow& window = *inputWindow();
+  window.focused =
+      findFocusedObject(_application, window.object, _choice->isActive, window.focused);
+  return window.focused;
+}
+
 AccessibilityElementRef AtspiApplicationElement::focusedElement() const {
   const auto& window = inputWindow();
   if (!window) return nullptr;
-  window->focused =
-      findFocusedObject(_application, window->object, _choice->isActive, window->focused);
+  const AtspiReference& focused = focusedObject();
   if (!_application.isThere()) return nullptr;
-  return element(window->focused.isNull() ? window->object : window->focused);
+  return element(focused.isNull() ? window->object : focused);
+}
+
+AtspiReference AtspiApplicationElement::knownFocus() const {
+  return inputWindow() ? inputWindow()->focused : AtspiReference();
+}
+
+const AtspiReference& AtspiApplicationElement::text() const {
+  if (!_target) {
+    if (inputWindow() && knownFocus().isNull()) focusedObject();
+    _target = findTextTarget(_application, knownFocus());
+    if (_target->text.isNull()) _obstacle.note(_application.processIdentifier(), _target->whyNone);
+  }
+  return _target->text;
 }
 
 AccessibilityElementRef AtspiApplicationElement::menuBar() const {

@@ -5,6 +5,8 @@
 
 #include "host/AccessibilityElement.h"
 #include "hosts/linux/accessibility/AtspiApplication.h"
+#include "hosts/linux/accessibility/AtspiObstacle.h"
+#include "hosts/linux/accessibility/AtspiTextTarget.h"
 #include "hosts/linux/accessibility/AtspiWindows.h"
 
 namespace qf {
@@ -18,9 +20,9 @@ class Pasteboard;
 class AtspiApplicationElement : public AccessibilityElement,
                                 public std::enable_shared_from_this<AtspiApplicationElement> {
  public:
-  /// All three outlive the element.
-  AtspiApplicationElement(AtspiBus& bus, AtspiWindows& windows, const Pasteboard& pasteboard,
-                          std::int32_t processIdentifier);
+  /// All four outlive the element.
+  AtspiApplicationElement(AtspiBus& bus, AtspiWindows& windows, AtspiObstacle& obstacle,
+                          const Pasteboard& pasteboard, std::int32_t processIdentifier);
 
   std::optional<AccessibilityValue> copyAttributeValue(std::string_view attribute) const override;
   bool isAttributeSettable(std::string_view) const override { return false; }
@@ -32,21 +34,31 @@ class AtspiApplicationElement : public AccessibilityElement,
   /// The road; asking is no change of the element.
   AtspiApplication& application() const { return _application; }
   const Pasteboard& pasteboard() const { return _pasteboard; }
+  AtspiObstacle& obstacle() const { return _obstacle; }
+  /// The object that has the focus as far as this road has looked, or null.
+  AtspiReference knownFocus() const;
+  /// The text that items which no menu has act on, the same on the whole road; null where there is
+  /// none, and then the reason is noted.
+  const AtspiReference& text() const;
   /// Whether the object is the window with the input.
   bool isInputWindow(const AtspiReference& object) const;
 
  private:
   const std::shared_ptr<AtspiWindow>& inputWindow() const;
+  void noteAbsence() const;
   AccessibilityElementRef element(const AtspiReference& object) const;
+  const AtspiReference& focusedObject() const;
   AccessibilityElementRef focusedElement() const;
   AccessibilityElementRef menuBar() const;
   std::vector<AccessibilityElementRef> windows() const;
 
   mutable AtspiApplication _application;
   AtspiWindows& _windows;
+  AtspiObstacle& _obstacle;
   const Pasteboard& _pasteboard;
   mutable std::optional<AtspiWindows::Choice> _choice;
   mutable std::shared_ptr<AtspiMenuTree> _menuTree;
+  mutable std::optional<AtspiTextTarget> _target;
 };
 
 using AtspiApplicationElementRef = std::shared_ptr<const AtspiApplicationElement>;

@@ -72,9 +72,14 @@ Availability AtspiBus::availability() const {
   return Availability::available();
 }
 
-QDBusPendingCall AtspiBus::send(const QDBusMessage& question) {
+QDBusPendingCall AtspiBus::send(const QDBusMessage& question, int limitInMs) {
   ++_questionCount;
-  return _connection.asyncCall(question, callLimitInMs);
+  return _connection.asyncCall(question, limitInMs);
+}
+
+void AtspiBus::tell(const QDBusMessage& message) {
+  ++_questionCount;
+  _connection.send(message);
 }
 
 void AtspiBus::requestEvent(const QString& event) {

@@ -29,8 +29,10 @@ class AtspiBus {
   Availability availability() const;
   QDBusConnection& connection() { return _connection; }
 
-  /// Sends at once; the answer is an error after `callLimitInMs`.
-  QDBusPendingCall send(const QDBusMessage& question);
+  /// Sends at once; the answer is an error after the limit.
+  QDBusPendingCall send(const QDBusMessage& question, int limitInMs = callLimitInMs);
+  /// Sends without caring for an answer.
+  void tell(const QDBusMessage& message);
   /// How many messages have been sent to applications.
   std::uint64_t questionCount() const { return _questionCount; }
 

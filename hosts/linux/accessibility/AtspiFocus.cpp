@@ -21,8 +21,11 @@ bool isCrowd(uint role, AtspiStates states) {
          states.has(AtspiState::managesDescendants);
 }
 
-bool isShown(AtspiStates states) {
-  return states.has(AtspiState::showing) && !states.has(AtspiState::defunct);
+/// In GTK 4 nothing but windows ever says that it shows.
+bool isShown(AtspiApplication& application, AtspiStates states) {
+  const bool neverShows = application.toolkit() == QLatin1String("GTK");
+  return states.has(neverShows ? AtspiState::visible : AtspiState::showing) &&
+         !states.has(AtspiState::defunct);
 }
 
 /// Goes down level by level where something shows. Qt calls the current tab focused as well, so
@@ -30,11 +33,7 @@ bool isShown(AtspiStates states) {
 class FocusWalk {
  public:
   FocusWalk(AtspiApplication& application, const AtspiReference& window)
-      : _application(application), _level{window} {
-    // GTK 4 never says that anything shows.
-    const AtspiStates states = application.states(window);
-    _shown = states.has(AtspiState::showing) ? AtspiState::showing : AtspiState::visible;
-  }
+      : _application(application), _level{window} {}
 
   AtspiReference run() {
     for (int depth = 0; depth < deepest && !_level.empty() && _count < mostObjects; ++depth) {
@@ -58,7 +57,7 @@ class FocusWalk {
     std::vector<AtspiReference> open;
     for (std::size_t i = 0; i < _level.size(); ++i) {
       const AtspiStates states = atspi::states(answers[2 * i]);
-      if (!states.has(_shown)) continue;
+      if (!isShown(_application, states)) continue;
       const bool isEditable = states.has(AtspiState::editable);
       if (states.has(AtspiState::focused) && (isEditable || _focused.isNull()))
         _focused = _level[i];
@@ -79,7 +78,6 @@ class FocusWalk {
 
   AtspiApplication& _application;
   std::vector<AtspiReference> _level;
-  AtspiState _shown;
   AtspiReference _focused;
   std::size_t _count = 0;
 };
@@ -89,10 +87,11 @@ class FocusWalk {
 AtspiReference findFocusedObject(AtspiApplication& application, const AtspiReference& window,
                                  bool windowIsActive, const AtspiReference& remembered) {
   const AtspiStates states = remembered.isNull() ? AtspiStates() : application.states(remembered);
-  if (isShown(states) && (!windowIsActive || states.has(AtspiState::focused))) return remembered;
+  if (isShown(application, states) && (!windowIsActive || states.has(AtspiState::focused)))
+    return remembered;
 
   const AtspiReference found = FocusWalk(application, window).run();
-  return found.isNull() && isShown(states) ? remembered : found;
+  return found.isNull() && isShown(application, states) ? remembered : found;
 }
 
 }  // namespace qf

@@ -3,8 +3,10 @@
 
 #include <utility>
 
-#include "hosts/linux/accessibility/AtspiMenuPress.h"
+#include "host/Pasteboard.h"
+#include "hosts/linux/accessibility/AtspiMenuItemCommand.h"
 #include "hosts/linux/accessibility/AtspiMessages.h"
+#include "hosts/linux/accessibility/AtspiTextCommand.h"
 
 namespace qf {
 namespace {
@@ -47,6 +49,12 @@ std::optional<AccessibilityValue> AtspiMenuElement::copyAttributeValue(
   if (attribute == "AXChildren") return children();
   if (attribute == "AXMenuItemCmdChar" && _node.key) return Value(_node.key->character);
   if (attribute == "AXMenuItemCmdModifiers" && _node.key) return Value(_node.key->modifiers);
+  if (attribute == "AXEnabled") {
+    const auto behind = command();
+    const bool isEnabled = behind && behind->isEnabled(application);
+    if (behind && application.isThere()) return isEnabled;
+  }
+  if (attribute == "AXTitle" && isOfOurMaking()) return Value(std::string(_node.ownTitle));
   if (_node.source.isNull()) return std::nullopt;
 
   if (attribute == "AXTitle") {
@@ -61,9 +69,37 @@ std::optional<AccessibilityValue> AtspiMenuElement::copyAttributeValue(
 }
 
 bool AtspiMenuElement::performAction(std::string_view action) {
-  return action == "AXPress" && _node.kind == Kind::item &&
-         pressMenuItem(_application->application(), _node.source, _node.key,
-                       _application->pasteboard());
+  const auto behind = action == "AXPress" ? command() : nullptr;
+  if (!behind ||
+      !pressCommand(_application->application(), *behind, _node.key, _application->pasteboard()))
+    return false;
+  _application->obstacle().clear();
+  return true;
+}
+
+std::unique_ptr<AtspiCommand> AtspiMenuElement::command() const {
+  if (_node.kind != Kind::item) return nullptr;
+  if (isOfOurMaking()) {
+    if (_application->text().isNull()) return nullptr;
+    return std::make_unique<AtspiTextCommand>(_application->text(), *_node.key,
+                                              _application->pasteboard());
+  }
+  const AtspiMenuTree::Node* barItem = &_node;
+  while (barItem->kind != Kind::barItem) barItem = barItem->parent;
+  return std::make_unique<AtspiMenuItemCommand>(
+      _node.source, barItem->source, barItem->parent->source,
+      [this] { return selectionOrClipboardContradicts(); });
+}
+
+/// Whether Copy or Paste must be possible, whatever the menu says.
+bool AtspiMenuElement::selectionOrClipboardContradicts() const {
+  const AtspiReference text = _application->knownFocus();
+  if (text.isNull()) return false;
+  AtspiApplication& application = _application->application();
+  if (_node.key == copyKey)
+    return atspi::signedNumber(application.ask(atspi::getSelectionCount(text))) > 0;
+  return _node.key == pasteKey && application.states(text).has(AtspiState::editable) &&
+         !_application->pasteboard().string().value_or("").empty();
 }
 
 std::optional<std::int32_t> AtspiMenuElement::processIdentifier() const {
@@ -77,6 +113,7 @@ AccessibilityElementRef AtspiMenuElement::parent() const {
 
 std::vector<AccessibilityElementRef> AtspiMenuElement::children() const {
   std::vector<AccessibilityElementRef> elements;
+  if (_node.kind == Kind::menu && isOfOurMaking() && _application->text().isNull()) return elements;
   for (const auto& child : _tree->children(_application->application(), _node))
     elements.push_back(std::make_shared<AtspiMenuElement>(_application, _tree, *child));
   return elements;

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "hosts/linux/accessibility/AtspiApplicationElement.h"
+#include "hosts/linux/accessibility/AtspiCommand.h"
 #include "hosts/linux/accessibility/AtspiMenuTree.h"
 
 namespace qf {
@@ -22,6 +23,9 @@ class AtspiMenuElement : public AccessibilityElement {
   std::optional<std::int32_t> processIdentifier() const override;
 
  private:
+  std::unique_ptr<AtspiCommand> command() const;
+  bool isOfOurMaking() const { return !_node.ownTitle.empty(); }
+  bool selectionOrClipboardContradicts() const;
   AccessibilityElementRef parent() const;
   std::vector<AccessibilityElementRef> children() const;
 

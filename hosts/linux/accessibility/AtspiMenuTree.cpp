@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "hosts/linux/accessibility/AtspiApplication.h"
+#include "hosts/linux/accessibility/AtspiCommand.h"
+#include "hosts/linux/accessibility/AtspiMenuItemCommand.h"
 #include "hosts/linux/accessibility/AtspiMessages.h"
 #include "hosts/linux/accessibility/AtspiRole.h"
 
@@ -20,8 +22,8 @@ constexpr std::size_t mostWindowObjects = 500;
 constexpr int deepestMenuBar = 8;
 
 constexpr std::size_t leadingEntries = 2;
-/// No menu is found in a bar with fewer entries.
-constexpr std::size_t fewestEntries = 4;
+/// Where the Edit menu is looked for.
+constexpr std::size_t editEntry = 3;
 
 template <class Question>
 std::vector<QDBusMessage> askEach(AtspiApplication& application,
@@ -40,6 +42,20 @@ Node& addChild(Node& parent, Kind kind, const AtspiReference& source) {
 void addBarItem(Node& bar, const AtspiReference& source) {
   addChild(addChild(bar, Kind::barItem, source), Kind::menu, source);
   bar.children.back()->isRead = source.isNull();
+}
+
+void addOwnMenu(Node& bar) {
+  addBarItem(bar, {});
+  Node& menu = *bar.children.back()->children.front();
+  bar.children.back()->ownTitle = menu.ownTitle = "Edit";
+  const auto add = [&](const char* title, const AtspiKeyBinding& key) {
+    Node& item = addChild(menu, Kind::item, {});
+    item.ownTitle = title;
+    item.key = key;
+  };
+  add("Select All", selectAllKey);
+  add("Copy", copyKey);
+  add("Paste", pasteKey);
 }
 
 /// Of several menu bars, such as those that hold a window's buttons, the one with most menus.
@@ -82,6 +98,7 @@ std::shared_ptr<AtspiMenuTree> AtspiMenuTree::read(AtspiApplication& application
                                                    const AtspiReference& window) {
   std::vector<AtspiReference> level = application.children(window);
   QSet<AtspiReference> seen{window};
+  Children searched{{window, level}};
   for (int depth = 0; depth < deepestMenuBar && !level.empty(); ++depth) {
     std::erase_if(level, [&](const auto& object) { return seen.contains(object); });
     level.resize(std::min(level.size(), mostWindowObjects));
@@ -99,26 +116,33 @@ std::shared_ptr<AtspiMenuTree> AtspiMenuTree::read(AtspiApplication& application
     const auto menusOfBars = askEach(application, bars, atspi::getChildren);
     for (std::size_t i = 0; i < bars.size(); ++i)
       keepFuller(bar, menus, bars[i], atspi::references(menusOfBars[i]));
-    if (!menus.empty()) return std::shared_ptr<AtspiMenuTree>(new AtspiMenuTree(bar, menus));
+    if (!menus.empty())
+      return std::shared_ptr<AtspiMenuTree>(new AtspiMenuTree(bar, menus, {{bar, menus}}));
 
     level.clear();
-    for (const QDBusMessage& answer : askEach(application, containers, atspi::getChildren))
-      for (AtspiReference& child : atspi::references(answer)) level.push_back(std::move(child));
+    const auto answers = askEach(application, containers, atspi::getChildren);
+    for (std::size_t i = 0; i < containers.size(); ++i) {
+      searched.emplace_back(containers[i], atspi::references(answers[i]));
+      const auto& children = searched.back().second;
+      level.insert(level.end(), children.begin(), children.end());
+    }
   }
-  return nullptr;
+  return std::shared_ptr<AtspiMenuTree>(new AtspiMenuTree(window, {}, std::move(searched)));
 }
 
-AtspiMenuTree::AtspiMenuTree(const AtspiReference& bar, const std::vector<AtspiReference>& topMenus)
+AtspiMenuTree::AtspiMenuTree(const AtspiReference& bar, const std::vector<AtspiReference>& topMenus,
+                             Children readChildren)
     : _bar(std::make_unique<Node>(Node{Kind::bar, nullptr, bar, {}, {}})),
       _seen{bar},
-      _readChildren{{bar, topMenus}} {
+      _readChildren(std::move(readChildren)) {
   for (std::size_t i = 0; i < leadingEntries; ++i) addBarItem(*_bar, {});
   for (const AtspiReference& menu : topMenus) {
     if (_seen.size() >= mostMenuObjects || _seen.contains(menu)) continue;
     _seen.insert(menu);
     addBarItem(*_bar, menu);
   }
-  while (_bar->children.size() < fewestEntries) addBarItem(*_bar, {});
+  while (_bar->children.size() < editEntry) addBarItem(*_bar, {});
+  addOwnMenu(*_bar);
 }
 
 const std::vector<std::unique_ptr<Node>>& AtspiMenuTree::children(AtspiApplication& application,
@@ -142,8 +166,15 @@ void AtspiMenuTree::readMenus(AtspiApplication& application, const std::vector<N
   for (const Node* barItem : barItems) containers.push_back(barItem->source);
   const auto answers = askEach(application, containers, atspi::getChildren);
   std::vector<Submenu> level;
-  for (std::size_t i = 0; i < barItems.size(); ++i)
+  for (std::size_t i = 0; i < barItems.size(); ++i) {
     level.push_back({barItems[i], atspi::references(answers[i])});
+    // Some applications fill a menu only when it is opened.
+    if (level.back().children.empty() && barItems[i] == _bar->children[editEntry].get())
+      showMenuBriefly(application, _bar->source, barItems[i]->source, [&] {
+        level.back().children = application.children(barItems[i]->source);
+        return !level.back().children.empty();
+      });
+  }
 
   for (int depth = 0; depth < deepestSubmenu && !level.empty(); ++depth) {
     unwrapPopups(application, level);

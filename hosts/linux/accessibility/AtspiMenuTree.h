@@ -4,6 +4,7 @@
 #include <QSet>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,8 +15,9 @@ namespace qf {
 
 class AtspiApplication;
 
-/// The menu bar of one window in the shape that every application is shown in. It is read as far as
-/// somebody looked, outlives the road on which it was read, and can be compared with the
+/// The menu bar of one window in the shape that every application is shown in, and after its own
+/// menus one of our making: Select All, Copy and Paste, for what no menu offers. It is read as far
+/// as somebody looked, outlives the road on which it was read, and can be compared with the
 /// application later. Main thread.
 class AtspiMenuTree {
  public:
@@ -27,10 +29,10 @@ class AtspiMenuTree {
     AtspiReference source;  ///< null for the entries that no application has
     std::optional<AtspiKeyBinding> key;
     std::vector<std::unique_ptr<Node>> children;
-    bool isRead = false;  ///< of a bar item: whether what is below its menu is here
+    bool isRead = false;             ///< of a bar item: whether what is below its menu is here
+    std::string_view ownTitle = {};  ///< of what is of our making
   };
 
-  /// Null when the window has no menu bar.
   static std::shared_ptr<AtspiMenuTree> read(AtspiApplication& application,
                                              const AtspiReference& window);
 
@@ -49,7 +51,11 @@ class AtspiMenuTree {
     std::vector<AtspiReference> children;
   };
 
-  AtspiMenuTree(const AtspiReference& bar, const std::vector<AtspiReference>& topMenus);
+  using Children = std::vector<std::pair<AtspiReference, std::vector<AtspiReference>>>;
+
+  /// `readChildren` is what the bar was found by, or by what it was seen that there is none.
+  AtspiMenuTree(const AtspiReference& bar, const std::vector<AtspiReference>& topMenus,
+                Children readChildren);
 
   void readMenus(AtspiApplication& application, const std::vector<Node*>& barItems);
   void unwrapPopups(AtspiApplication& application, std::vector<Submenu>& submenus);
@@ -59,7 +65,7 @@ class AtspiMenuTree {
   std::unique_ptr<Node> _bar;
   bool _isWhole = true;  ///< no answer was missing
   QSet<AtspiReference> _seen;
-  std::vector<std::pair<AtspiReference, std::vector<AtspiReference>>> _readChildren;
+  Children _readChildren;
   std::vector<std::pair<AtspiReference, QString>> _readBindings;
 };
 

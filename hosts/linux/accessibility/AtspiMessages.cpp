@@ -10,15 +10,18 @@ namespace {
 
 const QString accessible = QStringLiteral("org.a11y.atspi.Accessible");
 const QString action = QStringLiteral("org.a11y.atspi.Action");
+const QString plainText = QStringLiteral("org.a11y.atspi.Text");
+const QString editableText = QStringLiteral("org.a11y.atspi.EditableText");
 
 QDBusMessage call(const AtspiReference& object, const QString& interface, const QString& method,
                   const QVariantList& arguments = {}) {
   return methodCall(object.service, object.path, interface, method, arguments);
 }
 
-QDBusMessage getProperty(const AtspiReference& object, const QString& name) {
+QDBusMessage getProperty(const AtspiReference& object, const QString& name,
+                         const QString& interface = accessible) {
   return call(object, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-              {accessible, name});
+              {interface, name});
 }
 
 AtspiReference readReference(const QDBusArgument& argument) {
@@ -78,8 +81,7 @@ QDBusMessage getText(const AtspiReference& object) {
 }
 
 QDBusMessage setText(const AtspiReference& object, const QString& text) {
-  return call(object, QStringLiteral("org.a11y.atspi.EditableText"),
-              QStringLiteral("SetTextContents"), {text});
+  return call(object, editableText, QStringLiteral("SetTextContents"), {text});
 }
 
 QDBusMessage grabFocus(const AtspiReference& object) {
@@ -90,8 +92,66 @@ QDBusMessage getKeyBinding(const AtspiReference& object) {
   return call(object, action, QStringLiteral("GetKeyBinding"), {0});
 }
 
-QDBusMessage doAction(const AtspiReference& object) {
-  return call(object, action, QStringLiteral("DoAction"), {0});
+QDBusMessage getInterfaces(const AtspiReference& object) {
+  return call(object, accessible, QStringLiteral("GetInterfaces"));
+}
+
+QDBusMessage getToolkitName(const AtspiReference& root) {
+  return getProperty(root, QStringLiteral("ToolkitName"),
+                     QStringLiteral("org.a11y.atspi.Application"));
+}
+
+QDBusMessage getActionCount(const AtspiReference& object) {
+  return getProperty(object, QStringLiteral("NActions"), action);
+}
+
+QDBusMessage getActionName(const AtspiReference& object, int index) {
+  return call(object, action, QStringLiteral("GetName"), {index});
+}
+
+QDBusMessage doAction(const AtspiReference& object, int index) {
+  return call(object, action, QStringLiteral("DoAction"), {index});
+}
+
+QDBusMessage clearSelection(const AtspiReference& object) {
+  return call(object, QStringLiteral("org.a11y.atspi.Selection"), QStringLiteral("ClearSelection"));
+}
+
+QDBusMessage getCharacterCount(const AtspiReference& object) {
+  return getProperty(object, QStringLiteral("CharacterCount"), plainText);
+}
+
+QDBusMessage getCaretOffset(const AtspiReference& object) {
+  return getProperty(object, QStringLiteral("CaretOffset"), plainText);
+}
+
+QDBusMessage getSelectionCount(const AtspiReference& object) {
+  return call(object, plainText, QStringLiteral("GetNSelections"));
+}
+
+QDBusMessage getSelection(const AtspiReference& object) {
+  return call(object, plainText, QStringLiteral("GetSelection"), {0});
+}
+
+QDBusMessage addSelection(const AtspiReference& object, AtspiRange range) {
+  return call(object, plainText, QStringLiteral("AddSelection"), {range.start, range.end});
+}
+
+QDBusMessage removeSelection(const AtspiReference& object) {
+  return call(object, plainText, QStringLiteral("RemoveSelection"), {0});
+}
+
+QDBusMessage copyText(const AtspiReference& object, AtspiRange range) {
+  return call(object, editableText, QStringLiteral("CopyText"), {range.start, range.end});
+}
+
+QDBusMessage deleteText(const AtspiReference& object, AtspiRange range) {
+  return call(object, editableText, QStringLiteral("DeleteText"), {range.start, range.end});
+}
+
+QDBusMessage insertText(const AtspiReference& object, int position, const QString& text,
+                        int length) {
+  return call(object, editableText, QStringLiteral("InsertText"), {position, text, length});
 }
 
 std::vector<AtspiReference> references(const QDBusMessage& answer) {
@@ -121,6 +181,18 @@ QString textProperty(const QDBusMessage& answer) { return propertyValue(answer).
 QString text(const QDBusMessage& answer) { return plain<QString>(answer); }
 
 uint number(const QDBusMessage& answer) { return plain<uint>(answer); }
+
+int signedNumber(const QDBusMessage& answer) { return plain<int>(answer); }
+
+int numberProperty(const QDBusMessage& answer) { return propertyValue(answer).toInt(); }
+
+QStringList texts(const QDBusMessage& answer) { return plain<QStringList>(answer); }
+
+AtspiRange range(const QDBusMessage& answer) {
+  if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != QLatin1String("ii"))
+    return {};
+  return {answer.arguments().at(0).toInt(), answer.arguments().at(1).toInt()};
+}
 
 bool truth(const QDBusMessage& answer) { return plain<bool>(answer); }
 

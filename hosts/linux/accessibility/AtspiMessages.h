@@ -3,10 +3,23 @@
 
 #include <QDBusMessage>
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 #include "hosts/linux/accessibility/AtspiReference.h"
 #include "hosts/linux/accessibility/AtspiStates.h"
+
+namespace qf {
+
+/// A part of a text, from one offset up to another.
+struct AtspiRange {
+  int start = 0;
+  int end = 0;
+  bool isEmpty() const { return start >= end; }
+  bool operator==(const AtspiRange&) const = default;
+};
+
+}  // namespace qf
 
 namespace qf::atspi {
 
@@ -22,9 +35,29 @@ QDBusMessage getParent(const AtspiReference& object);
 QDBusMessage getText(const AtspiReference& object);
 QDBusMessage setText(const AtspiReference& object, const QString& text);
 QDBusMessage grabFocus(const AtspiReference& object);
+QDBusMessage getInterfaces(const AtspiReference& object);
+/// Of the root object of an application.
+QDBusMessage getToolkitName(const AtspiReference& root);
 /// Of the object's first action.
 QDBusMessage getKeyBinding(const AtspiReference& object);
-QDBusMessage doAction(const AtspiReference& object);
+QDBusMessage getActionCount(const AtspiReference& object);
+QDBusMessage getActionName(const AtspiReference& object, int index);
+QDBusMessage doAction(const AtspiReference& object, int index = 0);
+/// Of a menu bar: closes the menu that is open.
+QDBusMessage clearSelection(const AtspiReference& object);
+
+// Of a text; offsets are in whatever the toolkit counts, from 0.
+QDBusMessage getCharacterCount(const AtspiReference& object);
+QDBusMessage getCaretOffset(const AtspiReference& object);
+QDBusMessage getSelectionCount(const AtspiReference& object);
+QDBusMessage getSelection(const AtspiReference& object);
+QDBusMessage addSelection(const AtspiReference& object, AtspiRange range);
+QDBusMessage removeSelection(const AtspiReference& object);
+QDBusMessage copyText(const AtspiReference& object, AtspiRange range);
+QDBusMessage deleteText(const AtspiReference& object, AtspiRange range);
+/// `length` is the text's, in what the toolkit counts here.
+QDBusMessage insertText(const AtspiReference& object, int position, const QString& text,
+                        int length);
 
 QDBusMessage methodCall(const QString& service, const QString& path, const QString& interface,
                         const QString& method, const QVariantList& arguments = {});
@@ -36,6 +69,10 @@ AtspiReference referenceProperty(const QDBusMessage& answer);
 QString textProperty(const QDBusMessage& answer);
 QString text(const QDBusMessage& answer);
 uint number(const QDBusMessage& answer);
+int signedNumber(const QDBusMessage& answer);
+int numberProperty(const QDBusMessage& answer);
+QStringList texts(const QDBusMessage& answer);
+AtspiRange range(const QDBusMessage& answer);
 bool truth(const QDBusMessage& answer);
 AtspiStates states(const QDBusMessage& answer);
 

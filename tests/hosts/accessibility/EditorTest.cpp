@@ -18,17 +18,26 @@ namespace {
 
 using namespace desktop;
 
-const QString sample = "Grüße aus dem Büro,\n\n  zwei   Wörter\n";
+struct Target {
+  const char* name;
+  const char* command;
+  bool isSingleLine = false;
+};
 
-class RealEditor : public testing::TestWithParam<const char*> {
+std::ostream& operator<<(std::ostream& out, const Target& target) { return out << target.name; }
+
+class RealEditor : public testing::TestWithParam<Target> {
  protected:
+  const QString sample = GetParam().isSingleLine ? "Grüße aus dem  Büro 😀"
+                                                 : "Grüße aus dem Büro,\n\n  zwei 😀  Wörter\n";
+
   void SetUp() override {
     if (qEnvironmentVariableIsEmpty("QF_SESSION")) GTEST_SKIP() << "needs a private desktop";
     accessibility = std::make_unique<AtspiAccessibility>(pasteboard, workspace);
     access = std::make_unique<QFTextAccess>(*accessibility, pasteboard, workspace);
-    editor = std::make_unique<Editor>(GetParam(), sample);
+    editor = std::make_unique<Editor>(GetParam().command, sample);
     const auto process = static_cast<std::int32_t>(editor->program().processIdentifier());
-    workspace.applications = {{std::nullopt, GetParam(), process}};
+    workspace.applications = {{std::nullopt, GetParam().name, process}};
     workspace.frontmost = process;
   }
 
@@ -43,15 +52,30 @@ class RealEditor : public testing::TestWithParam<const char*> {
   std::unique_ptr<Editor> editor;
 };
 
-INSTANTIATE_TEST_SUITE_P(Editors, RealEditor, testing::Values("mousepad", "featherpad"),
-                         [](const auto& editor) { return std::string(editor.param); });
+const Target mousepad{"Mousepad", "mousepad"}, featherpad{"Featherpad", "featherpad"},
+    gedit{"Gedit", "gedit --standalone"},
+    gtk4Editor{"Gtk4Editor", "gnome-text-editor --standalone"},
+    gtk3Dialog{"Gtk3Dialog", "zenity --entry --entry-text=%text", true},
+    qt6Editor{"Qt6Editor", "text_window editor"},
+    qt6Dialog{"Qt6Dialog", "text_window dialog", true};
+
+std::string nameOf(const testing::TestParamInfo<Target>& target) { return target.param.name; }
+
+INSTANTIATE_TEST_SUITE_P(Editors, RealEditor,
+                         testing::Values(mousepad, featherpad, gedit, gtk4Editor, gtk3Dialog,
+                                         qt6Editor, qt6Dialog),
+                         nameOf);
+
+class StoppedEditor : public RealEditor {};
+INSTANTIATE_TEST_SUITE_P(Editors, StoppedEditor,
+                         testing::Values(mousepad, featherpad, gtk4Editor, qt6Editor), nameOf);
 
 TEST_P(RealEditor, ShowsFocusAndEnabledItems) {
   editor->reset(sample, false);
   const auto element = road();
   ASSERT_TRUE(element);
   EXPECT_TRUE(element->isEditableTextArea());
-  EXPECT_EQ(element->role(), "AXTextArea");
+  EXPECT_EQ(element->role(), GetParam().isSingleLine ? "AXTextField" : "AXTextArea");
   const auto value = element->value();
   ASSERT_TRUE(value);
   EXPECT_EQ(std::get<std::string>(*value), sample.toStdString());
@@ -77,20 +101,21 @@ TEST_P(RealEditor, CopiesAndPastesWithAndWithoutSelection) {
     ASSERT_TRUE(element);
     if (!isSelected) {
       // Only what is seen to have happened cannot happen later, in the middle of the road.
-      keyboard::press("ctrl+Home");
+      keyboard::press("Home");
       const auto copy = element->menuItemWithShortcut("C", "0");
       ASSERT_TRUE(copy && until([&] { return !copy->enabled(); }));
     }
     clipboard::setText("old");
     ASSERT_TRUE(element->copyToClipboard());
     EXPECT_EQ(pasteboard.string(), sample.toStdString());
-    pasteboard.setString("Neues\n");
+    pasteboard.setString("Neuer Übermut");
     EXPECT_TRUE(element->pasteFromClipboard());
-    EXPECT_TRUE(until([&] { return editor->text() == "Neues\n"; })) << qPrintable(editor->text());
+    EXPECT_TRUE(until([&] { return editor->text() == "Neuer Übermut"; }))
+        << qPrintable(editor->text());
   }
 }
 
-TEST_P(RealEditor, StoppedBeforeOrOnTheRoadIsLeftAlone) {
+TEST_P(StoppedEditor, IsLeftAloneOnTheRoadToo) {
   for (const bool isFoundBefore : {false, true}) {
     editor->reset(sample);
     clipboard::setText("old");

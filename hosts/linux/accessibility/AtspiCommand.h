@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <optional>
+
+#include "hosts/linux/accessibility/AtspiKeyBinding.h"
+
+namespace qf {
+
+class AtspiApplication;
+class Pasteboard;
+
+inline const AtspiKeyBinding selectAllKey{"A", 0};
+inline const AtspiKeyBinding copyKey{"C", 0};
+inline const AtspiKeyBinding pasteKey{"V", 0};
+
+/// What stands behind an item of a menu bar: an item that the application has, or another way to
+/// the same end. Main thread.
+class AtspiCommand {
+ public:
+  virtual ~AtspiCommand() = default;
+  /// Asks the application anew each time.
+  virtual bool isEnabled(AtspiApplication& application) = 0;
+  enum class Outcome {
+    refused,
+    taken,  ///< the application may act only afterwards
+    done
+  };
+  virtual Outcome run(AtspiApplication& application) = 0;
+};
+
+/// Waits at most 1 s for the command to become enabled, runs it, and then waits until the
+/// pasteboard changed, at most 250 ms, unless all was done at once. False when it stayed disabled,
+/// or the application did not answer or refused. Main thread.
+///
+/// Copy is given 1 s from the beginning: whoever presses it takes no change for an empty selection,
+/// and goes on to copy the whole text, which on a busy machine would replace the document. Where it
+/// brings none, Paste is not pressed any more on the same road: it would put an old clipboard in the
+/// place of the text.
+bool pressCommand(AtspiApplication& application, AtspiCommand& command,
+                  const std::optional<AtspiKeyBinding>& key, const Pasteboard& pasteboard);
+
+}  // namespace qf

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/accessibility/AtspiMenuItemCommand.h"
+
+#include <utility>
+
+#include "hosts/linux/accessibility/AtspiApplication.h"
+#include "hosts/linux/accessibility/AtspiMessages.h"
+#include "hosts/linux/accessibility/AtspiWait.h"
+
+namespace qf {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto updateLimit = 250ms;
+constexpr auto updateInterval = 5ms;
+// An editor works on a text of several megabytes for some seconds.
+constexpr int actionLimitInMs = 5000;
+
+}  // namespace
+
+AtspiMenuItemCommand::AtspiMenuItemCommand(AtspiReference item, AtspiReference barItem,
+                                           AtspiReference bar, IsStale isStale)
+    : _item(std::move(item)),
+      _barItem(std::move(barItem)),
+      _bar(std::move(bar)),
+      _isStale(std::move(isStale)) {}
+
+bool AtspiMenuItemCommand::isSensitive(AtspiApplication& application) const {
+  return application.states(_item).has(AtspiState::sensitive);
+}
+
+bool AtspiMenuItemCommand::isEnabled(AtspiApplication& application) {
+  if (isSensitive(application)) return true;
+  if (application.hasOpenedMenu() || !_isStale()) return false;
+  showMenuBriefly(application, _bar, _barItem, [&] { return isSensitive(application); });
+  return isSensitive(application);
+}
+
+AtspiCommand::Outcome AtspiMenuItemCommand::run(AtspiApplication& application) {
+  const QDBusMessage answer = application.ask(atspi::doAction(_item), actionLimitInMs);
+  return atspi::truth(answer) ? Outcome::taken : Outcome::refused;
+}
+
+void showMenuBriefly(AtspiApplication& application, const AtspiReference& bar,
+                     const AtspiReference& barItem, const std::function<bool()>& isUpToDate) {
+  if (application.hasOpenedMenu()) return;
+  application.setHasOpenedMenu();
+  application.ask(atspi::doAction(barItem));
+  const auto deadline = std::chrono::steady_clock::now() + updateLimit;
+  atspi::waitUntil(deadline, updateInterval, isUpToDate);
+  application.ask(atspi::clearSelection(bar));
+}
+
+}  // namespace qf

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <functional>
+
+#include "hosts/linux/accessibility/AtspiCommand.h"
+#include "hosts/linux/accessibility/AtspiReference.h"
+
+namespace qf {
+
+/// An item of an application's own menu, pressed while its menu is closed.
+class AtspiMenuItemCommand : public AtspiCommand {
+ public:
+  /// Tells whether an item that says it is disabled ought not to be.
+  using IsStale = std::function<bool()>;
+
+  /// The item lies below `barItem` of `bar`.
+  AtspiMenuItemCommand(AtspiReference item, AtspiReference barItem, AtspiReference bar,
+                       IsStale isStale);
+
+  bool isEnabled(AtspiApplication& application) override;
+  Outcome run(AtspiApplication& application) override;
+
+ private:
+  bool isSensitive(AtspiApplication& application) const;
+
+  AtspiReference _item, _barItem, _bar;
+  IsStale _isStale;
+};
+
+/// Opens a menu of a menu bar, as some applications bring their menus up to date only then, and
+/// closes it once the condition holds, after 250 ms at the latest. At most once on a road, since
+/// the person sees it.
+void showMenuBriefly(AtspiApplication& application, const AtspiReference& bar,
+                     const AtspiReference& barItem, const std::function<bool()>& isUpToDate);
+
+}  // namespace qf

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+
+#include "hosts/linux/accessibility/AtspiReference.h"
+
+namespace qf {
+
+class AtspiApplication;
+
+/// A text that can be reached though no menu bar leads to it.
+struct AtspiTextTarget {
+  AtspiReference text;  ///< null where there is none
+  std::string whyNone;  ///< ends a sentence that begins with "because"
+};
+
+/// Whether the object with the focus (null where it is not known) can be reached so. Main thread.
+AtspiTextTarget findTextTarget(AtspiApplication& application, const AtspiReference& focused);
+
+}  // namespace qf
