@@ -17,7 +17,7 @@ namespace {
 
 const QString sample = "Grüße aus dem Büro,\n\n  zwei   Wörter\n";
 
-/// Some 1 MB of text outside ASCII.
+/// Some 100 kB of text outside ASCII.
 QString longSample() {
   QString text;
   while (text.size() < 700'000) text += "Überall fällt größerer Schnee, ночью и днём.\n";
