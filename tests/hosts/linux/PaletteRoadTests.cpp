@@ -94,7 +94,7 @@ class PaletteRoads : public testing::TestWithParam<const char*> {
   QString editorWindow;
 };
 
-INSTANTIATE_TEST_SUITE_P(Editors, PaletteRoads, testing::Values("mousepad", "featherpad"),
+INSTANTIATE_TEST_SUITE_P(Editors, PaletteRoads, testing::Values("mousepad", "featherpad", "gedit"),
                          [](const auto& editor) { return std::string(editor.param); });
 
 TEST_P(PaletteRoads, ClicksCleanInTheThreeModesAndLeaveTheKeyboardAlone) {
