@@ -36,7 +36,7 @@ void UserDefaultsController::setValue(std::optional<Value> value, std::string_vi
 }
 
 UserDefaultsController::ObserverID UserDefaultsController::addObserver(std::string_view keyPath,
-                                                                       Observer observer) {
+                                                                       const Observer& observer) {
   const auto value = valueForKeyPath(keyPath);
   _observers.emplace(++_lastObserver, Entry{std::string(keyPath), observer, value});
   const ObserverID added = _lastObserver;

@@ -35,7 +35,7 @@ class UserDefaultsController {
   void setValue(std::optional<Value> value, std::string_view keyPath);
 
   /// Told of the present value before this returns, then of each change, whoever made it.
-  ObserverID addObserver(std::string_view keyPath, Observer observer);
+  ObserverID addObserver(std::string_view keyPath, const Observer& observer);
   void removeObserver(ObserverID observer) { _observers.erase(observer); }
 
  private:
