@@ -77,9 +77,26 @@ int FakeAtspiApplication::add(int parent, uint role, const QString& keyBinding) 
   const std::lock_guard lock(_mutex);
   const int object = static_cast<int>(_objects.size());
   constexpr int sensitive = 24, showing = 25;
-  _objects[object] = {role, {sensitive, showing}, keyBinding, parent, {}, {}};
+  _objects[object] = {
+      .role = role, .states = {sensitive, showing}, .keyBinding = keyBinding, .parent = parent};
   _objects[parent].children.push_back(object);
   return object;
+}
+
+int FakeAtspiApplication::addText(int parent, uint role, const QString& text) {
+  const int object = add(parent, role);
+  constexpr int editable = 7, focused = 12;
+  change(object, [&](Object& added) {
+    added.states.unite({editable, focused});
+    added.isText = true;
+    added.text = text;
+  });
+  return object;
+}
+
+QString FakeAtspiApplication::textOf(int object) {
+  const std::lock_guard lock(_mutex);
+  return _objects.at(object).text;
 }
 
 void FakeAtspiApplication::change(int object, const std::function<void(Object&)>& change) {
@@ -112,9 +129,13 @@ bool FakeAtspiApplication::handleMessage(const QDBusMessage& message,
   const std::lock_guard lock(_mutex);
   ++_calls[message.member()];
   if (_isSilent) return true;
+  const bool isUnanswered = message.member() == "AddSelection";
   const auto object = _objects.find(message.path().mid(pathPrefix.size()).toInt());
-  const QVariantList answers =
-      object == _objects.end() ? QVariantList() : answer(message, object->second);
+  const QVariantList answers = object == _objects.end() ? QVariantList()
+                               : object->second.isText && message.interface().contains("Text")
+                                   ? answerAsText(message, object->second)
+                                   : answer(message, object->second);
+  if (isUnanswered) return true;
   connection.send(answers.isEmpty()
                       ? message.createErrorReply(QDBusError::UnknownMethod, message.member())
                       : message.createReply(answers));
@@ -140,10 +161,36 @@ QVariantList FakeAtspiApplication::answer(const QDBusMessage& message, const Obj
     if (object.onAction) object.onAction();
     return {true};
   }
+  if (method == "GetInterfaces")
+    return {object.isText ? QStringList{"org.a11y.atspi.Text", "org.a11y.atspi.EditableText"}
+                          : QStringList()};
+  if (method == "Get" && message.arguments().value(1) == "CharacterCount")
+    return {QVariant::fromValue(QDBusVariant(static_cast<int>(object.text.size())))};
   if (method == "Get" && message.arguments().value(1) == "Parent")
     return {QVariant::fromValue(
         QDBusVariant(QVariant::fromValue(AtspiReference{own, pathOf(object.parent)})))};
   return {};
+}
+
+QVariantList FakeAtspiApplication::answerAsText(const QDBusMessage& message, Object& object) {
+  const QString method = message.member();
+  const int first = message.arguments().value(0).toInt();
+  const int second = message.arguments().value(1).toInt();
+  const int begin = object.selectionStart, end = object.selectionEnd;
+  if (method == "GetNSelections") return {begin < end ? 1 : 0};
+  if (method == "GetSelection") return {begin, end};
+  if (method == "AddSelection") {
+    object.selectionStart = first;
+    object.selectionEnd = second;
+  } else if (method == "CopyText" && object.onCopy) {
+    object.onCopy(object.text.mid(first, second - first));
+  } else if (method == "DeleteText") {
+    object.text.remove(first, second - first);
+    object.selectionStart = object.selectionEnd = first;
+  } else if (method == "InsertText") {
+    object.text.insert(first, message.arguments().value(1).toString());
+  }
+  return {true};
 }
 
 }  // namespace qf

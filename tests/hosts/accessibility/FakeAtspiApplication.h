@@ -27,6 +27,10 @@ class FakeAtspiApplication : public QDBusVirtualObject {
     int parent = 0;
     std::vector<int> children;
     std::function<void()> onAction;
+    bool isText = false;
+    QString text;
+    int selectionStart = 0, selectionEnd = 0;
+    std::function<void(const QString&)> onCopy;
   };
   static constexpr int root = 0;
 
@@ -35,7 +39,10 @@ class FakeAtspiApplication : public QDBusVirtualObject {
 
   /// Adds an object that shows and is sensitive.
   int add(int parent, uint role, const QString& keyBinding = {});
+  /// Adds an editable text that has the focus. As in GTK 4, selecting is not answered.
+  int addText(int parent, uint role, const QString& text);
   void change(int object, const std::function<void(Object&)>& change);
+  QString textOf(int object);
   void setState(int object, int state, bool isOn);
   void sendWindowEvent(int window, const QString& event);
 
@@ -50,6 +57,7 @@ class FakeAtspiApplication : public QDBusVirtualObject {
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
   QString introspect(const QString&) const override { return {}; }
   QVariantList answer(const QDBusMessage& message, const Object& object);
+  QVariantList answerAsText(const QDBusMessage& message, Object& object);
 
   QThread _thread;
   QDBusConnection _connection;

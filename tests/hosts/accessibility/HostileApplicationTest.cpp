@@ -19,6 +19,7 @@ namespace qf {
 namespace {
 
 using namespace std::chrono_literals;
+using testing::HasSubstr;
 using testing::SizeIs;
 
 constexpr int active = 1, focused = 12, sensitive = 24, showing = 25;
@@ -58,6 +59,24 @@ class HostileApplication : public testing::Test {
     return made;
   }
 
+  int addDialog() {
+    const int dialog = application->add(FakeAtspiApplication::root, atspirole::dialog);
+    application->setState(editor.window, active, false);
+    application->setState(dialog, active, true);
+    workspace.applications = {{std::nullopt, "Hostile", getpid()}};
+    return dialog;
+  }
+  int addText(int parent, uint role, const QString& content) {
+    const int text = application->addText(parent, role, content);
+    application->change(text, [this](auto& changed) {
+      changed.onCopy = [this](const QString& copied) {
+        pasteboard.setString(copied.toStdString());
+        ++pasteboard.changes;
+      };
+    });
+    return text;
+  }
+
   std::optional<QFUIElement> road() {
     return QFUIElement::frontAppFocusedElement(getpid(), *access);
   }
@@ -85,6 +104,88 @@ class HostileApplication : public testing::Test {
 TEST_F(HostileApplication, SlowOneIsStillServed) {
   application->setDelay(200ms);
   EXPECT_TRUE(find("C"));
+}
+
+TEST_F(HostileApplication, WithoutMenuBarTheTextItselfIsReached) {
+  const int dialog = addDialog();
+  const int text = addText(dialog, atspirole::text, "alter Übermut");
+  for (const auto delay : {0ms, 200ms}) {
+    application->setDelay(delay);
+    const auto element = road();
+    ASSERT_TRUE(element);
+    EXPECT_FALSE(element->menuItemWithShortcut("C", "0")->enabled());
+    EXPECT_TRUE(element->copyToClipboard());
+    EXPECT_EQ(pasteboard.string(), "alter Übermut");
+    pasteboard.setString("neuer");
+    EXPECT_TRUE(element->pasteFromClipboard());
+    EXPECT_EQ(application->textOf(text), "neuer");
+    application->change(text, [](auto& changed) { changed.text = "alter Übermut"; });
+  }
+  application->setDelay(0ms);
+  application->change(text, [](auto& changed) {
+    changed.selectionStart = 6;
+    changed.selectionEnd = 11;
+  });
+  application->takeCalls();
+  EXPECT_TRUE(press(*find("V")));
+  EXPECT_EQ(application->textOf(text), "alter neuerut");
+  auto calls = application->takeCalls();
+  EXPECT_EQ(calls["GetChildren"], 2) << "the application and the dialog: nothing is searched again";
+  EXPECT_EQ(calls["DoAction"], 0);
+}
+
+TEST_F(HostileApplication, TextThatClosesOrKeepsToItselfIsLeftAlone) {
+  const int dialog = addDialog();
+  const int text = addText(dialog, atspirole::text, "old");
+  const auto paste = find("V");
+  ASSERT_TRUE(paste);
+  application->change(text, [](auto& closed) { closed.states.clear(); });
+  EXPECT_FALSE(press(*paste));
+  EXPECT_EQ(application->textOf(text), "old");
+  EXPECT_TRUE(accessibility->availability().isAvailable);
+
+  EXPECT_FALSE(find("C"));
+  EXPECT_THAT(accessibility->availability().reason, HasSubstr("nothing in it has the focus"));
+  addText(dialog, atspirole::passwordText, "secret");
+  EXPECT_FALSE(find("C"));
+  EXPECT_THAT(accessibility->availability().reason, HasSubstr("a password field"));
+  EXPECT_TRUE(accessibility->isProcessTrusted(false));
+
+  application->setState(dialog, active, false);
+  application->setState(dialog, showing, false);
+  EXPECT_TRUE(press(*find("V")));
+  EXPECT_TRUE(accessibility->availability().isAvailable);
+}
+
+TEST_F(HostileApplication, MenuThatIsUpToDateOnlyWhenOpenedIsOpenedOnce) {
+  addText(editor.window, atspirole::text, "text");
+  application->setState(editor.copy, sensitive, false);
+  EXPECT_FALSE(find("C")->enabled());
+  EXPECT_EQ(application->takeCalls()["DoAction"], 0) << "nothing is selected";
+
+  const int selected = addText(editor.window, atspirole::text, "text");
+  application->setState(editor.text + 1, focused, false);
+  application->change(selected, [](auto& text) { text.selectionEnd = 4; });
+  application->change(editor.edit, [&](auto& menu) {
+    menu.onAction = [&] { application->setState(editor.copy, sensitive, true); };
+  });
+  EXPECT_TRUE(find("C")->enabled());
+  EXPECT_TRUE(find("C")->enabled());
+  auto calls = application->takeCalls();
+  EXPECT_EQ(calls["DoAction"], 1);
+  EXPECT_EQ(calls["ClearSelection"], 1);
+
+  const auto items = std::vector{editor.copy, editor.paste};
+  application->change(editor.edit, [&](auto& menu) {
+    menu.children.clear();
+    menu.onAction = [&] {
+      application->change(editor.edit, [&](auto& opened) { opened.children = items; });
+    };
+  });
+  EXPECT_TRUE(reaches(*find("C"), editor.copy));
+  calls = application->takeCalls();
+  EXPECT_EQ(calls["DoAction"], 2) << "the menu and the item";
+  EXPECT_EQ(calls["ClearSelection"], 1);
 }
 
 TEST_F(HostileApplication, SilentOneCountsAsGoneForTheRestOfTheRoad) {
