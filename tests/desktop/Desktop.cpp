@@ -25,6 +25,7 @@ QString fileHolding(const QString& text) {
 constexpr int editable = 7, focused = 12, multiLine = 17;
 
 bool isTextArea(const Accessible& node) {
+  if (node.role() == "terminal") return true;
   return node.role() == "text" && node.isShowing() && node.hasState(multiLine);
 }
 
@@ -37,8 +38,9 @@ QStringList commandLine(const QString& command, const QString& text) {
   QStringList words = command.split(' ');
   const QString built = QCoreApplication::applicationDirPath() + '/' + words.first();
   if (QFileInfo::exists(built)) words.first() = built;
-  if (!command.contains("%text")) return words << fileHolding(text);
-  return words.replaceInStrings("%text", text);
+  if (command.contains("%file")) return words.replaceInStrings("%file", fileHolding(text));
+  if (command.contains("%text")) return words.replaceInStrings("%text", text);
+  return words << fileHolding(text);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDBusMessage>
+#include <QSet>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -44,9 +45,9 @@ class AtspiApplication {
   bool hasCopied() const { return _hasCopied; }
   void setHasCopied(bool hasCopied) { _hasCopied = hasCopied; }
 
-  /// Whether a menu was opened on this road, which the person sees.
-  bool hasOpenedMenu() const { return _hasOpenedMenu; }
-  void setHasOpenedMenu() { _hasOpenedMenu = true; }
+  /// Whether a menu was opened on this road to see whether that item is enabled.
+  bool hasOpenedMenuFor(const AtspiReference& item) const { return _openedFor.contains(item); }
+  void setHasOpenedMenuFor(const AtspiReference& item) { _openedFor.insert(item); }
 
   std::vector<AtspiReference> children(const AtspiReference& object);
   AtspiStates states(const AtspiReference& object);
@@ -58,7 +59,7 @@ class AtspiApplication {
   std::optional<QString> _toolkit;
   bool _isThere;
   bool _hasCopied = true;
-  bool _hasOpenedMenu = false;
+  QSet<AtspiReference> _openedFor;
   std::size_t _mostUnderWay;
 };
 

@@ -35,8 +35,8 @@ class AtspiCommand {
 ///
 /// Copy is given 1 s from the beginning: whoever presses it takes no change for an empty selection,
 /// and goes on to copy the whole text, which on a busy machine would replace the document. Where it
-/// brings none, Paste is not pressed any more on the same road: it would put an old clipboard in the
-/// place of the text.
+/// brings none, Paste is not pressed any more on the same road: it would put an old clipboard in
+/// the place of the text.
 bool pressCommand(AtspiApplication& application, AtspiCommand& command,
                   const std::optional<AtspiKeyBinding>& key, const Pasteboard& pasteboard);
 

@@ -6,6 +6,7 @@
 #include "host/Pasteboard.h"
 #include "hosts/linux/accessibility/AtspiMenuItemCommand.h"
 #include "hosts/linux/accessibility/AtspiMessages.h"
+#include "hosts/linux/accessibility/AtspiRole.h"
 #include "hosts/linux/accessibility/AtspiTextCommand.h"
 
 namespace qf {
@@ -25,6 +26,13 @@ const char* roleOf(Kind kind) {
       break;
   }
   return "AXMenuItem";
+}
+
+/// Terminals do not call themselves editable.
+bool takesText(AtspiApplication& application, const AtspiReference& object) {
+  const auto answers = application.ask({atspi::getState(object), atspi::getRole(object)});
+  return atspi::states(answers[0]).has(AtspiState::editable) ||
+         atspi::number(answers[1]) == atspirole::terminal;
 }
 
 }  // namespace
@@ -88,7 +96,8 @@ std::unique_ptr<AtspiCommand> AtspiMenuElement::command() const {
   while (barItem->kind != Kind::barItem) barItem = barItem->parent;
   return std::make_unique<AtspiMenuItemCommand>(
       _node.source, barItem->source, barItem->parent->source,
-      [this] { return selectionOrClipboardContradicts(); });
+      [this] { return selectionOrClipboardContradicts(); },
+      [this, barItem] { _tree->renewItems(_application->application(), *barItem); });
 }
 
 /// Whether Copy or Paste must be possible, whatever the menu says.
@@ -98,8 +107,8 @@ bool AtspiMenuElement::selectionOrClipboardContradicts() const {
   AtspiApplication& application = _application->application();
   if (_node.key == copyKey)
     return atspi::signedNumber(application.ask(atspi::getSelectionCount(text))) > 0;
-  return _node.key == pasteKey && application.states(text).has(AtspiState::editable) &&
-         !_application->pasteboard().string().value_or("").empty();
+  if (_node.key != pasteKey || !takesText(application, text)) return false;
+  return !_application->pasteboard().string().value_or("").empty();
 }
 
 std::optional<std::int32_t> AtspiMenuElement::processIdentifier() const {

@@ -19,12 +19,14 @@ constexpr int actionLimitInMs = 5000;
 
 }  // namespace
 
-AtspiMenuItemCommand::AtspiMenuItemCommand(AtspiReference item, AtspiReference barItem,
-                                           AtspiReference bar, IsStale isStale)
-    : _item(std::move(item)),
+AtspiMenuItemCommand::AtspiMenuItemCommand(const AtspiReference& item, AtspiReference barItem,
+                                           AtspiReference bar, IsStale isStale,
+                                           std::function<void()> renew)
+    : _item(item),
       _barItem(std::move(barItem)),
       _bar(std::move(bar)),
-      _isStale(std::move(isStale)) {}
+      _isStale(std::move(isStale)),
+      _renew(std::move(renew)) {}
 
 bool AtspiMenuItemCommand::isSensitive(AtspiApplication& application) const {
   return application.states(_item).has(AtspiState::sensitive);
@@ -32,8 +34,13 @@ bool AtspiMenuItemCommand::isSensitive(AtspiApplication& application) const {
 
 bool AtspiMenuItemCommand::isEnabled(AtspiApplication& application) {
   if (isSensitive(application)) return true;
-  if (application.hasOpenedMenu() || !_isStale()) return false;
-  showMenuBriefly(application, _bar, _barItem, [&] { return isSensitive(application); });
+  if (application.hasOpenedMenuFor(_item) || !_isStale()) return false;
+  application.setHasOpenedMenuFor(_item);
+  showMenuBriefly(application, _bar, _barItem, [&] {
+    _renew();
+    return isSensitive(application);
+  });
+  application.setHasOpenedMenuFor(_item);
   return isSensitive(application);
 }
 
@@ -44,8 +51,6 @@ AtspiCommand::Outcome AtspiMenuItemCommand::run(AtspiApplication& application) {
 
 void showMenuBriefly(AtspiApplication& application, const AtspiReference& bar,
                      const AtspiReference& barItem, const std::function<bool()>& isUpToDate) {
-  if (application.hasOpenedMenu()) return;
-  application.setHasOpenedMenu();
   application.ask(atspi::doAction(barItem));
   const auto deadline = std::chrono::steady_clock::now() + updateLimit;
   atspi::waitUntil(deadline, updateInterval, isUpToDate);

@@ -14,9 +14,10 @@ class AtspiMenuItemCommand : public AtspiCommand {
   /// Tells whether an item that says it is disabled ought not to be.
   using IsStale = std::function<bool()>;
 
-  /// The item lies below `barItem` of `bar`.
-  AtspiMenuItemCommand(AtspiReference item, AtspiReference barItem, AtspiReference bar,
-                       IsStale isStale);
+  /// The item lies below `barItem` of `bar`, and outlives this: `renew` may put in its place what
+  /// took it when the menu was opened.
+  AtspiMenuItemCommand(const AtspiReference& item, AtspiReference barItem, AtspiReference bar,
+                       IsStale isStale, std::function<void()> renew);
 
   bool isEnabled(AtspiApplication& application) override;
   Outcome run(AtspiApplication& application) override;
@@ -24,13 +25,14 @@ class AtspiMenuItemCommand : public AtspiCommand {
  private:
   bool isSensitive(AtspiApplication& application) const;
 
-  AtspiReference _item, _barItem, _bar;
+  const AtspiReference& _item;
+  AtspiReference _barItem, _bar;
   IsStale _isStale;
+  std::function<void()> _renew;
 };
 
 /// Opens a menu of a menu bar, as some applications bring their menus up to date only then, and
-/// closes it once the condition holds, after 250 ms at the latest. At most once on a road, since
-/// the person sees it.
+/// closes it once the condition holds, after 250 ms at the latest. The person sees it.
 void showMenuBriefly(AtspiApplication& application, const AtspiReference& bar,
                      const AtspiReference& barItem, const std::function<bool()>& isUpToDate);
 

@@ -241,6 +241,27 @@ void AtspiMenuTree::rememberChildren(const Submenu& submenu, const AtspiReferenc
   _readChildren.emplace_back(container, submenu.children);
 }
 
+void AtspiMenuTree::renewItems(AtspiApplication& application, const Node& barItem) {
+  const Node& menu = *barItem.children.front();
+  const auto read = std::find_if(_readChildren.begin(), _readChildren.end(),
+                                 [&](const auto& one) { return one.first == menu.source; });
+  const auto now = application.children(menu.source);
+  if (read == _readChildren.end() || now == read->second || now.size() != menu.children.size())
+    return;
+  const auto bindings = askEach(application, now, atspi::getKeyBinding);
+  const auto bindingOf = [&](const AtspiReference& item) {
+    return std::find_if(_readBindings.begin(), _readBindings.end(),
+                        [&](const auto& one) { return one.first == item; });
+  };
+  for (std::size_t i = 0; i < now.size(); ++i)
+    if (bindingOf(menu.children[i]->source)->second != atspi::text(bindings[i])) return;
+  for (std::size_t i = 0; i < now.size(); ++i) {
+    bindingOf(menu.children[i]->source)->first = now[i];
+    menu.children[i]->source = now[i];
+  }
+  read->second = now;
+}
+
 bool AtspiMenuTree::isCurrent(AtspiApplication& application) const {
   std::vector<QDBusMessage> questions{atspi::getState(_bar->source)};
   for (const auto& [container, children] : _readChildren)

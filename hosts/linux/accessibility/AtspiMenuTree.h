@@ -42,6 +42,10 @@ class AtspiMenuTree {
   const std::vector<std::unique_ptr<Node>>& children(AtspiApplication& application,
                                                      const Node& node);
 
+  /// Some applications make the items of a menu anew when it is opened: puts the new ones in the
+  /// place of the old ones where they are the same by number and keys.
+  void renewItems(AtspiApplication& application, const Node& barItem);
+
   /// Whether what was read is still so; costs one round of questions.
   bool isCurrent(AtspiApplication& application) const;
 

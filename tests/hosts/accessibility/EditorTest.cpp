@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Real editors, reached the way the agent reaches them.
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <QElapsedTimer>
 #include <QThread>
@@ -113,6 +113,46 @@ TEST_P(RealEditor, CopiesAndPastesWithAndWithoutSelection) {
     EXPECT_TRUE(until([&] { return editor->text() == "Neuer Übermut"; }))
         << qPrintable(editor->text());
   }
+}
+
+TEST_P(RealEditor, CopiesAndPastesAMegabyte) {
+  if (GetParam().isSingleLine) GTEST_SKIP() << "a line is not as long";
+  const QString text = QString("Überall fällt größerer Schnee, ночью 😀.\n").repeated(18'000);
+  editor->reset(text);
+  // A busy editor may copy too late at first.
+  auto element = road();
+  ASSERT_TRUE(until([&] {
+    element = road();
+    return element && element->copyToClipboard() && pasteboard.string() == text.toStdString();
+  }));
+  pasteboard.setString(text.toUpper().toStdString());
+  EXPECT_TRUE(element->pasteFromClipboard());
+  EXPECT_TRUE(until([&] { return editor->text() == text.toUpper(); }));
+}
+
+class Terminal : public RealEditor {};
+INSTANTIATE_TEST_SUITE_P(Editors, Terminal,
+                         testing::Values(Target{
+                             "Xfce4Terminal",
+                             "xfce4-terminal --disable-server --execute cat %file -"}),
+                         nameOf);
+
+TEST_P(Terminal, IsReachedByKeysOfItsOwnInAMenuThatFillsWhenOpened) {
+  const auto element = road();
+  ASSERT_TRUE(element);
+  EXPECT_EQ(element->role(), "AXTextArea");
+  const auto copy = element->menuItemWithShortcut("C", "0");
+  ASSERT_TRUE(copy);
+  EXPECT_FALSE(copy->enabled());
+  EXPECT_TRUE(element->copyToClipboard());
+  EXPECT_THAT(pasteboard.string().value_or(""), testing::StartsWith(sample.toStdString()));
+  pasteboard.setString("Übermut");  // it asks before it pastes several lines
+  EXPECT_TRUE(element->pasteFromClipboard());
+  EXPECT_TRUE(until([&] { return editor->text().contains("Wörter\nÜbermut"); }))
+      << qPrintable(editor->text());
+  // Its menu is closed again.
+  keyboard::press("x");
+  EXPECT_TRUE(until([&] { return editor->text().contains("Übermutx"); }));
 }
 
 TEST_P(StoppedEditor, IsLeftAloneOnTheRoadToo) {
