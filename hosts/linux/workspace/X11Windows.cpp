@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/workspace/X11Windows.h"
 
+#include <xcb/res.h>
+
 #include <algorithm>
 #include <cstring>
 #include <optional>
@@ -41,10 +43,12 @@ void readClass(std::string_view bytes, X11Window& window) {
 
 }  // namespace
 
-/// Other windows that may know the process of one that does not say.
+/// What leads to the process of a window that does not say: other windows that may know it, and
+/// whether there is a window at all.
 struct X11Windows::Links {
   xcb_window_t transientFor = XCB_WINDOW_NONE;
   xcb_window_t clientLeader = XCB_WINDOW_NONE;
+  bool isThere = false;
 };
 
 X11Windows::X11Windows(std::function<void()> onActiveChanged)
@@ -166,10 +170,32 @@ std::vector<X11Window> X11Windows::describe(const std::vector<xcb_window_t>& win
         });
     readClass(bytesOf(_connection.reply<xcb_get_property_reply_t>(question.name, deadline)),
               window);
-    links[i] = {first(question.transientFor), first(question.clientLeader)};
+    links[i] = {first(question.transientFor), first(question.clientLeader), attributes != nullptr};
   }
   borrowProcessIdentifiers(described, links, deadline);
+  askServerForProcessIdentifiers(described, links, deadline);
   return described;
+}
+
+void X11Windows::askServerForProcessIdentifiers(std::vector<X11Window>& windows,
+                                                const std::vector<Links>& links,
+                                                Deadline deadline) const {
+  const auto* extension = xcb_get_extension_data(_connection.get(), &xcb_res_id);
+  if (!extension || !extension->present) return;
+  std::vector<std::pair<X11Window*, xcb_res_query_client_ids_cookie_t>> questions;
+  for (std::size_t i = 0; i < windows.size(); ++i) {
+    X11Window& window = windows[i];
+    if (window.processIdentifier > 0 || !links[i].isThere) continue;
+    const xcb_res_client_id_spec_t spec{window.window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+    questions.emplace_back(&window, xcb_res_query_client_ids(_connection.get(), 1, &spec));
+  }
+  for (const auto& [window, cookie] : questions) {
+    const auto reply = _connection.reply<xcb_res_query_client_ids_reply_t>(cookie, deadline);
+    if (!reply) continue;
+    const auto id = xcb_res_query_client_ids_ids_iterator(reply.get());
+    if (id.rem == 0 || xcb_res_client_id_value_value_length(id.data) == 0) continue;
+    window->processIdentifier = static_cast<std::int32_t>(*xcb_res_client_id_value_value(id.data));
+  }
 }
 
 void X11Windows::borrowProcessIdentifiers(std::vector<X11Window>& windows,

@@ -63,6 +63,10 @@ class X11Windows {
   std::vector<std::uint32_t> numbers(xcb_get_property_cookie_t cookie,
                                      X11Connection::Clock::time_point deadline) const;
   std::vector<std::uint32_t> numbersOfRoot(Atom atom, xcb_atom_t type) const;
+  /// The server knows the processes of local clients (X-Resource extension 1.2).
+  void askServerForProcessIdentifiers(std::vector<X11Window>& windows,
+                                      const std::vector<Links>& links,
+                                      X11Connection::Clock::time_point deadline) const;
   void borrowProcessIdentifiers(std::vector<X11Window>& windows, const std::vector<Links>& links,
                                 X11Connection::Clock::time_point deadline) const;
   xcb_timestamp_t userTime();

@@ -115,8 +115,11 @@ TEST_P(RealEditor, CopiesAndPastesWithAndWithoutSelection) {
   }
 }
 
-TEST_P(RealEditor, CopiesAndPastesAMegabyte) {
-  if (GetParam().isSingleLine) GTEST_SKIP() << "a line is not as long";
+class LongText : public RealEditor {};
+INSTANTIATE_TEST_SUITE_P(Editors, LongText, testing::Values(mousepad, featherpad, gedit, qt6Editor),
+                         nameOf);
+
+TEST_P(LongText, OfAMegabyteIsCopiedAndPasted) {
   const QString text = QString("Überall fällt größerer Schnee, ночью 😀.\n").repeated(18'000);
   editor->reset(text);
   // A busy editor may copy too late at first.
