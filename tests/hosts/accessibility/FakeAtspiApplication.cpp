@@ -77,8 +77,11 @@ int FakeAtspiApplication::add(int parent, uint role, const QString& keyBinding) 
   const std::lock_guard lock(_mutex);
   const int object = static_cast<int>(_objects.size());
   constexpr int sensitive = 24, showing = 25;
-  _objects[object] = {
-      .role = role, .states = {sensitive, showing}, .keyBinding = keyBinding, .parent = parent};
+  Object& added = _objects[object];
+  added.role = role;
+  added.states = {sensitive, showing};
+  added.keyBinding = keyBinding;
+  added.parent = parent;
   _objects[parent].children.push_back(object);
   return object;
 }
