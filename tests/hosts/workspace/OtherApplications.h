@@ -45,7 +45,7 @@ class Display {
            std::uint32_t value) const {
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, atom(property), type, 32, 1,
                         &value);
-    xcb_flush(connection);
+    sync();
   }
   xcb_window_t create(std::int32_t pid, bool overrideRedirect = false) const {
     const xcb_window_t window = xcb_generate_id(connection);
@@ -60,7 +60,7 @@ class Display {
   void setClass(xcb_window_t window, std::string_view bytes) const {
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS,
                         XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(bytes.size()), bytes.data());
-    xcb_flush(connection);
+    sync();
   }
   void map(xcb_window_t window) const {
     xcb_map_window(connection, window);
@@ -73,7 +73,7 @@ class Display {
   /// As a window manager would tell it; for displays that have none of their own.
   void tellActive(xcb_window_t window) const {
     set(root, "_NET_ACTIVE_WINDOW", XCB_ATOM_WINDOW, window);
-    free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    sync();
   }
   xcb_window_t active() const {
     auto* reply = xcb_get_property_reply(
@@ -85,6 +85,11 @@ class Display {
       result = *static_cast<xcb_window_t*>(xcb_get_property_value(reply));
     free(reply);
     return result;
+  }
+
+  /// Other connections see from here on what was asked for.
+  void sync() const {
+    free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
   }
 
   xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
