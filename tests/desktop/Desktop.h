@@ -42,8 +42,9 @@ class Program {
 /// An editor with a window, found through the accessibility bus.
 class Editor {
  public:
-  /// Opens the program with the text, in the place of "%text" in the command or else in a file, whose
-  /// path goes to "%file" or to the end; throws std::runtime_error when no window with it comes up.
+  /// Opens the program with the text, in the place of "%text" in the command or else in a file,
+  /// whose path goes to "%file" or to the end; throws std::runtime_error when no window with it
+  /// comes up.
   Editor(const QString& command, const QString& text);
 
   Program& program() { return _program; }
