@@ -15,7 +15,7 @@ namespace {
 
 constexpr int limitInMilliseconds = 1000;
 
-// Flags and answers of RequestName, from the D-Bus specification.
+// Flags and answers of RequestName, as the D-Bus protocol defines them.
 constexpr quint32 doNotQueue = 4;
 constexpr quint32 primaryOwner = 1;
 constexpr quint32 inQueue = 2;

@@ -6,7 +6,7 @@
 
 namespace qf {
 
-// The user's own folders by the XDG Base Directory Specification 0.8. Empty where neither the
+// The user's own folders by the XDG Base Directory standard 0.8. Empty where neither the
 // variable (an absolute path, or it does not count) nor a home folder is known. They need not
 // exist.
 

@@ -82,7 +82,7 @@ std::string userLocale() {
   return {};
 }
 
-/// The best of the translated values, in the order that the specification gives.
+/// The best of the translated values, in the order that the standard gives.
 std::string localizedField(const Fields& fields, const std::string& key) {
   const std::string locale = userLocale();
   const std::size_t at = locale.find('@');
@@ -97,7 +97,7 @@ std::string localizedField(const Fields& fields, const std::string& key) {
   return field(fields, key);
 }
 
-/// Cuts a command line into its arguments, as the specification's "The Exec key" has it.
+/// Cuts a command line into its arguments, as the standard's "The Exec key" has it.
 class ExecLine {
  public:
   explicit ExecLine(std::string_view line) : _line(line) {}

@@ -9,7 +9,7 @@
 
 namespace qf {
 
-/// How one application presents itself to the desktop, by the Desktop Entry Specification 1.5.
+/// How one application presents itself to the desktop, by the Desktop Entry standard 1.5.
 struct DesktopEntry {
   std::filesystem::path path;
   std::string identifier;  ///< the file's name without ".desktop"
