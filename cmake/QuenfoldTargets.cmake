@@ -41,11 +41,11 @@ function(qf_add_test target)
 endfunction()
 
 # A GoogleTest program that needs a desktop: run whole, inside a private headless one. It brings its
-# own main where it needs an application object, and may ask to be the only window manager there.
+# own main where Qt's core application is not enough, and may ask to be the only window manager there.
 function(qf_add_desktop_test target)
   cmake_parse_arguments(PARSE_ARGV 1 arg WITHOUT_WINDOW_MANAGER "" "")
   add_executable(${target} ${arg_UNPARSED_ARGUMENTS})
-  target_link_libraries(${target} PRIVATE GTest::gmock GTest::gtest)
+  target_link_libraries(${target} PRIVATE qf_desktop_test_main)
   set(option)
   if(arg_WITHOUT_WINDOW_MANAGER)
     set(option --no-window-manager)

@@ -3,7 +3,6 @@
 // say.
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 #include <iostream>
@@ -90,9 +89,3 @@ TEST_F(ForeignEngine, AClientFindsWhatTheDocumentsSay) {
 
 }  // namespace
 }  // namespace qf::desktop
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  const QCoreApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

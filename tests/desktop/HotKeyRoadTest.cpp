@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
 
-#include <QCoreApplication>
 #include <QDBusMessage>
 #include <csignal>
 #include <iostream>
@@ -185,9 +184,3 @@ TEST(HotKeysOfTheAgent, TellOfAnotherHolderAndGoWithTheAgent) {
 
 }  // namespace
 }  // namespace qf::desktop
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  const QCoreApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

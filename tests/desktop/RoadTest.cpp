@@ -2,7 +2,6 @@
 // The real agent, engine, tray and editors, driven by clicks and keys.
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QTemporaryDir>
 #include <QThread>
 #include <csignal>
@@ -114,9 +113,3 @@ TEST(Demonstration, NoticesAnEngineThatChangesNothing) {
 
 }  // namespace
 }  // namespace qf::desktop
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  const QCoreApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 
-#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusInterface>
 #include <QDBusMessage>
@@ -77,13 +76,3 @@ TEST(AgentStart, TellsOfItsServicesOnTheBus) {
 
 }  // namespace
 }  // namespace qf::desktop
-
-int main(int argc, char** argv) {
-  testing::InitGoogleMock(&argc, argv);
-  if (!qEnvironmentVariableIsSet("DISPLAY")) {
-    std::puts("skipped: needs a display, as tests/desktop/desktop-session gives one");
-    return 0;
-  }
-  const QCoreApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

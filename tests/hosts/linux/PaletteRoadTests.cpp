@@ -2,7 +2,6 @@
 // The real palette over real editors, driven by clicks and keys.
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QDBusInterface>
 #include <QDBusReply>
 #include <iostream>
@@ -247,9 +246,3 @@ TEST_F(PalettePanel, ServicesAreAcceptedAndChangeNothing) {
 
 }  // namespace
 }  // namespace qf::desktop
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  const QCoreApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

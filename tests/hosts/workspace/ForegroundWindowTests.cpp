@@ -61,9 +61,3 @@ TEST_F(ForegroundWindowTest, AWindowWithoutAProcessHasItsRelativesOrTheServersWo
 
 }  // namespace
 }  // namespace qf
-
-int main(int argc, char** argv) {
-  ::testing::InitGoogleMock(&argc, argv);
-  QCoreApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

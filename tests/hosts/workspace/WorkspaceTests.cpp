@@ -210,9 +210,3 @@ TEST_F(WorkspaceTest, OutlivesTheDisplay) {
 
 }  // namespace
 }  // namespace qf
-
-int main(int argc, char** argv) {
-  ::testing::InitGoogleMock(&argc, argv);
-  QCoreApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

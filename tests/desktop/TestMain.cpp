@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <QCoreApplication>
 
 int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
+  testing::InitGoogleMock(&argc, argv);
   const QCoreApplication application(argc, argv);
   return RUN_ALL_TESTS();
 }
