@@ -41,14 +41,17 @@ function(qf_add_test target)
 endfunction()
 
 # A GoogleTest program that needs a desktop: run whole, inside a private headless one. It brings its
-# own main where Qt's core application is not enough, and may ask to be the only window manager there.
+# own main where Qt's core application is not enough, and may ask to bring its own trays or window
+# manager.
 function(qf_add_desktop_test target)
-  cmake_parse_arguments(PARSE_ARGV 1 arg WITHOUT_WINDOW_MANAGER "" "")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WITHOUT_TRAY;WITHOUT_WINDOW_MANAGER" "" "")
   add_executable(${target} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${target} PRIVATE qf_desktop_test_main)
   set(option)
   if(arg_WITHOUT_WINDOW_MANAGER)
     set(option --no-window-manager)
+  elseif(arg_WITHOUT_TRAY)
+    set(option --no-tray)
   endif()
   add_test(NAME ${target} COMMAND ${CMAKE_SOURCE_DIR}/tests/desktop/desktop-session ${option}
     $<TARGET_FILE:${target}>)

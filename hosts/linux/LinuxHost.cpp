@@ -30,6 +30,7 @@
 #include "hosts/linux/keys/XcbHotKeys.h"
 #include "hosts/linux/keys/XkbKeyboardLayout.h"
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
+#include "hosts/linux/tray/DesktopTraySystem.h"
 #include "hosts/linux/workspace/LinuxWorkspace.h"
 #include "hosts/linux/workspace/X11PanelSystem.h"
 #include "hosts/qt/QtApplication.h"
@@ -88,6 +89,8 @@ struct LinuxHost::Services {
         symbolicHotKeys(core.bus, hotKeys.keyboard()),
         paletteWindows(panelSystem, [this] { return paletteTakesKeyboard(); }),
         servicesMenu(core.bus, pasteboards),
+        traySystem(core.bus),
+        statusBar(traySystem),
         notice(core.bus, "Quenfold", iconName),
         statusReport(core.bus, [this] { return states(); }),
         host{.accessibility = accessibility,
@@ -169,6 +172,7 @@ struct LinuxHost::Services {
   QtPaletteWindows paletteWindows;
   DBusServices servicesMenu;
   QtSound sound;
+  DesktopTraySystem traySystem;
   QtStatusBar statusBar;
   UserNotice notice;
   StatusReport statusReport;

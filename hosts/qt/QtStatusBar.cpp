@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/qt/QtStatusBar.h"
 
-#include <QSystemTrayIcon>
-
 #include "hosts/qt/QtStatusItem.h"
 
 namespace qf {
 
+QtStatusBar::QtStatusBar(TraySystem& traySystem) : _traySystem(traySystem) {
+  _traySystem.setTrayHandler([this] { emit trayAppeared(); });
+}
+
 Availability QtStatusBar::availability() const {
-  if (QSystemTrayIcon::isSystemTrayAvailable()) return Availability::available();
+  if (_traySystem.hasTray()) return Availability::available();
   return Availability::unavailable("no tray on this desktop");
 }
 

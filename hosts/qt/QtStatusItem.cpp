@@ -18,15 +18,27 @@ std::shared_ptr<Menu> unowned(Menu* menu) { return {std::shared_ptr<Menu>(), men
 
 }  // namespace
 
-QtStatusItem::QtStatusItem(QtStatusBar& statusBar) {
+QtStatusItem::QtStatusItem(QtStatusBar& statusBar) : _statusBar(statusBar) {
   _panelTimer.setSingleShot(true);
   connect(&_panelTimer, &QTimer::timeout, this, &QtStatusItem::lookAtPanel);
-  connect(&_icon, &QSystemTrayIcon::activated, this, &QtStatusItem::openMenu);
-  const auto showToolTip = [this, &statusBar] { _icon.setToolTip(statusBar.toolTip()); };
-  connect(&statusBar, &QtStatusBar::toolTipChanged, this, showToolTip);
-  showToolTip();
-  updateIcon();
-  _icon.show();
+  connect(&_statusBar, &QtStatusBar::trayAppeared, this, &QtStatusItem::showIcon);
+  connect(&_statusBar, &QtStatusBar::toolTipChanged, this, [this] {
+    if (_icon) _icon->setToolTip(_statusBar.toolTip());
+  });
+  showIcon();
+}
+
+void QtStatusItem::showIcon() {
+  if (!_statusBar.traySystem().hasTray()) return;
+  if (!_icon) {
+    _icon.emplace();
+    connect(&*_icon, &QSystemTrayIcon::activated, this, &QtStatusItem::openMenu);
+    _icon->setToolTip(_statusBar.toolTip());
+    updateIcon();
+    _icon->show();
+  }
+  // Where the icon is no window of ours, nobody tells that it was drawn.
+  _panelTimer.start(firstLookInMs);
 }
 
 void QtStatusItem::setImage(std::optional<Image> image) {
@@ -48,28 +60,36 @@ void QtStatusItem::openMenu() {
   if (_model == nullptr || !_isEnabled || _openMenu) return;
   _openMenu = new QtMenu(unowned(_model));
   // A panel on the bus does not say where it shows the icon.
-  const QRect geometry = _icon.geometry();
+  const QRect geometry = _icon->geometry();
+  if (geometry.isEmpty()) lookAtPanel();
   _openMenu->openBeside(geometry.isEmpty() ? QRect(QCursor::pos(), QSize(0, 0)) : geometry);
 }
 
 void QtStatusItem::updateIcon() {
+  if (!_icon) return;
   if (!_image) {
-    _icon.setIcon(emptyIcon());
+    _icon->setIcon(emptyIcon());
     return;
   }
   IconTint tint = _tint;
   if (_isHighlighted) tint.state = IconTint::State::highlighted;
   if (!_isEnabled) tint.state = IconTint::State::disabled;
-  _icon.setIcon(iconForImage(*_image, tint, [this] { _panelTimer.start(firstLookInMs); }));
+  _icon->setIcon(iconForImage(*_image, tint, [this] { _panelTimer.start(firstLookInMs); }));
 }
 
 void QtStatusItem::lookAtPanel() {
   const int nextWait = 2 * _panelTimer.interval();
   if (nextWait <= lastWaitInMs) _panelTimer.start(nextWait);
-  const IconTint::Panel panel = panelAt(_icon.geometry());
-  if (panel == _tint.panel) return;
-  _tint.panel = panel;
+  const IconTint::Panel seen = panel();
+  if (seen == _tint.panel) return;
+  _tint.panel = seen;
   updateIcon();
+}
+
+IconTint::Panel QtStatusItem::panel() const {
+  const QRect geometry = _icon->geometry();
+  if (!geometry.isEmpty()) return panelAt(geometry);
+  return panelOf(_statusBar.traySystem().panels());
 }
 
 }  // namespace qf

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QSystemTrayIcon>
 #include <QTimer>
+#include <optional>
 
 #include "host/StatusBar.h"
 #include "hosts/qt/QtMenu.h"
@@ -27,11 +28,14 @@ class QtStatusItem final : public QObject, public StatusItem, private StatusItem
   void setHighlighted(bool highlighted) override;
   void setEnabled(bool enabled) override;
 
+  void showIcon();
   void openMenu();
   void updateIcon();
   void lookAtPanel();
+  IconTint::Panel panel() const;
 
-  QSystemTrayIcon _icon;
+  QtStatusBar& _statusBar;
+  std::optional<QSystemTrayIcon> _icon;  ///< from the first tray on
   QTimer _panelTimer;
   std::optional<Image> _image;
   IconTint _tint;

@@ -8,6 +8,8 @@
 #include <QPalette>
 #include <QScreen>
 #include <QSvgRenderer>
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "hosts/qt/MenuColor.h"
@@ -80,6 +82,33 @@ QImage asTemplate(const QImage& shape, IconTint tint) {
   return rimmed(shape);
 }
 
+std::vector<QPoint> pointsSpreadOver(QSize size) {
+  constexpr int perSide = 8;
+  std::vector<QPoint> points;
+  for (int row = 0; row < perSide; ++row) {
+    for (int column = 0; column < perSide; ++column) {
+      points.emplace_back(size.width() * column / perSide, size.height() * row / perSide);
+    }
+  }
+  return points;
+}
+
+/// What most of those points of the place show on the screen.
+IconTint::Panel groundAt(const QRect& place, const std::vector<QPoint>& points) {
+  QScreen* screen = place.isEmpty() ? nullptr : QGuiApplication::screenAt(place.center());
+  if (screen == nullptr) return IconTint::Panel::unknown;
+  const QRect onScreen = place.translated(-screen->geometry().topLeft());
+  const QImage seen =
+      screen->grabWindow(0, onScreen.x(), onScreen.y(), onScreen.width(), onScreen.height())
+          .toImage();
+  if (seen.isNull()) return IconTint::Panel::unknown;
+  const auto light = std::count_if(points.begin(), points.end(), [&](QPoint point) {
+    return isLight(seen.pixelColor(point * seen.devicePixelRatio()));
+  });
+  return 2 * light >= static_cast<std::ptrdiff_t>(points.size()) ? IconTint::Panel::light
+                                                                 : IconTint::Panel::dark;
+}
+
 class ImageIconEngine final : public QIconEngine {
  public:
   ImageIconEngine(Image image, IconTint tint, std::function<void()> painted)
@@ -117,19 +146,19 @@ class ImageIconEngine final : public QIconEngine {
 }  // namespace
 
 IconTint::Panel panelAt(const QRect& geometry) {
-  QScreen* screen = geometry.isEmpty() ? nullptr : QGuiApplication::screenAt(geometry.center());
-  if (screen == nullptr) return IconTint::Panel::unknown;
-  const QRect place = geometry.translated(-screen->geometry().topLeft());
-  const QImage seen =
-      screen->grabWindow(0, place.x(), place.y(), place.width(), place.height()).toImage();
-  if (seen.isNull()) return IconTint::Panel::unknown;
-  const QRect pixels = seen.rect();
-  int light = 0;
-  for (const QPoint corner :
-       {pixels.topLeft(), pixels.topRight(), pixels.bottomLeft(), pixels.bottomRight()}) {
-    if (isLight(seen.pixelColor(corner))) ++light;
+  const QRect pixels({}, geometry.size());
+  return groundAt(geometry,
+                  {pixels.topLeft(), pixels.topRight(), pixels.bottomLeft(), pixels.bottomRight()});
+}
+
+IconTint::Panel panelOf(const std::vector<QRect>& panels) {
+  std::optional<IconTint::Panel> common;
+  for (const QRect& panel : panels) {
+    const IconTint::Panel ground = groundAt(panel, pointsSpreadOver(panel.size()));
+    if (common.value_or(ground) != ground) return IconTint::Panel::unknown;
+    common = ground;
   }
-  return light >= 2 ? IconTint::Panel::light : IconTint::Panel::dark;
+  return common.value_or(IconTint::Panel::unknown);
 }
 
 QIcon iconForImage(const Image& image, IconTint tint, std::function<void()> painted) {

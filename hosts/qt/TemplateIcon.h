@@ -4,6 +4,7 @@
 #include <QIcon>
 #include <QRect>
 #include <functional>
+#include <vector>
 
 #include "host/Image.h"
 
@@ -21,6 +22,10 @@ struct IconTint {
 /// What lies behind a tray icon, told from the screen's pixels at the icon's corners, which a
 /// template leaves free; unknown where the desktop does not let us look or the place is empty.
 IconTint::Panel panelAt(const QRect& geometry);
+
+/// The ground that all of the panels there have, told from pixels spread over each; unknown where
+/// they differ.
+IconTint::Panel panelOf(const std::vector<QRect>& panels);
 
 /// The image at whatever size and scale it is asked for. A template is dark on a light panel, light
 /// on a dark one, and light with a dark rim where the panel is not known. `painted` runs after each

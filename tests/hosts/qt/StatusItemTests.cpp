@@ -6,6 +6,7 @@
 #include <QSystemTrayIcon>
 #include <QTest>
 
+#include "hosts/linux/tray/DesktopTraySystem.h"
 #include "hosts/qt/QtEventState.h"
 #include "hosts/qt/QtStatusBar.h"
 #include "hosts/qt/TemplateIcon.h"
@@ -73,7 +74,8 @@ bool waitForNoIcon() {
 }
 
 TEST(StatusItem, ShowsInATrayThatComesLaterAndComesBack) {
-  QtStatusBar bar;
+  DesktopTraySystem traySystem(QDBusConnection::sessionBus());
+  QtStatusBar bar(traySystem);
   const auto item = bar.statusItemWithLength(StatusBar::variableLength);
   item->button().setImage(icon());
   EXPECT_FALSE(bar.availability().isAvailable);
@@ -89,7 +91,8 @@ TEST(StatusItem, ShowsInATrayThatComesLaterAndComesBack) {
 }
 
 TEST(StatusItem, TemplateIsOfOneColorThatStandsOutFromThePanel) {
-  QtStatusBar bar;
+  DesktopTraySystem traySystem(QDBusConnection::sessionBus());
+  QtStatusBar bar(traySystem);
   for (const auto& [tint, expected, other] : {std::tuple("0xeeeeee", darkShape, lightShape),
                                               std::tuple("0x202020", lightShape, darkShape)}) {
     const Tray tray(tint);
@@ -113,7 +116,8 @@ TEST(StatusItem, EitherButtonOpensTheMenuWithTheKeysHeldThen) {
   });
   sample = &model;
   const Tray tray;
-  QtStatusBar bar;
+  DesktopTraySystem traySystem(QDBusConnection::sessionBus());
+  QtStatusBar bar(traySystem);
   const auto item = bar.statusItemWithLength(StatusBar::variableLength);
   item->setImage(icon());
   item->setMenu(model.menu.get());
@@ -165,7 +169,8 @@ TEST(StatusItem, IconsAreSharpAtEveryScaleAndAnImageThatIsMissingIsEmpty) {
 }
 
 TEST(StatusItem, ToolTipNamesTheLatestFailure) {
-  QtStatusBar bar;
+  DesktopTraySystem traySystem(QDBusConnection::sessionBus());
+  QtStatusBar bar(traySystem);
   EXPECT_EQ(bar.toolTip(), "Quenfold");
   bar.setNotice("the engine does not answer");
   EXPECT_EQ(bar.toolTip(), "Quenfold\nthe engine does not answer");

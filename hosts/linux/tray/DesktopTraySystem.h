@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+
+#include "hosts/linux/workspace/X11Connection.h"
+#include "hosts/qt/TraySystem.h"
+
+namespace qf {
+
+/// The trays of a Linux desktop on X11: one that takes icons as windows (System Tray Protocol 0.3)
+/// and one that takes them over the session bus (StatusNotifierItem). Main thread.
+class DesktopTraySystem final : public TraySystem {
+ public:
+  explicit DesktopTraySystem(const QDBusConnection& bus);
+
+  bool hasTray() const override;
+  void setTrayHandler(std::function<void()> handler) override { _handler = std::move(handler); }
+  std::vector<QRect> panels() const override;
+
+ private:
+  void watchSelection();
+  bool hasWindowTray() const;
+  void tellIfThereIsATray() const;
+
+  QDBusConnection _bus;
+  QDBusServiceWatcher _watcher;
+  std::function<void()> _handler;
+  bool _selectionChanged = false;
+  X11Connection _connection;
+  xcb_atom_t _selection = XCB_ATOM_NONE;
+};
+
+}  // namespace qf
