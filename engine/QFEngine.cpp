@@ -2,6 +2,7 @@
 #include "engine/QFEngine.h"
 
 #include "engine/CustomListsReader.h"
+#include "engine/EngineWindow.h"
 #include "foundation/Log.h"
 #include "kit/DictionaryFile.h"
 #include "kit/QFKIdentifiers.h"
@@ -23,6 +24,7 @@ const std::string* stringIn(const std::optional<Value>& value) {
 
 QFEngine::QFEngine(const QFEngineServices& services, std::function<void()> terminate)
     : _fileManager(services.fileManager),
+      _window(services.window),
       _terminate(std::move(terminate)),
       _customFile(services.customFile, services.fileManager),
       _publisher(services.bundle, services.fileManager, services.distributedNotificationCenter),
@@ -65,8 +67,10 @@ std::optional<Value> QFEngine::processReceivedCommand(std::optional<std::string_
     _terminate();
   } else if (name == "resetEngine") {
     reload();
-  } else if (name == "launchQuenfoldApp" || name == "showQuenfoldPreferences") {
-    logIgnored(name, "this build of the engine has no window");
+  } else if (name == "launchQuenfoldApp") {
+    _window.show();
+  } else if (name == "showQuenfoldPreferences") {
+    _window.showPreferences();
   } else if (name == "cleanPasteboard:cleaner:") {
     cleanPasteboard(param1, param2);
   } else if (name == "cleanFiles:cleaner:") {

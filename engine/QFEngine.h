@@ -20,6 +20,7 @@ namespace qf {
 class AppleEvents;
 class Bundle;
 class DistributedNotificationCenter;
+class EngineWindow;
 class FileManager;
 class Pasteboards;
 class Workspace;
@@ -32,6 +33,7 @@ struct QFEngineServices {
   FileManager& fileManager;
   Pasteboards& pasteboards;
   Workspace& workspace;
+  EngineWindow& window;
   /// Where the person's own cleaners and groups are kept; empty for nowhere.
   std::filesystem::path customFile;
 };
@@ -67,6 +69,7 @@ class QFEngine final : public QFKAEConnectorDelegate {
   std::optional<Value> textEncodingList() const;
 
   FileManager& _fileManager;
+  EngineWindow& _window;
   std::function<void()> _terminate;
   QFCleanerLibrary _library;
   QFCustomFile _customFile;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/LinuxHost.h"
 
-#include <xcb/xcb.h>
-
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QIcon>
@@ -32,6 +30,7 @@
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
 #include "hosts/linux/tray/DesktopTraySystem.h"
 #include "hosts/linux/workspace/LinuxWorkspace.h"
+#include "hosts/linux/workspace/X11Display.h"
 #include "hosts/linux/workspace/X11PanelSystem.h"
 #include "hosts/qt/QtApplication.h"
 #include "hosts/qt/QtEventState.h"
@@ -49,13 +48,6 @@ constexpr const char* paletteTakesKeyboardKey = "PaletteTakesKeyboard";
 
 std::filesystem::path programFolder() {
   return QCoreApplication::applicationDirPath().toStdString();
-}
-
-bool canReachDisplay() {
-  xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
-  const bool isReached = xcb_connection_has_error(connection) == 0;
-  xcb_disconnect(connection);
-  return isReached;
 }
 
 }  // namespace
@@ -181,15 +173,7 @@ struct LinuxHost::Services {
   Host host;
 };
 
-Availability LinuxHost::desktop() {
-  if (!canReachDisplay()) {
-    return Availability::unavailable(
-        "No X display: start Quenfold in a desktop session with X11 or XWayland (DISPLAY).");
-  }
-  // Windows and services have to live on the same display; Qt would take Wayland where both are.
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb");
-  return Availability::available();
-}
+Availability LinuxHost::desktop() { return x11Display(); }
 
 LinuxHost::LinuxHost(int& argc, char** argv, Program program)
     : _core(std::make_unique<Core>(argc, argv, program)) {}

@@ -2,6 +2,7 @@
 // The engine at the end of its channel: command events in, files, pasteboard and answers out.
 #include <gmock/gmock.h>
 
+#include "engine/EngineWindow.h"
 #include "engine/ListData.h"
 #include "engine/QFEngine.h"
 #include "foundation/KeyedArchive.h"
@@ -38,6 +39,12 @@ Dictionary defaultList() {
   return *readPropertyList(Data(text.begin(), text.end()))->dictionary();
 }
 
+struct FakeWindow : EngineWindow {
+  void show() override { shown += "window "; }
+  void showPreferences() override { shown += "preferences "; }
+  std::string shown;
+};
+
 class Engine : public testing::Test {
  protected:
   Engine() {
@@ -66,10 +73,12 @@ class Engine : public testing::Test {
   FakeDistributedNotificationCenter center;
   FakePasteboards pasteboards;
   FakeWorkspace workspace;
+  FakeWindow window;
   int terminations = 0;
   std::filesystem::path customFile = folder.path / "cleaners.json";
-  QFEngine engine{{appleEvents, bundle, center, fileManager, pasteboards, workspace, customFile},
-                  [this] { ++terminations; }};
+  QFEngine engine{
+      {appleEvents, bundle, center, fileManager, pasteboards, workspace, window, customFile},
+      [this] { ++terminations; }};
 };
 
 TEST_F(Engine, publishesItsListAtStartAndTellsEveryone) {
@@ -138,20 +147,23 @@ TEST_F(Engine, quitsWhenAsked) {
   EXPECT_EQ(terminations, 1);
 }
 
+TEST_F(Engine, showsItsWindowWhenAsked) {
+  EXPECT_FALSE(send("launchQuenfoldApp"));
+  EXPECT_FALSE(send("showQuenfoldPreferences"));
+  EXPECT_EQ(window.shown, "window preferences ");
+}
+
 TEST_F(Engine, logsWhatItCannotDoAndNeverSends) {
-  send("launchQuenfoldApp");
   send("cleanPasteboard:cleaner:", 1, "#UPPERCASE");
   send("cleanFiles:options:", Array{"/a"}, Dictionary());
   send("cleanFiles:options:");
   send("ListData");
-  EXPECT_THAT(
-      log.lines,
-      ElementsAre("Command launchQuenfoldApp ignored: this build of the engine has no window",
-                  "Command cleanPasteboard:cleaner: ignored: it needs a pasteboard's name "
-                  "and a cleaner",
-                  "Command cleanFiles ignored: it needs a list of paths and a cleaner",
-                  "Command cleanFiles ignored: it needs a list of paths and a cleaner",
-                  "command:<<ListData>> is not implemented"));
+  EXPECT_THAT(log.lines,
+              ElementsAre("Command cleanPasteboard:cleaner: ignored: it needs a pasteboard's name "
+                          "and a cleaner",
+                          "Command cleanFiles ignored: it needs a list of paths and a cleaner",
+                          "Command cleanFiles ignored: it needs a list of paths and a cleaner",
+                          "command:<<ListData>> is not implemented"));
   EXPECT_TRUE(appleEvents.sent.empty());
 }
 

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/RunEngine.h"
+
+#include <QApplication>
+#include <memory>
+
+#include "engine/CustomFilePath.h"
+#include "engine/EngineWindow.h"
+#include "engine/FileWatch.h"
+#include "engine/QFEngine.h"
+#include "engine/Session.h"
+#include "engine/window/QFWindow.h"
+#include "engine/window/WindowKeeper.h"
+#include "foundation/Log.h"
+#include "hosts/linux/bus/BusApplicationObject.h"
+#include "hosts/linux/pasteboard/XcbPasteboards.h"
+#include "hosts/linux/workspace/X11Display.h"
+#include "kit/QFKSharedContainer.h"
+
+namespace qf {
+namespace {
+
+void logUnavailable(const Availability& availability) {
+  if (!availability.isAvailable) log(availability.reason);
+}
+
+/// Where there is no display.
+class NoWindow final : public EngineWindow {
+ public:
+  explicit NoWindow(std::string reason) : _reason(std::move(reason)) {}
+
+  void show() override { log("The window cannot be shown. " + _reason); }
+  void showPreferences() override { show(); }
+
+ private:
+  std::string _reason;
+};
+
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv,
+                                                  const Availability& display) {
+  if (!display.isAvailable) return std::make_unique<QCoreApplication>(argc, argv);
+  auto application = std::make_unique<QApplication>(argc, argv);
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  QGuiApplication::setApplicationDisplayName("Quenfold");
+  QGuiApplication::setDesktopFileName(QString::fromUtf8(engineBundleIdentifier.data()));
+  return application;
+}
+
+std::unique_ptr<EngineWindow> makeWindow(Session& session, const Availability& display) {
+  if (!display.isAvailable) return std::make_unique<NoWindow>(display.reason);
+  const WindowServices services{session.bus,           session.bundle,       session.fileManager,
+                                session.notifications, session.userDefaults, session.workspace,
+                                customFilePath()};
+  return std::make_unique<WindowKeeper>(
+      [services] { return std::make_unique<QFWindow>(services); },
+      [&session](ActivationPolicy policy) { session.applications.setActivationPolicy(policy); });
+}
+
+/// With its folder, so that the file can be watched before it is there.
+std::filesystem::path prepareCustomFile(FileManager& fileManager) {
+  const std::filesystem::path file = customFilePath();
+  if (file.empty()) return file;
+  if (const auto error = fileManager.createDirectory(file.parent_path())) {
+    log(error->localizedDescription);
+  }
+  return file;
+}
+
+void showFirst(EngineWindow& window, Session& session) {
+  const QFKSharedContainer container(session.fileManager, session.userDefaults);
+  const auto defaults = container.sharedQuenfoldDefaults();
+  const auto isSet = [&defaults](std::string_view key) {
+    const auto value = defaults->objectForKey(key);
+    return value && value->boolValue();
+  };
+  if (isSet(showPreferencesDefault)) return window.showPreferences();
+  if (!isSet(launchAsAgentDefault)) window.show();
+}
+
+/// Whether this process is one of the running engines from now on; else another one shows itself.
+bool joinSession(Session& session, FirstShown firstShown, int& exitCode) {
+  const auto instances = firstShown == FirstShown::window ? BusApplications::Instances::one
+                                                          : BusApplications::Instances::several;
+  const auto error = session.applications.registerInstance(instances);
+  if (!error) return true;
+  log(error->localizedDescription);
+  const bool isHandedOver = firstShown == FirstShown::window &&
+                            !session.applications.owners(engineBundleIdentifier).isEmpty();
+  if (isHandedOver) session.applications.reopenRunningInstance();
+  exitCode = isHandedOver ? 0 : 1;
+  return false;
+}
+
+}  // namespace
+
+int runEngine(int argc, char** argv, FirstShown firstShown) {
+  const Availability display = x11Display();
+  const auto application = makeApplication(argc, argv, display);
+  Session session;
+  if (firstShown == FirstShown::window &&
+      !session.applications.owners(engineBundleIdentifier).isEmpty()) {
+    session.applications.reopenRunningInstance();
+    return 0;
+  }
+  XcbPasteboards pasteboards;
+  logUnavailable(session.applications.availability());
+  logUnavailable(pasteboards.generalPasteboard().availability());
+
+  // Queued, so that the command that asks for it is answered first.
+  const auto terminate = [] {
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+  };
+  const auto window = makeWindow(session, display);
+  const std::filesystem::path customFile = prepareCustomFile(session.fileManager);
+  QFEngine engine({session.appleEvents, session.bundle, session.notifications, session.fileManager,
+                   pasteboards, session.workspace, *window, customFile},
+                  terminate);
+  engine.start();
+  const FileWatch watch(customFile, [&engine] { engine.reload(); });
+  session.applications.object().setReopenHandler([&window] { window->show(); });
+  int exitCode = 0;
+  if (!joinSession(session, firstShown, exitCode)) return exitCode;
+  if (firstShown == FirstShown::window) showFirst(*window, session);
+  return QCoreApplication::exec();
+}
+
+}  // namespace qf

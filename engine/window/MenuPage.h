@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QButtonGroup>
+#include <QCheckBox>
+
+#include "engine/window/Autostart.h"
+#include "engine/window/Page.h"
+#include "engine/window/StoredSwitch.h"
+
+class QGroupBox;
+
+namespace qf {
+
+struct WindowModels;
+class MenuSettings;
+
+/// How the menu looks and what starts by itself.
+class MenuPage final : public Page {
+  Q_OBJECT
+
+ public:
+  explicit MenuPage(WindowModels& models);
+
+  void refresh() override;
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  QGroupBox* iconBox();
+  QGroupBox* styleBox();
+  QGroupBox* startBox();
+  QGroupBox* paletteBox();
+  QCheckBox* switchFor(const QString& text, const StoredSwitch& stored);
+  void showSettings();
+  void tintIcons();
+
+  WindowModels& _models;
+  Autostart _autostart;
+  QButtonGroup* _icons = new QButtonGroup(this);
+  QButtonGroup* _styles = new QButtonGroup(this);
+  QCheckBox* _startsAtLogin;
+  std::vector<std::pair<QCheckBox*, StoredSwitch>> _switches;
+};
+
+}  // namespace qf

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QDBusConnection>
+#include <filesystem>
+
+namespace qf {
+
+class Bundle;
+class DistributedNotificationCenter;
+class FileManager;
+class UserDefaultsDomains;
+class Workspace;
+
+/// What the window needs of the host. All outlive it.
+struct WindowServices {
+  QDBusConnection bus;
+  const Bundle& bundle;
+  FileManager& fileManager;
+  DistributedNotificationCenter& distributedNotificationCenter;
+  UserDefaultsDomains& userDefaults;
+  Workspace& workspace;
+  std::filesystem::path customFile;  ///< a person's own cleaners and groups; empty for nowhere
+};
+
+}  // namespace qf

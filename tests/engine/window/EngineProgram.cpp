@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/engine/window/EngineProgram.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <csignal>
+#include <stdexcept>
+
+#include "tests/desktop/Agent.h"
+
+namespace qf::desktop {
+namespace {
+
+QVariant applicationProperty(const QString& name) {
+  auto question =
+      QDBusMessage::createMethodCall("org.quenfold.Quenfold", "/org/quenfold/Application",
+                                     "org.freedesktop.DBus.Properties", "Get");
+  question << "org.quenfold.Application1" << name;
+  const QDBusMessage reply = QDBusConnection::sessionBus().call(question);
+  return reply.arguments().value(0).value<QDBusVariant>().variant();
+}
+
+void collect(const Accessible& node, std::vector<Accessible>& found) {
+  for (const Accessible& child : node.children()) {
+    if (!child.isShowing()) continue;
+    found.push_back(child);
+    collect(child, found);
+  }
+}
+
+}  // namespace
+
+EngineProgram::EngineProgram(const QStringList& arguments, const QProcessEnvironment& environment)
+    : _program(std::make_unique<Program>(Agent::builtProgram("quenfold"), arguments, environment)),
+      _processIdentifier(_program->processIdentifier()) {}
+
+EngineProgram::~EngineProgram() {
+  if (_program) return;
+  ::kill(static_cast<pid_t>(_processIdentifier), SIGTERM);
+  until([] { return runningProcess() <= 0; });
+}
+
+int EngineProgram::activationPolicy() {
+  const QVariant policy = applicationProperty("ActivationPolicy");
+  return policy.isValid() ? policy.toInt() : -1;
+}
+
+qint64 EngineProgram::runningProcess() {
+  return applicationProperty("ProcessIdentifier").toLongLong();
+}
+
+QString EngineProgram::window() const {
+  const QString process = QString::number(_processIdentifier);
+  return output("xdotool",
+                {"search", "--all", "--onlyvisible", "--pid", process, "--name", "^Quenfold$"})
+      .trimmed();
+}
+
+std::vector<Accessible> EngineProgram::showingNodes() const {
+  std::vector<Accessible> found;
+  if (const auto application = Accessible::application(_processIdentifier)) {
+    collect(*application, found);
+  }
+  return found;
+}
+
+std::optional<Accessible> EngineProgram::focused() const {
+  for (const Accessible& node : showingNodes()) {
+    // A view's current item says so too, wherever the keyboard is.
+    const QString role = node.role();
+    if (role == "list item" || role == "table cell" || role == "tree item") continue;
+    if (node.hasState(state::focused)) return node;
+  }
+  return std::nullopt;
+}
+
+bool EngineProgram::has(const QString& role, const QString& name) const {
+  for (const Accessible& node : showingNodes()) {
+    if (node.name() == name && node.role() == role) return true;
+  }
+  return false;
+}
+
+bool EngineProgram::hasText(const QString& part) const {
+  for (const Accessible& node : showingNodes()) {
+    if (node.role() == "label" && node.name().contains(part)) return true;
+  }
+  return false;
+}
+
+Accessible EngineProgram::node(const QString& role, const QString& name) const {
+  std::optional<Accessible> found;
+  const bool isThere = until([&] {
+    for (const Accessible& node : showingNodes()) {
+      if (node.name() == name && node.role() == role) found = node;
+    }
+    return found.has_value();
+  });
+  if (!isThere) {
+    throw std::runtime_error("no " + role.toStdString() + " \"" + name.toStdString() + '"');
+  }
+  return *found;
+}
+
+void EngineProgram::click(const QString& role, const QString& name) const {
+  mouse::click(node(role, name).screenExtents().center());
+}
+
+void EngineProgram::type(const QString& fieldName, const QString& text) const {
+  click("text", fieldName);
+  keyboard::press("ctrl+a");
+  output("xdotool", {"type", "--clearmodifiers", text});
+}
+
+}  // namespace qf::desktop
