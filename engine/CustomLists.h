@@ -24,6 +24,8 @@ struct CustomGroup {
   struct Entry {
     std::string token;  ///< of a cleaner, a label or a separator
     std::string color;
+    bool isKnown = true;  ///< false where no cleaner has the token: kept, and shown nowhere
+    bool operator==(const Entry&) const = default;
   };
 
   std::string name;

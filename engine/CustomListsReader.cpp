@@ -165,11 +165,11 @@ class Reader {
                          : item.is_object() ? text(item, "token", itemPlace)
                                             : std::optional<std::string>("");
       if (!token) return;
-      if (!_builtIn.contains(*token) && *token != undoToken && !isSpecial(*token) &&
-          !_tokens.contains(*token)) {
-        return fault(itemPlace, "there is no cleaner \"" + *token + '"');
-      }
-      group.entries.push_back({*token, item.is_object() ? color(item, itemPlace) : ""});
+      const bool isKnown = _builtIn.contains(*token) || *token == undoToken || isSpecial(*token) ||
+                           _tokens.contains(*token);
+      if (!isKnown) fault(itemPlace, "there is no cleaner \"" + *token + '"');
+      if (token->empty()) return;
+      group.entries.push_back({*token, item.is_object() ? color(item, itemPlace) : "", isKnown});
     });
     return group;
   }

@@ -57,7 +57,9 @@ Dictionary withCustomLists(Dictionary listData, const CustomLists& lists) {
       continue;
     }
     Array items;
-    for (const auto& entry : own.entries) items.push_back(item(entry.token, entry.color));
+    for (const auto& entry : own.entries) {
+      if (entry.isKnown) items.push_back(item(entry.token, entry.color));
+    }
     userNames.emplace_back(own.name);
     groups.push_back(group(own.name, std::move(items)));
   }

@@ -45,22 +45,63 @@ JSON& listIn(JSON& document, const std::string& key) {
   return result;
 }
 
-JSON::iterator entryNamed(JSON& list, std::string_view name) {
+std::string textIn(const JSON& object, const char* key) {
+  const auto found = object.is_object() ? object.find(key) : object.end();
+  return found != object.end() && found->is_string() ? found->get<std::string>() : "";
+}
+
+std::string nameOf(const JSON& group) { return textIn(group, "name"); }
+
+std::string tokenOf(const JSON& cleaner) {
+  const std::string token = textIn(cleaner, "token");
+  return token.empty() ? std::string(customTokenPrefix) + textIn(cleaner, "name") : token;
+}
+
+using Identity = std::string (*)(const JSON&);
+
+JSON::iterator entryOf(JSON& list, Identity identity, std::string_view id) {
   return std::find_if(list.begin(), list.end(), [&](const JSON& entry) {
-    return entry.is_object() && entry.contains("name") && entry["name"] == name;
+    return entry.is_object() && identity(entry) == id;
   });
 }
 
-JSON& entryToStore(JSON& list, const std::string& name) {
-  const auto found = entryNamed(list, name);
+JSON& entryToStore(JSON& list, Identity identity, std::string_view id) {
+  const auto found = entryOf(list, identity, id);
   if (found != list.end()) return *found;
-  list.push_back({{"name", name}});
+  list.push_back(JSON::object());
   return list.back();
 }
 
-void removeNamed(JSON& list, std::string_view name) {
-  const auto found = entryNamed(list, name);
+void removeEntry(JSON& list, Identity identity, std::string_view id) {
+  const auto found = entryOf(list, identity, id);
   if (found != list.end()) list.erase(found);
+}
+
+std::string entryToken(const JSON& item) {
+  return item.is_string() ? item.get<std::string>() : textIn(item, "token");
+}
+
+/// The group's entries as the file holds them already, as far as it does, so that keys of theirs
+/// that mean nothing stay.
+JSON encodedEntries(const CustomGroup& group, JSON stored) {
+  JSON result = JSON::array();
+  if (!stored.is_array()) stored = JSON::array();
+  for (const auto& item : group.entries) {
+    const auto found = std::find_if(stored.begin(), stored.end(), [&](const JSON& known) {
+      return known.is_object() && entryToken(known) == item.token;
+    });
+    if (found == stored.end()) {
+      result.push_back(encoded(item));
+      continue;
+    }
+    setOrErase(*found, "color", item.color);
+    result.push_back(*found);
+    stored.erase(found);
+  }
+  for (const JSON& left : stored) {
+    if (entryToken(left).empty()) result.push_back(left);
+  }
+  return result;
 }
 
 }  // namespace
@@ -98,8 +139,9 @@ std::optional<Error> QFCustomFile::edit(const std::function<void(JSON&)>& change
 
 std::optional<Error> QFCustomFile::storeCleaner(const CustomCleaner& cleaner) {
   return edit([&](JSON& document) {
-    JSON& entry = entryToStore(listIn(document, "cleaners"), cleaner.name);
+    JSON& entry = entryToStore(listIn(document, "cleaners"), tokenOf, cleaner.token);
     const bool usual = cleaner.token == std::string(customTokenPrefix) + cleaner.name;
+    entry["name"] = cleaner.name;
     setOrErase(entry, "token", usual ? "" : cleaner.token);
     setOrErase(entry, "description", cleaner.description);
     setOrErase(entry, "color", cleaner.color);
@@ -108,30 +150,32 @@ std::optional<Error> QFCustomFile::storeCleaner(const CustomCleaner& cleaner) {
   });
 }
 
-std::optional<Error> QFCustomFile::removeCleaner(std::string_view name) {
-  return edit([&](JSON& document) { removeNamed(listIn(document, "cleaners"), name); });
+std::optional<Error> QFCustomFile::removeCleaner(std::string_view token) {
+  return edit([&](JSON& document) { removeEntry(listIn(document, "cleaners"), tokenOf, token); });
 }
 
-std::optional<Error> QFCustomFile::storeGroup(const CustomGroup& group) {
+std::optional<Error> QFCustomFile::storeGroup(const CustomGroup& group,
+                                              std::string_view formerName) {
   return edit([&](JSON& document) {
-    JSON& entry = entryToStore(listIn(document, "groups"), group.name);
-    entry["entries"] = JSON::array();
-    for (const auto& item : group.entries) entry["entries"].push_back(encoded(item));
+    const std::string_view stored = formerName.empty() ? group.name : formerName;
+    JSON& entry = entryToStore(listIn(document, "groups"), nameOf, stored);
+    entry["name"] = group.name;
+    entry["entries"] = encodedEntries(group, entry.value("entries", JSON::array()));
   });
 }
 
 std::optional<Error> QFCustomFile::removeGroup(std::string_view name) {
-  return edit([&](JSON& document) { removeNamed(listIn(document, "groups"), name); });
+  return edit([&](JSON& document) { removeEntry(listIn(document, "groups"), nameOf, name); });
 }
 
-std::optional<Error> QFCustomFile::moveGroup(std::string_view name, std::size_t position) {
+std::optional<Error> QFCustomFile::moveGroup(std::string_view name, std::string_view before) {
   return edit([&](JSON& document) {
     JSON& list = listIn(document, "groups");
-    const auto found = entryNamed(list, name);
-    if (found == list.end()) return;
+    const auto found = entryOf(list, nameOf, name);
+    if (found == list.end() || name == before) return;
     const JSON group = *found;
     list.erase(found);
-    list.insert(list.begin() + static_cast<std::ptrdiff_t>(std::min(position, list.size())), group);
+    list.insert(entryOf(list, nameOf, before), group);
   });
 }
 

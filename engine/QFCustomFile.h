@@ -31,13 +31,15 @@ class QFCustomFile {
   // Each changes that one entry and writes the file, all at once. Everything else in it stays, what
   // could not be read included. A file that is no JSON is not written, and the error says so.
 
-  /// In the place of the cleaner of that name, or behind the last.
+  /// In the place of the cleaner of that token, or behind the last.
   std::optional<Error> storeCleaner(const CustomCleaner& cleaner);
-  std::optional<Error> removeCleaner(std::string_view name);
-  std::optional<Error> storeGroup(const CustomGroup& group);
+  std::optional<Error> removeCleaner(std::string_view token);
+  /// In the place of the group of the former name (where none is given: of its name), or behind the
+  /// last. What the file holds among its entries that is none stays, behind the others.
+  std::optional<Error> storeGroup(const CustomGroup& group, std::string_view formerName = {});
   std::optional<Error> removeGroup(std::string_view name);
-  /// The position counts the entries of the file, from 0; one past the last puts it at the end.
-  std::optional<Error> moveGroup(std::string_view name, std::size_t position);
+  /// To just before the other group; to the end where there is none of that name.
+  std::optional<Error> moveGroup(std::string_view name, std::string_view before);
 
  private:
   using Document = nlohmann::ordered_json;

@@ -74,26 +74,41 @@ Replacer plainReplacer(const FindReplace& step) {
   };
 }
 
-}  // namespace
+struct Compiled {
+  std::shared_ptr<icu::RegexPattern> pattern;
+  std::optional<ExpressionFault> fault;
+};
 
-Result<Replacer> makeReplacer(const FindReplace& step) {
-  if (step.find.empty()) return Error{"there is nothing to find"};
-  if (!step.isRegularExpression && !step.ignoresCase) return plainReplacer(step);
+Compiled compile(const FindReplace& step) {
   const std::uint32_t flags =
       (step.ignoresCase ? UREGEX_CASE_INSENSITIVE : 0) |
       (step.isRegularExpression ? UREGEX_MULTILINE | UREGEX_ERROR_ON_UNKNOWN_ESCAPES
                                 : UREGEX_LITERAL);
   UErrorCode status = U_ZERO_ERROR;
   UParseError place = {};
-  const std::shared_ptr<icu::RegexPattern> pattern(
-      icu::RegexPattern::compile(unicodeString(step.find), flags, place, status));
-  if (U_FAILURE(status)) {
-    return Error{"the expression is wrong at character " + std::to_string(place.offset) + " (" +
-                 u_errorName(status) + ")"};
+  Compiled result;
+  result.pattern.reset(icu::RegexPattern::compile(unicodeString(step.find), flags, place, status));
+  if (U_FAILURE(status)) result.fault = ExpressionFault{place.offset, u_errorName(status)};
+  return result;
+}
+
+}  // namespace
+
+std::optional<ExpressionFault> expressionFault(const FindReplace& step) {
+  return step.isRegularExpression ? compile(step).fault : std::nullopt;
+}
+
+Result<Replacer> makeReplacer(const FindReplace& step) {
+  if (step.find.empty()) return Error{"there is nothing to find"};
+  if (!step.isRegularExpression && !step.ignoresCase) return plainReplacer(step);
+  const auto [pattern, fault] = compile(step);
+  if (fault) {
+    return Error{"the expression is wrong at character " + std::to_string(fault->character) + " (" +
+                 fault->code + ")"};
   }
   const icu::UnicodeString replacement =
       unicodeString(step.isRegularExpression ? step.replace : literalReplacement(step.replace));
-  return Replacer([pattern, replacement](std::string_view text, Deadline deadline) {
+  return Replacer([pattern = pattern, replacement](std::string_view text, Deadline deadline) {
     return replaceMatches(*pattern, replacement, text, deadline);
   });
 }

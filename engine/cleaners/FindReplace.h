@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,7 +16,16 @@ struct FindReplace {
   std::string replace;
   bool isRegularExpression = false;
   bool ignoresCase = false;
+  bool operator==(const FindReplace&) const = default;
 };
+
+/// Where and why an expression is none.
+struct ExpressionFault {
+  int character;     ///< how many come before the place
+  std::string code;  ///< ICU's name of the fault, as "U_REGEX_MISMATCHED_PAREN"
+};
+/// Of a step that finds by an expression; nothing when the expression is one.
+std::optional<ExpressionFault> expressionFault(const FindReplace& step);
 
 using Deadline = std::chrono::steady_clock::time_point;
 

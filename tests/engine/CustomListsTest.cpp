@@ -102,7 +102,8 @@ TEST_F(CustomListsOf, whatIsBrokenIsNamedAndTheRestCounts) {
                           "groups[1]: the name \"Mine\" is taken", "groups[2]: needs a \"name\""));
   ASSERT_EQ(lists.cleaners.size(), 1u);
   ASSERT_EQ(lists.groups.size(), 1u);
-  EXPECT_EQ(lists.groups[0].entries.size(), 4u);
+  ASSERT_EQ(lists.groups[0].entries.size(), 5u);
+  EXPECT_FALSE(lists.groups[0].entries[3].isKnown);
 }
 
 TEST_F(CustomListsOf, savingKeepsWhatCouldNotBeRead) {
@@ -111,8 +112,8 @@ TEST_F(CustomListsOf, savingKeepsWhatCouldNotBeRead) {
       {"New", "#CUSTOM:New", "Says", "#00ff00", {"#TRIM", FindReplace{"a", "b", true, true}}}));
   EXPECT_FALSE(file.storeCleaner({"Good", "#CUSTOM:Good", "", "", {"#SCRUB"}}));
   EXPECT_FALSE(file.storeGroup({"Other", {{"#TRIM", ""}}}));
-  EXPECT_FALSE(file.moveGroup("Other", 0));
-  EXPECT_FALSE(file.removeCleaner("No steps"));
+  EXPECT_FALSE(file.moveGroup("Other", "Mine"));
+  EXPECT_FALSE(file.removeCleaner("#CUSTOM:No steps"));
   for (const char* kept :
        {R"("note": "kept")", R"("mine": 1.5)", "#NOPE", R"("find": "(")", "Taken"}) {
     EXPECT_THAT(written(), HasSubstr(kept));
@@ -125,6 +126,24 @@ TEST_F(CustomListsOf, savingKeepsWhatCouldNotBeRead) {
   EXPECT_EQ(lists->groups[0].name, "Other");
   EXPECT_FALSE(file.removeGroup("Other"));
   EXPECT_THAT(written(), testing::Not(HasSubstr("Other")));
+}
+
+TEST_F(CustomListsOf, renamingKeepsTokensPlacesAndWhatIsNotUnderstood) {
+  CustomLists lists = read(R"({"cleaners": [{"name": "A", "steps": ["#TRIM"]}],
+      "groups": [{"name": "G", "entries": [7, {"token": "#CUSTOM:A", "my": 1}, "#NOPE"]},
+                 {"name": "H"}]})");
+  lists.cleaners[0].name = "B";
+  EXPECT_FALSE(file.storeCleaner(lists.cleaners[0]));
+  std::reverse(lists.groups[0].entries.begin(), lists.groups[0].entries.end());
+  lists.groups[0].name = "F";
+  EXPECT_FALSE(file.storeGroup(lists.groups[0], "G"));
+  lists = *file.read(library.builtInCleaners());
+  EXPECT_EQ(lists.cleaners[0].token, "#CUSTOM:A");
+  EXPECT_EQ(lists.cleaners[0].name, "B");
+  EXPECT_EQ(lists.groups[0].name, "F");
+  EXPECT_EQ(lists.groups[0].entries[1].token, "#CUSTOM:A");
+  EXPECT_THAT(written(),
+              testing::AllOf(HasSubstr("\"my\": 1"), HasSubstr("#NOPE"), HasSubstr("7")));
 }
 
 TEST_F(CustomListsOf, aFileThatIsNoJSONIsNeitherReadNorWritten) {
