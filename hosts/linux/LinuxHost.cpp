@@ -109,6 +109,7 @@ struct LinuxHost::Services {
       isLaunchFailureTold = true;
       tell(reason);
     });
+    accessibility.setFailureHandler([this](const std::string& reason) { tell(reason); });
     appleEvents.setFailureHandler([this](AppleEventStatus status, const std::string& reason) {
       // That nobody took the command of an engine that did not start is no news.
       const bool isTold = std::exchange(isLaunchFailureTold, false);

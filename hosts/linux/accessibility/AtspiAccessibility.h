@@ -20,6 +20,10 @@ class AtspiAccessibility : public Accessibility {
 
   /// Besides the bus this tells why the application that was tried last could not be reached.
   Availability availability() const override;
+  /// Called once at the end of each road that was in vain, with the reason; it does not begin one.
+  void setFailureHandler(std::function<void(const std::string&)> handler) {
+    _obstacle.setHandler(std::move(handler));
+  }
   AccessibilityElementRef systemWideElement() override;
   AccessibilityElementRef applicationElement(std::int32_t processIdentifier) override;
   /// Nobody has to be asked here: whoever is on the bus may use it.

@@ -22,6 +22,8 @@ AtspiApplicationElement::AtspiApplicationElement(AtspiBus& bus, AtspiWindows& wi
       _obstacle(obstacle),
       _pasteboard(pasteboard) {}
 
+AtspiApplicationElement::~AtspiApplicationElement() { _obstacle.tell(); }
+
 std::vector<std::string> AtspiApplicationElement::attributeNames() const {
   return {"AXRole",    "AXTitle",         "AXChildren",        "AXWindows",
           "AXMenuBar", "AXFocusedWindow", "AXFocusedUIElement"};
@@ -58,8 +60,9 @@ std::optional<AccessibilityValue> AtspiApplicationElement::copyAttributeValue(
 
 std::optional<std::int32_t> AtspiApplicationElement::processIdentifier() const {
   const std::int32_t process = _application.processIdentifier();
-  if (process <= 0 || (kill(process, 0) != 0 && errno == ESRCH)) return std::nullopt;
-  return process;
+  if (process > 0 && (kill(process, 0) == 0 || errno != ESRCH)) return process;
+  _obstacle.note(process, "it has ended");
+  return std::nullopt;
 }
 
 const std::shared_ptr<AtspiWindow>& AtspiApplicationElement::inputWindow() const {
@@ -72,7 +75,9 @@ const std::shared_ptr<AtspiWindow>& AtspiApplicationElement::inputWindow() const
 
 void AtspiApplicationElement::noteAbsence() const {
   const char* why = "it shows no window on the accessibility bus";
-  if (_application.roots().empty())
+  if (_application.processIdentifier() <= 0)
+    why = "no window of another application has had the input yet";
+  else if (_application.roots().empty())
     why = "it is not on the accessibility bus; where it can be made to use it, start it anew";
   else if (!_application.isThere())
     why = "it does not answer";

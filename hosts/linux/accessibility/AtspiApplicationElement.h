@@ -23,6 +23,10 @@ class AtspiApplicationElement : public AccessibilityElement,
   /// All four outlive the element.
   AtspiApplicationElement(AtspiBus& bus, AtspiWindows& windows, AtspiObstacle& obstacle,
                           const Pasteboard& pasteboard, std::int32_t processIdentifier);
+  /// The end of the road: what was in the way, and still is, is told.
+  ~AtspiApplicationElement() override;
+  AtspiApplicationElement(const AtspiApplicationElement&) = delete;
+  AtspiApplicationElement& operator=(const AtspiApplicationElement&) = delete;
 
   std::optional<AccessibilityValue> copyAttributeValue(std::string_view attribute) const override;
   bool isAttributeSettable(std::string_view) const override { return false; }

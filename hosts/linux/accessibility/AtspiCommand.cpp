@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <chrono>
 
-#include "foundation/Log.h"
 #include "host/Pasteboard.h"
 #include "hosts/linux/accessibility/AtspiApplication.h"
 #include "hosts/linux/accessibility/AtspiWait.h"
@@ -22,34 +21,43 @@ constexpr auto actionLimit = 250ms;
 constexpr auto copyLimit = 1s;
 constexpr auto actionInterval = 2ms;
 
+const AtspiPress unanswered{false, "it does not answer"};
+const char* const copiedNothing = "it has not copied its text within 1 s";
+
 }  // namespace
 
-bool pressCommand(AtspiApplication& application, AtspiCommand& command,
-                  const std::optional<AtspiKeyBinding>& key, const Pasteboard& pasteboard) {
+std::string whyDisabled(const std::optional<AtspiKeyBinding>& key) {
+  if (key == copyKey) return "nothing is selected in it";
+  if (key == pasteKey) return "it takes no text there; it may be read-only";
+  return "there is nothing to select in it";
+}
+
+AtspiPress pressCommand(AtspiApplication& application, AtspiCommand& command,
+                        const std::optional<AtspiKeyBinding>& key, const Pasteboard& pasteboard) {
   const bool isCopy = key == copyKey;
-  if (key == pasteKey && !application.hasCopied()) {
-    log("Nothing is pasted: the application has not copied its text within 1 s");
-    return false;
-  }
+  if (key == pasteKey && !application.hasCopied()) return {false, copiedNothing};
   if (isCopy) application.setHasCopied(false);
 
   const Clock::time_point start = Clock::now();
   const bool isEnabled = atspi::waitUntil(start + enabledLimit, enabledInterval, [&] {
     return !application.isThere() || command.isEnabled(application);
   });
-  if (!isEnabled || !application.isThere()) return false;
+  if (!application.isThere()) return unanswered;
+  if (!isEnabled) return {false, whyDisabled(key)};
 
   const std::int64_t changeCount = pasteboard.changeCount();
   const AtspiCommand::Outcome outcome = command.run(application);
-  if (!application.isThere()) return false;
-  if (outcome == AtspiCommand::Outcome::done) return true;
+  if (!application.isThere()) return unanswered;
+  if (outcome.kind == AtspiCommand::Outcome::done) return {true};
   // Qt acts before it answers, GTK afterwards.
   const Clock::time_point deadline =
       std::max(Clock::now() + actionLimit, isCopy ? start + copyLimit : start);
   const bool hasChanged = atspi::waitUntil(deadline, actionInterval,
                                            [&] { return pasteboard.changeCount() != changeCount; });
   if (isCopy) application.setHasCopied(hasChanged);
-  return hasChanged || outcome == AtspiCommand::Outcome::taken;
+  const bool isTaken = hasChanged || outcome.kind == AtspiCommand::Outcome::taken;
+  if (!isTaken) return {false, outcome.whyRefused};
+  return {true, isCopy && !hasChanged ? copiedNothing : ""};
 }
 
 }  // namespace qf

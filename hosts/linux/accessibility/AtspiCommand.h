@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "hosts/linux/accessibility/AtspiKeyBinding.h"
 
@@ -21,23 +22,37 @@ class AtspiCommand {
   virtual ~AtspiCommand() = default;
   /// Asks the application anew each time.
   virtual bool isEnabled(AtspiApplication& application) = 0;
-  enum class Outcome {
-    refused,
-    taken,  ///< the application may act only afterwards
-    done
+  struct Outcome {
+    enum Kind {
+      refused,
+      taken,  ///< the application may act only afterwards
+      done
+    } kind;
+    std::string whyRefused = {};  ///< ends a sentence that begins with "because"
   };
   virtual Outcome run(AtspiApplication& application) = 0;
 };
 
+/// What became of a press.
+struct AtspiPress {
+  bool isTaken;
+  /// Ends a sentence that begins with "because"; empty where the press did what it is for. Of a
+  /// Copy that was taken and brought nothing it says so.
+  std::string whyInVain = {};
+};
+
+/// Why a command with that key cannot be carried out where it is disabled.
+std::string whyDisabled(const std::optional<AtspiKeyBinding>& key);
+
 /// Waits at most 1 s for the command to become enabled, runs it, and then waits until the
-/// pasteboard changed, at most 250 ms, unless all was done at once. False when it stayed disabled,
-/// or the application did not answer or refused. Main thread.
+/// pasteboard changed, at most 250 ms, unless all was done at once. Not taken when it stayed
+/// disabled, or the application did not answer or refused. Main thread.
 ///
 /// Copy is given 1 s from the beginning: whoever presses it takes no change for an empty selection,
 /// and goes on to copy the whole text, which on a busy machine would replace the document. Where it
 /// brings none, Paste is not pressed any more on the same road: it would put an old clipboard in
 /// the place of the text.
-bool pressCommand(AtspiApplication& application, AtspiCommand& command,
-                  const std::optional<AtspiKeyBinding>& key, const Pasteboard& pasteboard);
+AtspiPress pressCommand(AtspiApplication& application, AtspiCommand& command,
+                        const std::optional<AtspiKeyBinding>& key, const Pasteboard& pasteboard);
 
 }  // namespace qf

@@ -60,6 +60,8 @@ std::optional<AccessibilityValue> AtspiMenuElement::copyAttributeValue(
   if (attribute == "AXEnabled") {
     const auto behind = command();
     const bool isEnabled = behind && behind->isEnabled(application);
+    // Nobody asks this of Paste without a text to paste.
+    if (behind && !isEnabled && _node.key == pasteKey) noteObstacle(whyDisabled(pasteKey));
     if (behind && application.isThere()) return isEnabled;
   }
   if (attribute == "AXTitle" && isOfOurMaking()) return Value(std::string(_node.ownTitle));
@@ -78,11 +80,21 @@ std::optional<AccessibilityValue> AtspiMenuElement::copyAttributeValue(
 
 bool AtspiMenuElement::performAction(std::string_view action) {
   const auto behind = action == "AXPress" ? command() : nullptr;
-  if (!behind ||
-      !pressCommand(_application->application(), *behind, _node.key, _application->pasteboard()))
-    return false;
-  _application->obstacle().clear();
-  return true;
+  if (!behind) return false;
+  AtspiApplication& application = _application->application();
+  const AtspiPress press =
+      pressCommand(application, *behind, _node.key, _application->pasteboard());
+  if (press.whyInVain.empty())
+    _application->obstacle().clear();
+  else
+    noteObstacle(press.whyInVain);
+  return press.isTaken;
+}
+
+void AtspiMenuElement::noteObstacle(const std::string& why) const {
+  AtspiApplication& application = _application->application();
+  _application->obstacle().note(application.processIdentifier(),
+                                application.isThere() ? why : "it does not answer");
 }
 
 std::unique_ptr<AtspiCommand> AtspiMenuElement::command() const {

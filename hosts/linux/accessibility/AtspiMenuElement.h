@@ -23,6 +23,7 @@ class AtspiMenuElement : public AccessibilityElement {
   std::optional<std::int32_t> processIdentifier() const override;
 
  private:
+  void noteObstacle(const std::string& why) const;
   std::unique_ptr<AtspiCommand> command() const;
   bool isOfOurMaking() const { return !_node.ownTitle.empty(); }
   bool selectionOrClipboardContradicts() const;

@@ -46,7 +46,8 @@ bool AtspiMenuItemCommand::isEnabled(AtspiApplication& application) {
 
 AtspiCommand::Outcome AtspiMenuItemCommand::run(AtspiApplication& application) {
   const QDBusMessage answer = application.ask(atspi::doAction(_item), actionLimitInMs);
-  return atspi::truth(answer) ? Outcome::taken : Outcome::refused;
+  if (atspi::truth(answer)) return {Outcome::taken};
+  return {Outcome::refused, "its menu refuses"};
 }
 
 void showMenuBriefly(AtspiApplication& application, const AtspiReference& bar,

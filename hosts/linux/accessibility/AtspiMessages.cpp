@@ -76,8 +76,8 @@ QDBusMessage getParent(const AtspiReference& object) {
   return getProperty(object, QStringLiteral("Parent"));
 }
 
-QDBusMessage getText(const AtspiReference& object) {
-  return call(object, QStringLiteral("org.a11y.atspi.Text"), QStringLiteral("GetText"), {0, -1});
+QDBusMessage getText(const AtspiReference& object, AtspiRange range) {
+  return call(object, plainText, QStringLiteral("GetText"), {range.start, range.end});
 }
 
 QDBusMessage setText(const AtspiReference& object, const QString& text) {

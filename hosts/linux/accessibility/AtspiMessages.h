@@ -32,7 +32,7 @@ QDBusMessage getRole(const AtspiReference& object);
 QDBusMessage getState(const AtspiReference& object);
 QDBusMessage getName(const AtspiReference& object);
 QDBusMessage getParent(const AtspiReference& object);
-QDBusMessage getText(const AtspiReference& object);
+QDBusMessage getText(const AtspiReference& object, AtspiRange range = {0, -1});
 QDBusMessage setText(const AtspiReference& object, const QString& text);
 QDBusMessage grabFocus(const AtspiReference& object);
 QDBusMessage getInterfaces(const AtspiReference& object);

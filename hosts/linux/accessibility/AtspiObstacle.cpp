@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/accessibility/AtspiObstacle.h"
 
+#include <utility>
+
 #include "foundation/Log.h"
 #include "host/Workspace.h"
 
@@ -8,12 +10,24 @@ namespace qf {
 
 void AtspiObstacle::note(std::int32_t processIdentifier, const std::string& why) {
   const auto application = _workspace.runningApplication(processIdentifier);
-  const std::string name =
-      application ? application->localizedName : "process " + std::to_string(processIdentifier);
-  const std::string sentence = name + " cannot be reached, because " + why;
+  const std::string place = application ? " in " + application->localizedName
+                            : processIdentifier > 0
+                                ? " in process " + std::to_string(processIdentifier)
+                                : "";
+  const std::string sentence = "The text" + place + " cannot be cleaned, because " + why;
+  _isUntold = true;
   if (sentence == _sentence) return;
   _sentence = sentence;
   log(sentence);
+}
+
+void AtspiObstacle::clear() {
+  _sentence.clear();
+  _isUntold = false;
+}
+
+void AtspiObstacle::tell() {
+  if (std::exchange(_isUntold, false) && _handler) _handler(_sentence);
 }
 
 Availability AtspiObstacle::availability() const {

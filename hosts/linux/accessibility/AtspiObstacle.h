@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "host/Availability.h"
 
@@ -10,21 +12,32 @@ namespace qf {
 
 class Workspace;
 
-/// Why the application that was tried last cannot be reached, if it cannot. Main thread.
+/// Why the text of the application that was tried last cannot be cleaned, if it cannot. Main
+/// thread.
 class AtspiObstacle {
  public:
   /// `workspace` outlives this and gives applications their names.
   explicit AtspiObstacle(const Workspace& workspace) : _workspace(workspace) {}
 
+  /// Who is told at the end of a road that was in vain.
+  void setHandler(std::function<void(const std::string&)> handler) {
+    _handler = std::move(handler);
+  }
+
   /// `why` ends a sentence that begins with "because". Logged, unless it is what was said last.
   void note(std::int32_t processIdentifier, const std::string& why);
-  void clear() { _sentence.clear(); }
+  /// The road goes on after all.
+  void clear();
+  /// Tells what was noted since the last telling, if anything.
+  void tell();
 
   Availability availability() const;
 
  private:
   const Workspace& _workspace;
+  std::function<void(const std::string&)> _handler;
   std::string _sentence;
+  bool _isUntold = false;
 };
 
 }  // namespace qf

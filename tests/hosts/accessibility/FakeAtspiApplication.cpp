@@ -182,6 +182,7 @@ QVariantList FakeAtspiApplication::answerAsText(const QDBusMessage& message, Obj
   const int begin = object.selectionStart, end = object.selectionEnd;
   if (method == "GetNSelections") return {begin < end ? 1 : 0};
   if (method == "GetSelection") return {begin, end};
+  if (method == "GetText") return {object.text.mid(first, second - first)};
   if (method == "AddSelection") {
     object.selectionStart = first;
     object.selectionEnd = second;
@@ -191,7 +192,10 @@ QVariantList FakeAtspiApplication::answerAsText(const QDBusMessage& message, Obj
     object.text.remove(first, second - first);
     object.selectionStart = object.selectionEnd = first;
   } else if (method == "InsertText") {
-    object.text.insert(first, message.arguments().value(1).toString());
+    const QString given = message.arguments().value(1).toString();
+    const QString taken = object.filter ? object.filter(given) : given;
+    object.text.insert(first, taken);
+    return {!object.admitsFiltering || taken == given};
   }
   return {true};
 }

@@ -31,6 +31,8 @@ class FakeAtspiApplication : public QDBusVirtualObject {
     QString text;
     int selectionStart = 0, selectionEnd = 0;
     std::function<void(const QString&)> onCopy;
+    std::function<QString(const QString&)> filter;  ///< what it takes of a text that is inserted
+    bool admitsFiltering = false;
   };
   static constexpr int root = 0;
 

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <unistd.h>
 
+#include <QRegularExpression>
 #include <atomic>
 #include <thread>
 
@@ -19,7 +20,9 @@ namespace qf {
 namespace {
 
 using namespace std::chrono_literals;
+using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
 using testing::SizeIs;
 
 constexpr int active = 1, focused = 12, sensitive = 24, showing = 25;
@@ -40,6 +43,7 @@ class HostileApplication : public testing::Test {
   void SetUp() override {
     if (qEnvironmentVariableIsEmpty("QF_SESSION")) GTEST_SKIP() << "needs a private desktop";
     accessibility = std::make_unique<AtspiAccessibility>(pasteboard, workspace);
+    accessibility->setFailureHandler([this](const std::string& why) { told.push_back(why); });
     access = std::make_unique<QFTextAccess>(*accessibility, pasteboard, workspace);
     application = std::make_unique<FakeAtspiApplication>();
     editor = addEditor();
@@ -95,6 +99,7 @@ class HostileApplication : public testing::Test {
 
   CountedPasteboard pasteboard;
   FakeWorkspace workspace;
+  std::vector<std::string> told;
   std::unique_ptr<AtspiAccessibility> accessibility;
   std::unique_ptr<QFTextAccess> access;
   std::unique_ptr<FakeAtspiApplication> application;
@@ -134,6 +139,38 @@ TEST_F(HostileApplication, WithoutMenuBarTheTextItselfIsReached) {
   EXPECT_EQ(calls["DoAction"], 0);
 }
 
+TEST_F(HostileApplication, TextThatTakesDigitsOnlyKeepsWhatItHad) {
+  const int text = addText(addDialog(), atspirole::text, "a 123 z");
+  const auto put = [&](const std::string& cleaned, const QString& now) {
+    application->change(text, [](auto& changed) {
+      changed.text = "a 123 z";
+      changed.selectionStart = 2;
+      changed.selectionEnd = 5;
+    });
+    pasteboard.setString(cleaned);
+    told.clear();
+    const bool isTaken = press(*find("V"));
+    EXPECT_EQ(application->textOf(text), now);
+    return isTaken;
+  };
+  EXPECT_TRUE(put("", "a  z"));
+  application->change(text, [](auto& changed) {
+    changed.filter = [](QString given) { return given.remove(QRegularExpression("\\D")); };
+  });
+  for (const bool admits : {false, true}) {
+    application->change(text, [&](auto& changed) { changed.admitsFiltering = admits; });
+    EXPECT_TRUE(put("45678", "a 45678 z"));
+    EXPECT_THAT(told, IsEmpty());
+    EXPECT_FALSE(put("no", "a 123 z"));
+    EXPECT_THAT(told, ElementsAre(HasSubstr("Hostile cannot be cleaned, because it refuses")));
+    EXPECT_FALSE(put("no 1", "a 1 z"));
+    EXPECT_THAT(told, ElementsAre(HasSubstr("only a part")));
+  }
+  pasteboard.setItems({});
+  EXPECT_FALSE(press(*find("V")));
+  EXPECT_EQ(application->textOf(text), "a 1 z");
+}
+
 TEST_F(HostileApplication, TextThatClosesOrKeepsToItselfIsLeftAlone) {
   const int dialog = addDialog();
   const int text = addText(dialog, atspirole::text, "old");
@@ -142,7 +179,7 @@ TEST_F(HostileApplication, TextThatClosesOrKeepsToItselfIsLeftAlone) {
   application->change(text, [](auto& closed) { closed.states.clear(); });
   EXPECT_FALSE(press(*paste));
   EXPECT_EQ(application->textOf(text), "old");
-  EXPECT_TRUE(accessibility->availability().isAvailable);
+  EXPECT_THAT(accessibility->availability().reason, HasSubstr("read-only"));
 
   EXPECT_FALSE(find("C"));
   EXPECT_THAT(accessibility->availability().reason, HasSubstr("nothing in it has the focus"));
@@ -256,10 +293,16 @@ TEST_F(HostileApplication, NothingIsPastedAfterACopyThatBroughtNothing) {
   EXPECT_TRUE(reaches(*copy, editor.copy));
   ++pasteboard.changes;  // somebody else's
   EXPECT_FALSE(reaches(*paste, editor.paste));
+  EXPECT_THAT(accessibility->availability().reason, HasSubstr("has not copied its text"));
   application->change(editor.copy,
                       [&](auto& item) { item.onAction = [&] { ++pasteboard.changes; }; });
   EXPECT_TRUE(press(*copy));
   EXPECT_TRUE(reaches(*paste, editor.paste));
+  EXPECT_TRUE(accessibility->availability().isAvailable);
+
+  application->setState(editor.paste, sensitive, false);
+  EXPECT_FALSE(find("V")->enabled());
+  EXPECT_THAT(told, ElementsAre(HasSubstr("read-only"))) << "at the end of its road, once";
 }
 
 TEST_F(HostileApplication, TerminalsOwnCopyKeysAreShownAsPlain) {
