@@ -41,7 +41,7 @@ QVariant Accessible::call(const QString& interface, const QString& method,
   auto message = QDBusMessage::createMethodCall(_service, _path, interface, method);
   message.setArguments(arguments);
   const QDBusMessage reply = accessibilityBus().call(message, QDBus::Block, callLimitInMs);
-  return reply.arguments().value(0);
+  return reply.type() == QDBusMessage::ReplyMessage ? reply.arguments().value(0) : QVariant();
 }
 
 QVariant Accessible::property(const QString& interface, const QString& name) const {

@@ -13,9 +13,9 @@ namespace qf::desktop {
 namespace {
 
 /// A file of the session's home, gone with the session.
-QString fileHolding(const QString& text) {
+QString fileHolding(const QString& text, const QString& suffix = ".txt") {
   static int count = 0;
-  const QString path = qEnvironmentVariable("HOME") + QString("/sample-%1.txt").arg(++count);
+  const QString path = qEnvironmentVariable("HOME") + QString("/sample-%1").arg(++count) + suffix;
   QFile file(path);
   if (!file.open(QIODevice::WriteOnly)) throw std::runtime_error("no home to write to");
   file.write(text.toUtf8());
@@ -29,15 +29,20 @@ bool isTextArea(const Accessible& node) {
   return node.role() == "text" && node.isShowing() && node.hasState(multiLine);
 }
 
-/// GTK 4 calls it by another name and never says that it shows.
+/// GTK 4 and Chromium call it by other names, and GTK 4 never says that it shows.
 bool isFocusedText(const Accessible& node) {
-  return node.role().startsWith("text") && node.hasState(editable) && node.hasState(focused);
+  const QString role = node.role();
+  return (role.startsWith("text") || role == "entry") && node.hasState(editable) &&
+         node.hasState(focused);
 }
 
 QStringList commandLine(const QString& command, const QString& text) {
   QStringList words = command.split(' ');
   const QString built = QCoreApplication::applicationDirPath() + '/' + words.first();
   if (QFileInfo::exists(built)) words.first() = built;
+  if (command.contains("%page"))
+    return words.replaceInStrings("%page",
+                                  fileHolding("<textarea autofocus rows=9>" + text, ".html"));
   if (command.contains("%file")) return words.replaceInStrings("%file", fileHolding(text));
   if (command.contains("%text")) return words.replaceInStrings("%text", text);
   return words << fileHolding(text);
@@ -115,7 +120,11 @@ void Editor::focus() const {
 
 void Editor::reset(const QString& text, bool selected) {
   focus();
-  _textArea->setText(text);
+  if (!_textArea->setText(text)) {
+    clipboard::setText(text);
+    keyboard::press("ctrl+a");
+    keyboard::press("ctrl+v");
+  }
   until([&] { return this->text() == text; });
   keyboard::press(selected ? "ctrl+a" : "Home");
   until([&] { return (_textArea->selectionCount() > 0) == selected; }, 2s);

@@ -43,7 +43,7 @@ class Program {
 class Editor {
  public:
   /// Opens the program with the text, in the place of "%text" in the command or else in a file,
-  /// whose path goes to "%file" or to the end; throws std::runtime_error when no window with it
+  /// whose path goes to "%file" or to the end, or to "%page" as that of a web page; throws std::runtime_error when no window with it
   /// comes up.
   Editor(const QString& command, const QString& text);
 

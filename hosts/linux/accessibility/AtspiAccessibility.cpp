@@ -6,7 +6,7 @@
 
 namespace qf {
 
-AtspiAccessibility::AtspiAccessibility(const Pasteboard& pasteboard, const Workspace& workspace)
+AtspiAccessibility::AtspiAccessibility(Pasteboard& pasteboard, const Workspace& workspace)
     : _pasteboard(pasteboard), _workspace(workspace), _windows(_bus), _obstacle(workspace) {}
 
 Availability AtspiAccessibility::availability() const {

@@ -16,7 +16,7 @@ class Workspace;
 class AtspiAccessibility : public Accessibility {
  public:
   /// Needs an application object; `pasteboard` is the one that menus copy to. Both outlive this.
-  AtspiAccessibility(const Pasteboard& pasteboard, const Workspace& workspace);
+  AtspiAccessibility(Pasteboard& pasteboard, const Workspace& workspace);
 
   /// Besides the bus this tells why the application that was tried last could not be reached.
   Availability availability() const override;
@@ -33,7 +33,7 @@ class AtspiAccessibility : public Accessibility {
   std::uint64_t questionCount() const { return _bus.questionCount(); }
 
  private:
-  const Pasteboard& _pasteboard;
+  Pasteboard& _pasteboard;
   const Workspace& _workspace;
   AtspiBus _bus;
   AtspiWindows _windows;

@@ -14,8 +14,7 @@
 namespace qf {
 
 AtspiApplicationElement::AtspiApplicationElement(AtspiBus& bus, AtspiWindows& windows,
-                                                 AtspiObstacle& obstacle,
-                                                 const Pasteboard& pasteboard,
+                                                 AtspiObstacle& obstacle, Pasteboard& pasteboard,
                                                  std::int32_t processIdentifier)
     : _application(bus, processIdentifier),
       _windows(windows),
@@ -111,13 +110,13 @@ AtspiReference AtspiApplicationElement::knownFocus() const {
   return inputWindow() ? inputWindow()->focused : AtspiReference();
 }
 
-const AtspiReference& AtspiApplicationElement::text() const {
+const AtspiTextTarget& AtspiApplicationElement::target() const {
   if (!_target) {
     if (inputWindow() && knownFocus().isNull()) focusedObject();
     _target = findTextTarget(_application, knownFocus());
     if (_target->text.isNull()) _obstacle.note(_application.processIdentifier(), _target->whyNone);
   }
-  return _target->text;
+  return *_target;
 }
 
 AccessibilityElementRef AtspiApplicationElement::menuBar() const {

@@ -22,7 +22,7 @@ class AtspiApplicationElement : public AccessibilityElement,
  public:
   /// All four outlive the element.
   AtspiApplicationElement(AtspiBus& bus, AtspiWindows& windows, AtspiObstacle& obstacle,
-                          const Pasteboard& pasteboard, std::int32_t processIdentifier);
+                          Pasteboard& pasteboard, std::int32_t processIdentifier);
   /// The end of the road: what was in the way, and still is, is told.
   ~AtspiApplicationElement() override;
   AtspiApplicationElement(const AtspiApplicationElement&) = delete;
@@ -37,13 +37,13 @@ class AtspiApplicationElement : public AccessibilityElement,
 
   /// The road; asking is no change of the element.
   AtspiApplication& application() const { return _application; }
-  const Pasteboard& pasteboard() const { return _pasteboard; }
+  Pasteboard& pasteboard() const { return _pasteboard; }
   AtspiObstacle& obstacle() const { return _obstacle; }
   /// The object that has the focus as far as this road has looked, or null.
   AtspiReference knownFocus() const;
-  /// The text that items which no menu has act on, the same on the whole road; null where there is
-  /// none, and then the reason is noted.
-  const AtspiReference& text() const;
+  /// The text that items which no menu has act on, the same on the whole road; where there is none
+  /// the reason is noted.
+  const AtspiTextTarget& target() const;
   /// Whether the object is the window with the input.
   bool isInputWindow(const AtspiReference& object) const;
 
@@ -59,7 +59,7 @@ class AtspiApplicationElement : public AccessibilityElement,
   mutable AtspiApplication _application;
   AtspiWindows& _windows;
   AtspiObstacle& _obstacle;
-  const Pasteboard& _pasteboard;
+  Pasteboard& _pasteboard;
   mutable std::optional<AtspiWindows::Choice> _choice;
   mutable std::shared_ptr<AtspiMenuTree> _menuTree;
   mutable std::optional<AtspiTextTarget> _target;

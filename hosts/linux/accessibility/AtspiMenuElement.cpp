@@ -28,13 +28,6 @@ const char* roleOf(Kind kind) {
   return "AXMenuItem";
 }
 
-/// Terminals do not call themselves editable.
-bool takesText(AtspiApplication& application, const AtspiReference& object) {
-  const auto answers = application.ask({atspi::getState(object), atspi::getRole(object)});
-  return atspi::states(answers[0]).has(AtspiState::editable) ||
-         atspi::number(answers[1]) == atspirole::terminal;
-}
-
 }  // namespace
 
 AtspiMenuElement::AtspiMenuElement(AtspiApplicationElementRef application,
@@ -100,9 +93,9 @@ void AtspiMenuElement::noteObstacle(const std::string& why) const {
 std::unique_ptr<AtspiCommand> AtspiMenuElement::command() const {
   if (_node.kind != Kind::item) return nullptr;
   if (isOfOurMaking()) {
-    if (_application->text().isNull()) return nullptr;
-    return std::make_unique<AtspiTextCommand>(_application->text(), *_node.key,
-                                              _application->pasteboard());
+    const AtspiTextTarget& target = _application->target();
+    if (target.text.isNull()) return nullptr;
+    return std::make_unique<AtspiTextCommand>(target, *_node.key, _application->pasteboard());
   }
   const AtspiMenuTree::Node* barItem = &_node;
   while (barItem->kind != Kind::barItem) barItem = barItem->parent;
@@ -134,7 +127,8 @@ AccessibilityElementRef AtspiMenuElement::parent() const {
 
 std::vector<AccessibilityElementRef> AtspiMenuElement::children() const {
   std::vector<AccessibilityElementRef> elements;
-  if (_node.kind == Kind::menu && isOfOurMaking() && _application->text().isNull()) return elements;
+  if (_node.kind == Kind::menu && isOfOurMaking() && _application->target().text.isNull())
+    return elements;
   for (const auto& child : _tree->children(_application->application(), _node))
     elements.push_back(std::make_shared<AtspiMenuElement>(_application, _tree, *child));
   return elements;

@@ -117,6 +117,16 @@ QDBusMessage clearSelection(const AtspiReference& object) {
   return call(object, QStringLiteral("org.a11y.atspi.Selection"), QStringLiteral("ClearSelection"));
 }
 
+QDBusMessage pressEscape() {
+  constexpr int escape = 0xff1b;               // X11's keysym
+  constexpr uint pressAndReleaseOfKeysym = 3;  // of AtspiKeySynthType
+  return methodCall(QStringLiteral("org.a11y.atspi.Registry"),
+                    QStringLiteral("/org/a11y/atspi/registry/deviceeventcontroller"),
+                    QStringLiteral("org.a11y.atspi.DeviceEventController"),
+                    QStringLiteral("GenerateKeyboardEvent"),
+                    {escape, QString(), QVariant::fromValue(pressAndReleaseOfKeysym)});
+}
+
 QDBusMessage getCharacterCount(const AtspiReference& object) {
   return getProperty(object, QStringLiteral("CharacterCount"), plainText);
 }

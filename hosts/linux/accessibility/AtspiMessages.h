@@ -45,6 +45,8 @@ QDBusMessage getActionName(const AtspiReference& object, int index);
 QDBusMessage doAction(const AtspiReference& object, int index = 0);
 /// Of a menu bar: closes the menu that is open.
 QDBusMessage clearSelection(const AtspiReference& object);
+/// A key stroke for whoever has the keyboard.
+QDBusMessage pressEscape();
 
 // Of a text; offsets are in whatever the toolkit counts, from 0.
 QDBusMessage getCharacterCount(const AtspiReference& object);

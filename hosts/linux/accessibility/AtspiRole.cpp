@@ -6,8 +6,8 @@ namespace qf {
 std::string_view accessibilityRole(uint role, AtspiStates states) {
   switch (role) {
     case atspirole::text:
-      return states.has(AtspiState::multiLine) ? "AXTextArea" : "AXTextField";
     case atspirole::entry:
+      return states.has(AtspiState::multiLine) ? "AXTextArea" : "AXTextField";
     case atspirole::passwordText:
       return "AXTextField";
     case atspirole::terminal:

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/accessibility/AtspiTextCommand.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "host/Pasteboard.h"
 #include "hosts/linux/accessibility/AtspiApplication.h"
+#include "hosts/linux/accessibility/AtspiContextMenu.h"
+#include "hosts/linux/accessibility/AtspiRole.h"
 #include "hosts/linux/accessibility/AtspiTextReplacement.h"
 #include "hosts/linux/accessibility/AtspiWait.h"
 
@@ -18,9 +21,15 @@ constexpr auto selectionInterval = 5ms;
 
 }  // namespace
 
-AtspiTextCommand::AtspiTextCommand(AtspiReference text, AtspiKeyBinding key,
-                                   const Pasteboard& pasteboard)
-    : _text(std::move(text)), _key(std::move(key)), _pasteboard(pasteboard) {}
+bool takesText(AtspiApplication& application, const AtspiReference& object) {
+  const auto answers = application.ask({atspi::getState(object), atspi::getRole(object)});
+  return atspi::states(answers[0]).has(AtspiState::editable) ||
+         atspi::number(answers[1]) == atspirole::terminal;
+}
+
+AtspiTextCommand::AtspiTextCommand(const AtspiTextTarget& target, AtspiKeyBinding key,
+                                   Pasteboard& pasteboard)
+    : _target(target), _text(_target.text), _key(std::move(key)), _pasteboard(pasteboard) {}
 
 AtspiRange AtspiTextCommand::selection(AtspiApplication& application) const {
   const auto answers =
@@ -30,18 +39,32 @@ AtspiRange AtspiTextCommand::selection(AtspiApplication& application) const {
 
 bool AtspiTextCommand::isEnabled(AtspiApplication& application) {
   if (_key == copyKey) return !selection(application).isEmpty();
-  if (_key == pasteKey) return application.states(_text).has(AtspiState::editable);
+  if (_key == pasteKey)
+    return (_target.isEditable || _target.contextMenu) && takesText(application, _text);
   return atspi::numberProperty(application.ask(atspi::getCharacterCount(_text))) > 0;
 }
 
 AtspiCommand::Outcome AtspiTextCommand::run(AtspiApplication& application) {
   if (_key == selectAllKey) return selectAll(application);
-  if (_key == pasteKey) return paste(application);
+  return _key == pasteKey ? paste(application) : copy(application);
+}
+
+/// Chromium tells its texts with other line ends than it copies, so its menu goes before. Terminals
+/// tell them rightly, and open no menu for others.
+AtspiCommand::Outcome AtspiTextCommand::copy(AtspiApplication& application) const {
   const AtspiRange range = selection(application);
   if (range.isEmpty()) return {Outcome::refused, whyDisabled(copyKey)};
-  const QDBusMessage answer = application.ask(atspi::copyText(_text, range));
-  if (answer.type() == QDBusMessage::ReplyMessage) return {Outcome::taken};
-  return {Outcome::refused, "it refuses to copy"};
+  if (_target.isEditable) {
+    const QDBusMessage answer = application.ask(atspi::copyText(_text, range));
+    if (answer.type() == QDBusMessage::ReplyMessage) return {Outcome::taken};
+    return {Outcome::refused, "it refuses to copy"};
+  }
+  if (_target.contextMenu && !_target.isTerminal)
+    return AtspiContextMenu(application, _text, *_target.contextMenu).press(copyKey);
+  const QString text = atspi::text(application.ask(atspi::getText(_text, range)));
+  if (!application.isThere() || !_pasteboard.setString(text.toStdString()))
+    return {Outcome::refused, "the clipboard could not be taken"};
+  return {Outcome::taken};
 }
 
 /// GTK 3 adds no second selection, and GTK 4 adds one without ever saying so.
@@ -49,12 +72,15 @@ AtspiCommand::Outcome AtspiTextCommand::selectAll(AtspiApplication& application)
   const int count = atspi::numberProperty(application.ask(atspi::getCharacterCount(_text)));
   const AtspiRange all{0, count};
   const AtspiRange before = selection(application);
-  if (before == all) return {Outcome::done};
+  // Chromium counts an end of the last line that can't be selected.
+  const int fewest = _target.isEditable ? count : std::max(count - 1, 1);
+  const auto isAll = [&](AtspiRange range) { return range.start == 0 && range.end >= fewest; };
+  if (isAll(before)) return {Outcome::done};
   if (!before.isEmpty()) application.tell(atspi::removeSelection(_text));
   application.tell(atspi::addSelection(_text, all));
   const bool isSelected =
       atspi::waitUntil(std::chrono::steady_clock::now() + selectionLimit, selectionInterval,
-                       [&] { return !application.isThere() || selection(application) == all; });
+                       [&] { return !application.isThere() || isAll(selection(application)); });
   if (isSelected) return {Outcome::done};
   return {Outcome::refused, "it refuses to select its text"};
 }
@@ -62,6 +88,8 @@ AtspiCommand::Outcome AtspiTextCommand::selectAll(AtspiApplication& application)
 /// Puts the text there by itself: what an application reads from the clipboard arrives when it
 /// likes.
 AtspiCommand::Outcome AtspiTextCommand::paste(AtspiApplication& application) const {
+  if (!_target.isEditable)
+    return AtspiContextMenu(application, _text, *_target.contextMenu).press(pasteKey);
   const auto text = _pasteboard.string();
   if (!text) return {Outcome::refused, "there is no text on the clipboard"};
   AtspiRange replaced = selection(application);

@@ -3,15 +3,16 @@
 
 #include "hosts/linux/accessibility/AtspiCommand.h"
 #include "hosts/linux/accessibility/AtspiMessages.h"
+#include "hosts/linux/accessibility/AtspiTextTarget.h"
 
 namespace qf {
 
-/// Select All, Copy and Paste in one text object, by the interfaces Text and EditableText: for
-/// windows that have no menu bar.
+/// Select All, Copy and Paste in one text object, by the interfaces Text and EditableText, or its
+/// context menu where it lacks the latter: for windows that have no menu bar.
 class AtspiTextCommand : public AtspiCommand {
  public:
   /// `key` is that of one of the three; the pasteboard outlives this.
-  AtspiTextCommand(AtspiReference text, AtspiKeyBinding key, const Pasteboard& pasteboard);
+  AtspiTextCommand(const AtspiTextTarget& target, AtspiKeyBinding key, Pasteboard& pasteboard);
 
   bool isEnabled(AtspiApplication& application) override;
   Outcome run(AtspiApplication& application) override;
@@ -19,11 +20,16 @@ class AtspiTextCommand : public AtspiCommand {
  private:
   AtspiRange selection(AtspiApplication& application) const;
   Outcome selectAll(AtspiApplication& application) const;
+  Outcome copy(AtspiApplication& application) const;
   Outcome paste(AtspiApplication& application) const;
 
-  AtspiReference _text;
+  AtspiTextTarget _target;
+  const AtspiReference& _text;
   AtspiKeyBinding _key;
-  const Pasteboard& _pasteboard;
+  Pasteboard& _pasteboard;
 };
+
+/// Whether something can be pasted there. Terminals do not call themselves editable.
+bool takesText(AtspiApplication& application, const AtspiReference& object);
 
 }  // namespace qf

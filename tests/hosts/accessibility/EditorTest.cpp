@@ -2,7 +2,9 @@
 // Real editors, reached the way the agent reaches them.
 #include <gmock/gmock.h>
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QStandardPaths>
 #include <QThread>
 #include <csignal>
 
@@ -21,18 +23,26 @@ using namespace desktop;
 struct Target {
   const char* name;
   const char* command;
-  bool isSingleLine = false;
+  enum { document, web, singleLine } kind = document;
 };
 
 std::ostream& operator<<(std::ostream& out, const Target& target) { return out << target.name; }
 
 class RealEditor : public testing::TestWithParam<Target> {
  protected:
-  const QString sample = GetParam().isSingleLine ? "Grüße aus dem  Büro 😀"
-                                                 : "Grüße aus dem Büro,\n\n  zwei 😀  Wörter\n";
+  const QString sample = GetParam().kind == Target::singleLine ? "Grüße aus dem  Büro 😀"
+                         : GetParam().kind == Target::web  // says that the last line has an end
+                             ? "Grüße aus dem Büro,\n\n  zwei 😀  Wörter"
+                             : "Grüße aus dem Büro,\n\n  zwei 😀  Wörter\n";
 
   void SetUp() override {
     if (qEnvironmentVariableIsEmpty("QF_SESSION")) GTEST_SKIP() << "needs a private desktop";
+    const QString program = QString(GetParam().command).section(' ', 0, 0);
+    const auto isFound = [&](const QStringList& folders) {
+      return !QStandardPaths::findExecutable(program, folders).isEmpty();
+    };
+    if (!isFound({}) && !isFound({QCoreApplication::applicationDirPath()}))
+      GTEST_SKIP() << qPrintable(program) << " is not installed";
     accessibility = std::make_unique<AtspiAccessibility>(pasteboard, workspace);
     access = std::make_unique<QFTextAccess>(*accessibility, pasteboard, workspace);
     editor = std::make_unique<Editor>(GetParam().command, sample);
@@ -55,15 +65,19 @@ class RealEditor : public testing::TestWithParam<Target> {
 const Target mousepad{"Mousepad", "mousepad"}, featherpad{"Featherpad", "featherpad"},
     gedit{"Gedit", "gedit --standalone"},
     gtk4Editor{"Gtk4Editor", "gnome-text-editor --standalone"},
-    gtk3Dialog{"Gtk3Dialog", "zenity --entry --entry-text=%text", true},
+    gtk3Dialog{"Gtk3Dialog", "zenity --entry --entry-text=%text", Target::singleLine},
     qt6Editor{"Qt6Editor", "text_window editor"},
-    qt6Dialog{"Qt6Dialog", "text_window dialog", true};
+    qt6Dialog{"Qt6Dialog", "text_window dialog", Target::singleLine},
+    chromium{
+        "Chromium",
+        "chromium --force-renderer-accessibility --no-sandbox --no-first-run --disable-gpu %page",
+        Target::web};
 
 std::string nameOf(const testing::TestParamInfo<Target>& target) { return target.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(Editors, RealEditor,
                          testing::Values(mousepad, featherpad, gedit, gtk4Editor, gtk3Dialog,
-                                         qt6Editor, qt6Dialog),
+                                         qt6Editor, qt6Dialog, chromium),
                          nameOf);
 
 class StoppedEditor : public RealEditor {};
@@ -75,7 +89,7 @@ TEST_P(RealEditor, ShowsFocusAndEnabledItems) {
   const auto element = road();
   ASSERT_TRUE(element);
   EXPECT_TRUE(element->isEditableTextArea());
-  EXPECT_EQ(element->role(), GetParam().isSingleLine ? "AXTextField" : "AXTextArea");
+  EXPECT_EQ(element->role(), GetParam().kind == Target::singleLine ? "AXTextField" : "AXTextArea");
   const auto value = element->value();
   ASSERT_TRUE(value);
   EXPECT_EQ(std::get<std::string>(*value), sample.toStdString());
@@ -156,6 +170,21 @@ TEST_P(Terminal, IsReachedByKeysOfItsOwnInAMenuThatFillsWhenOpened) {
   // Its menu is closed again.
   keyboard::press("x");
   EXPECT_TRUE(until([&] { return editor->text().contains("Übermutx"); }));
+}
+
+class TerminalWithoutMenuBar : public RealEditor {};
+INSTANTIATE_TEST_SUITE_P(
+    Editors, TerminalWithoutMenuBar,
+    testing::Values(Target{"Xfce4Terminal",
+                           "xfce4-terminal --disable-server --hide-menubar --execute cat %file -"}),
+    nameOf);
+
+TEST_P(TerminalWithoutMenuBar, GivesItsTextAndSaysWhyItTakesNone) {
+  const auto element = road();
+  ASSERT_TRUE(element && element->copyToClipboard());
+  EXPECT_THAT(pasteboard.string().value_or(""), testing::StartsWith(sample.toStdString()));
+  EXPECT_FALSE(element->pasteFromClipboard());
+  EXPECT_THAT(accessibility->availability().reason, testing::HasSubstr("menu bar is hidden"));
 }
 
 TEST_P(StoppedEditor, IsLeftAloneOnTheRoadToo) {

@@ -164,9 +164,17 @@ QVariantList FakeAtspiApplication::answer(const QDBusMessage& message, const Obj
     if (object.onAction) object.onAction();
     return {true};
   }
-  if (method == "GetInterfaces")
-    return {object.isText ? QStringList{"org.a11y.atspi.Text", "org.a11y.atspi.EditableText"}
-                          : QStringList()};
+  if (method == "GetInterfaces") {
+    QStringList interfaces;
+    if (object.isText) interfaces << "org.a11y.atspi.Text";
+    if (object.isText && object.isEditable) interfaces << "org.a11y.atspi.EditableText";
+    return {interfaces};
+  }
+  if (method == "GetName") return {object.actionName};
+  if (method == "Get" && message.arguments().value(1) == "NActions")
+    return {QVariant::fromValue(QDBusVariant(object.actionName.isEmpty() ? 0 : 1))};
+  if (method == "Get" && message.arguments().value(1) == "Name")
+    return {QVariant::fromValue(QDBusVariant(object.name))};
   if (method == "Get" && message.arguments().value(1) == "CharacterCount")
     return {QVariant::fromValue(QDBusVariant(static_cast<int>(object.text.size())))};
   if (method == "Get" && message.arguments().value(1) == "Parent")

@@ -23,11 +23,13 @@ class FakeAtspiApplication : public QDBusVirtualObject {
   struct Object {
     uint role = 0;
     QSet<int> states;
+    QString name;
     QString keyBinding;
     int parent = 0;
     std::vector<int> children;
+    QString actionName;
     std::function<void()> onAction;
-    bool isText = false;
+    bool isText = false, isEditable = true;
     QString text;
     int selectionStart = 0, selectionEnd = 0;
     std::function<void(const QString&)> onCopy;

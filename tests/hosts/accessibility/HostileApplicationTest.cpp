@@ -171,6 +171,54 @@ TEST_F(HostileApplication, TextThatTakesDigitsOnlyKeepsWhatItHad) {
   EXPECT_EQ(application->textOf(text), "a 1 z");
 }
 
+TEST_F(HostileApplication, ContextMenuServesWhereTheTextIsNotEditable) {
+  const int text = addText(addDialog(), atspirole::entry, "old text");
+  bool isOpening = true;
+  QStringList names{"Undo Ctrl+Z", "Copy Ctrl+C", "Paste Ctrl+V"};
+  std::vector<int> windows;
+  application->change(FakeAtspiApplication::root, [&](auto& root) { windows = root.children; });
+  const auto close = [&] {
+    application->change(FakeAtspiApplication::root, [&](auto& root) { root.children = windows; });
+  };
+  const auto open = [&] {
+    if (!isOpening) return;
+    const int popup = application->add(FakeAtspiApplication::root, atspirole::frame);
+    for (const QString& name : names) {
+      const int item = application->add(popup, atspirole::menuItem);
+      application->change(item, [&](auto& changed) {
+        changed.name = name;
+        changed.onAction = [&, name] {
+          pasteboard.setString(name.toStdString());
+          ++pasteboard.changes;
+          close();
+        };
+      });
+    }
+  };
+  application->change(text, [&](auto& changed) {
+    changed.isEditable = false;
+    changed.selectionEnd = 3;
+    changed.actionName = "showContextMenu";
+    changed.onAction = open;
+  });
+  EXPECT_TRUE(press(*find("C")));
+  EXPECT_EQ(pasteboard.string(), "Copy Ctrl+C");
+  EXPECT_TRUE(press(*find("V")));
+  EXPECT_EQ(pasteboard.string(), "Paste Ctrl+V");
+  EXPECT_THAT(told, IsEmpty());
+
+  isOpening = false;
+  EXPECT_FALSE(press(*find("C")));
+  EXPECT_THAT(told, ElementsAre(HasSubstr("opens no context menu")));
+
+  isOpening = true;
+  names = QStringList{"Undo Ctrl+Z"};
+  desktop::Editor closedByEscape("text_window editor", "a dialog");
+  EXPECT_FALSE(press(*find("C")));
+  EXPECT_THAT(told.back(), HasSubstr("does not offer that"));
+  EXPECT_TRUE(desktop::until([&] { return !closedByEscape.program().isRunning(); }));
+}
+
 TEST_F(HostileApplication, TextThatClosesOrKeepsToItselfIsLeftAlone) {
   const int dialog = addDialog();
   const int text = addText(dialog, atspirole::text, "old");

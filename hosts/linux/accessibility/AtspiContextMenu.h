@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "hosts/linux/accessibility/AtspiCommand.h"
+#include "hosts/linux/accessibility/AtspiReference.h"
+
+namespace qf {
+
+/// The context menu of one object: opened, used and gone within one call. The person sees it flash.
+/// Main thread.
+class AtspiContextMenu {
+ public:
+  /// `action` is the number of the object's action that opens it.
+  AtspiContextMenu(AtspiApplication& application, AtspiReference object, int action);
+
+  /// Presses the item with that key. Waits at most 1 s for the menu; one in which nothing can be
+  /// pressed is closed again.
+  AtspiCommand::Outcome press(const AtspiKeyBinding& key);
+
+ private:
+  std::vector<AtspiReference> windows();
+  /// Of the windows that were not there before.
+  std::vector<AtspiReference> items();
+  std::optional<AtspiReference> itemWithKey(const std::vector<AtspiReference>& items,
+                                            const AtspiKeyBinding& key);
+  void close();
+
+  AtspiApplication& _application;
+  AtspiReference _object;
+  int _action;
+  std::vector<AtspiReference> _windowsBefore;
+};
+
+/// The number of the action that opens the object's context menu; nothing where it has none.
+std::optional<int> contextMenuAction(AtspiApplication& application, const AtspiReference& object);
+
+}  // namespace qf
