@@ -19,6 +19,14 @@ using namespace std::chrono_literals;
 constexpr auto selectionLimit = 1s;
 constexpr auto selectionInterval = 5ms;
 
+/// The empty lines below what a terminal shows count, and can't be selected.
+int charactersOfTerminal(AtspiApplication& application, const AtspiReference& text) {
+  const QString shown = atspi::text(application.ask(atspi::getText(text)));
+  qsizetype end = shown.size();
+  while (end > 0 && shown[end - 1].isSpace()) --end;
+  return static_cast<int>(shown.left(end).toUcs4().size());
+}
+
 }  // namespace
 
 bool takesText(AtspiApplication& application, const AtspiReference& object) {
@@ -69,7 +77,9 @@ AtspiCommand::Outcome AtspiTextCommand::copy(AtspiApplication& application) cons
 
 /// GTK 3 adds no second selection, and GTK 4 adds one without ever saying so.
 AtspiCommand::Outcome AtspiTextCommand::selectAll(AtspiApplication& application) const {
-  const int count = atspi::numberProperty(application.ask(atspi::getCharacterCount(_text)));
+  const int count = _target.isTerminal
+                        ? charactersOfTerminal(application, _text)
+                        : atspi::numberProperty(application.ask(atspi::getCharacterCount(_text)));
   const AtspiRange all{0, count};
   const AtspiRange before = selection(application);
   // Chromium counts an end of the last line that can't be selected.
