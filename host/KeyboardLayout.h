@@ -25,6 +25,12 @@ class KeyboardLayout {
   /// The key code of the key that the window system knows by this hardware code (what its key
   /// events carry); nothing for a key that has none.
   virtual std::optional<std::uint16_t> keyCodeForHardwareCode(std::uint32_t hardwareCode) const = 0;
+
+  /// The modifiers (host/EventState.h) held before a key event of the window system that carries
+  /// this state.
+  virtual std::uint64_t modifierFlagsForHardwareState(std::uint32_t state) const = 0;
+  /// The modifiers that holding this key alone means; 0 for most keys.
+  virtual std::uint64_t modifierFlagsOfKey(std::uint32_t hardwareCode) const = 0;
 };
 
 }  // namespace qf

@@ -8,8 +8,13 @@
 namespace qf::keyCode {
 
 inline constexpr std::uint64_t notFound = 0x7FFFFFFFFFFFFFFF;  ///< no key
+inline constexpr std::uint64_t q = 12;
+inline constexpr std::uint64_t w = 13;
+inline constexpr std::uint64_t tab = 48;
 inline constexpr std::uint64_t space = 49;
+inline constexpr std::uint64_t backspace = 51;
 inline constexpr std::uint64_t escape = 53;
+inline constexpr std::uint64_t forwardDelete = 117;
 
 /// F1 to F20 in their order.
 inline constexpr std::array<std::uint64_t, 20> functionKeys = {

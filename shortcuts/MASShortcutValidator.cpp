@@ -10,6 +10,7 @@
 #include "host/EventState.h"
 #include "host/Menu.h"
 #include "host/SymbolicHotKeys.h"
+#include "shortcuts/FilledIn.h"
 #include "shortcuts/KeyCode.h"
 #include "shortcuts/MASShortcut.h"
 
@@ -22,11 +23,6 @@ constexpr std::string_view takenBySystemText =
     "This combination cannot be used because it is already used by a system-wide keyboard "
     "shortcut.\nIf you really want to use this key combination, most shortcuts can be changed in "
     "the Keyboard & Mouse panel in System Preferences.";
-
-std::string filledIn(std::string text, const std::string& filling) {
-  const std::size_t place = text.find("%@");
-  return place == std::string::npos ? text : text.replace(place, 2, filling);
-}
 
 bool uses(const MenuItem& item, const std::string& character, std::uint64_t modifierFlags) {
   if (lowercased(item.keyEquivalent) != character) return false;

@@ -114,6 +114,7 @@ std::uint16_t maskOf(xkb_keymap* keymap, const char* name, const char* usualName
 KeyboardMap::KeyboardMap(xkb_context* context, xkb_keymap* keymap, Layouts layouts)
     : _layouts{layouts.active, latinLayout(keymap, layouts)} {
   readModifiers(keymap);
+  readModifierKeys(keymap);
   readKeys(keymap);
   readSymbols(keymap, _layouts.active);
   for (xkb_layout_index_t layout = 0; layout < xkb_keymap_num_layouts(keymap); ++layout) {
@@ -149,6 +150,18 @@ void KeyboardMap::readModifiers(xkb_keymap* keymap) {
     _lockStates.push_back(state);
     state = static_cast<std::uint16_t>((state - locks) & locks);
   } while (state != 0);
+}
+
+void KeyboardMap::readModifierKeys(xkb_keymap* keymap) {
+  for (xkb_keycode_t key = xkb_keymap_min_keycode(keymap); key <= xkb_keymap_max_keycode(keymap);
+       ++key) {
+    const XkbState state(xkb_state_new(keymap));
+    xkb_state_update_key(state.get(), key, XKB_KEY_DOWN);
+    const auto held = xkb_state_serialize_mods(state.get(), XKB_STATE_MODS_DEPRESSED);
+    if (const std::uint32_t turnedOn = modifiers(static_cast<std::uint16_t>(held))) {
+      _modifierKeys.emplace(key, turnedOn);
+    }
+  }
 }
 
 void KeyboardMap::readKeys(xkb_keymap* keymap) {
@@ -220,6 +233,19 @@ std::string KeyboardMap::label(const KeyCombination& combination) const {
   const auto name = _symbolNames.find(combination.keyCode);
   if (name != _symbolNames.end()) return text + name->second;
   return text + "key " + std::to_string(combination.keyCode);
+}
+
+std::uint32_t KeyboardMap::modifiers(std::uint16_t state) const {
+  std::uint32_t result = 0;
+  for (const auto& [modifier, bits] : _modifierMasks) {
+    if (state & bits) result |= modifier;
+  }
+  return result;
+}
+
+std::uint32_t KeyboardMap::modifiersOfKey(std::uint32_t key) const {
+  const auto found = _modifierKeys.find(key);
+  return found == _modifierKeys.end() ? 0 : found->second;
 }
 
 std::uint16_t KeyboardMap::modifierMask(std::uint32_t modifiers) const {

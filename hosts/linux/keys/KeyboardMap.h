@@ -49,6 +49,10 @@ class KeyboardMap {
   std::string label(const KeyCombination& combination) const;
 
   std::uint16_t modifierMask(std::uint32_t modifiers) const;
+  /// The other way round: what of these is held where the X server tells that state.
+  std::uint32_t modifiers(std::uint16_t state) const;
+  /// What the key, held alone, turns on; 0 for a key that is no modifier.
+  std::uint32_t modifiersOfKey(std::uint32_t key) const;
   /// The locks, which count for nothing in a combination, in every state they can have.
   const std::vector<std::uint16_t>& lockStates() const { return _lockStates; }
   std::uint16_t lockMask() const { return _lockStates.back(); }
@@ -61,6 +65,7 @@ class KeyboardMap {
 
  private:
   void readModifiers(xkb_keymap* keymap);
+  void readModifierKeys(xkb_keymap* keymap);
   void readKeys(xkb_keymap* keymap);
   void readSymbols(xkb_keymap* keymap, std::uint32_t layout);
   void readTypedTexts(xkb_keymap* keymap, std::uint32_t layout);
@@ -72,6 +77,7 @@ class KeyboardMap {
   std::unordered_map<std::uint32_t, std::string> _typedTexts;
   std::unordered_map<std::uint32_t, std::string> _symbolNames;  // of keys that type nothing
   std::vector<std::pair<std::uint32_t, std::uint16_t>> _modifierMasks;
+  std::unordered_map<std::uint32_t, std::uint32_t> _modifierKeys;
   std::vector<std::uint16_t> _lockStates;  // the last has all
 };
 

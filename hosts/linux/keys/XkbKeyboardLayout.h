@@ -15,6 +15,8 @@ class XkbKeyboardLayout : public KeyboardLayout {
   Availability availability() const override;
   std::optional<std::string> translateKey(std::uint16_t keyCode) const override;
   std::optional<std::uint16_t> keyCodeForHardwareCode(std::uint32_t hardwareCode) const override;
+  std::uint64_t modifierFlagsForHardwareState(std::uint32_t state) const override;
+  std::uint64_t modifierFlagsOfKey(std::uint32_t hardwareCode) const override;
 
  private:
   const KeyboardService& _keyboard;

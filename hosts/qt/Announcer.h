@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QString>
+
+#include "host/Availability.h"
+
+class QAccessibleInterface;
+
+namespace qf {
+
+/// Has screen readers say something that stands nowhere on the screen. Main thread.
+class Announcer {
+ public:
+  virtual ~Announcer() = default;
+  /// Unavailable with the reason after an announcement that could not be made.
+  virtual Availability availability() const = 0;
+  /// In the name of the source; `isUrgent` has it said before what waits to be said.
+  virtual void announce(QAccessibleInterface& source, const QString& text, bool isUrgent) = 0;
+};
+
+}  // namespace qf

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/qt/KeyboardHold.h"
+
+#include "foundation/Log.h"
+
+namespace qf {
+namespace {
+
+constexpr int retryInMilliseconds = 50;
+constexpr const char* refusedReason =
+    "another program holds the keyboard: its combinations, and the desktop's, cannot be recorded; "
+    "close its menu or let go of all keys";
+
+}  // namespace
+
+KeyboardHold::KeyboardHold() {
+  _nextTry.setInterval(retryInMilliseconds);
+  connect(&_nextTry, &QTimer::timeout, this, &KeyboardHold::tryToTake);
+}
+
+KeyboardHold::~KeyboardHold() { letGo(); }
+
+void KeyboardHold::take(QWindow* window) {
+  if (_window == window) return;
+  letGo();
+  _window = window;
+  if (!_window) return;
+  tryToTake();
+  if (!_isHeld) log(refusedReason);
+}
+
+void KeyboardHold::tryToTake() {
+  _isHeld = _window && _window->setKeyboardGrabEnabled(true);
+  if (_isHeld || !_window) {
+    _nextTry.stop();
+  } else {
+    _nextTry.start();
+  }
+}
+
+void KeyboardHold::letGo() {
+  _nextTry.stop();
+  if (_isHeld && _window) _window->setKeyboardGrabEnabled(false);
+  _isHeld = false;
+  _window = nullptr;
+}
+
+Availability KeyboardHold::availability() const {
+  return !_window || _isHeld ? Availability::available() : Availability::unavailable(refusedReason);
+}
+
+}  // namespace qf

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+#include <QWindow>
+
+#include "host/Availability.h"
+
+namespace qf {
+
+/// Keeps the whole keyboard with one window: combinations that other programs answer to come to it.
+/// Where another program holds the keyboard at that moment, it is asked for again until it is had.
+class KeyboardHold : public QObject {
+  Q_OBJECT
+
+ public:
+  KeyboardHold();
+  ~KeyboardHold() override;
+
+  bool isWanted() const { return _window; }
+  void take(QWindow* window);
+  void letGo();
+  Availability availability() const;
+
+ private:
+  void tryToTake();
+
+  QPointer<QWindow> _window;
+  bool _isHeld = false;
+  QTimer _nextTry;
+};
+
+}  // namespace qf

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/qt/QtAlert.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <utility>
+
+namespace qf {
+
+void QtAlert::runCritical(const Message& message, std::function<void()> closed) {
+  auto* box = new QMessageBox(QMessageBox::Critical, QGuiApplication::applicationDisplayName(),
+                              QString::fromStdString(message.messageText), QMessageBox::NoButton,
+                              QApplication::activeWindow());
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->setTextFormat(Qt::PlainText);
+  box->setInformativeText(QString::fromStdString(message.informativeText).toHtmlEscaped());
+  auto* button =
+      box->addButton(QString::fromStdString(message.buttonTitle), QMessageBox::AcceptRole);
+  box->setDefaultButton(button);
+  box->setEscapeButton(button);
+  QObject::connect(
+      box, &QDialog::finished, qApp, [closed = std::move(closed)] { closed(); },
+      Qt::QueuedConnection);
+  box->setWindowModality(Qt::ApplicationModal);
+  box->show();
+}
+
+}  // namespace qf

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "host/RecorderView.h"
+#include "shortcuts/MASShortcut.h"
+#include "shortcuts/ShortcutBinding.h"
+
+namespace qf {
+
+class Alert;
+class Bundle;
+class MASShortcutValidator;
+class ShortcutKeyNames;
+class Sound;
+
+/// A button in which a person records a key combination: it is clicked, and what is typed next is
+/// recorded. One in the process records at a time. Main thread.
+class MASShortcutView : public RecorderViewDelegate {
+ public:
+  /// All outlive the view.
+  struct Collaborators {
+    RecorderView& view;
+    MASShortcutValidator& sharedValidator;
+    const ShortcutKeyNames& keyNames;
+    const Bundle& bundle;
+    Alert& alert;
+    Sound& sound;
+    UserDefaultsController* sharedUserDefaultsController = nullptr;  ///< null: never bound
+  };
+  /// May not destroy the view.
+  using Change = std::function<void(MASShortcutView& view)>;
+
+  explicit MASShortcutView(Collaborators collaborators);
+  /// Also ends the monitoring of a view that records at that time.
+  ~MASShortcutView() override;
+  MASShortcutView(const MASShortcutView&) = delete;
+  MASShortcutView& operator=(const MASShortcutView&) = delete;
+
+  const std::optional<MASShortcut>& shortcutValue() const { return _shortcutValue; }
+  void setShortcutValue(const std::optional<MASShortcut>& shortcut);
+  bool isEnabled() const override { return _isEnabled; }
+  void setEnabled(bool enabled);
+  bool isRecording() const override { return _isRecording; }
+  void setRecording(bool recording);
+  /// Whether the mouse is over the hint at the right.
+  bool isHinting() const { return _isHinting; }
+  void setHinting(bool hinting);
+  RecorderStyle style() const { return _style; }
+  void setStyle(RecorderStyle style);
+  /// What is shown while nothing is recorded yet: the modifiers that are held.
+  const std::string& shortcutPlaceholder() const { return _shortcutPlaceholder; }
+  void setShortcutPlaceholder(const std::string& placeholder);
+  bool acceptsFirstResponder() const override { return _acceptsFirstResponder; }
+  void setAcceptsFirstResponder(bool accepts);
+  void becomeFirstResponder() { setNeedsDisplay(); }
+  void resignFirstResponder() { setNeedsDisplay(); }
+
+  MASShortcutValidator* shortcutValidator;
+  bool showsDeleteButton = true;
+  Change shortcutValueChange;  ///< after every change of the value; may be empty
+
+  // The user default that the value is bound to: nothing for none. Its value is an archive, or what
+  // the transformer makes of it.
+  std::optional<std::string> associatedUserDefaultsKey() const;
+  void setAssociatedUserDefaultsKey(const std::optional<std::string>& key);
+  void setAssociatedUserDefaultsKey(const std::optional<std::string>& key,
+                                    const ValueTransformer* transformer);
+  void setAssociatedUserDefaultsKeyWithTransformerName(const std::optional<std::string>& key,
+                                                       std::string_view transformerName);
+  void propagateValue(const std::optional<MASShortcut>& value, std::string_view binding);
+
+  std::vector<RecorderCell> drawRect() const override;
+  Rect focusRingMaskBounds() const override { return _with.view.bounds(); }
+  bool mouseDown(Point location) override;
+  void mouseEntered() override { setHinting(true); }
+  void mouseExited() override { setHinting(false); }
+  void boundsDidChange() override;
+  std::optional<std::string> stringForToolTip(std::size_t tag) const override;
+  void updateTrackingAreas();
+  void resetToolTips();
+  /// Either may be null.
+  void getShortcutRect(Rect* shortcutRect, Rect* hintRect) const;
+  bool locationInShortcutRect(Point location) const;
+  bool locationInHintRect(Point location) const;
+
+  std::string accessibilityLabel() const override;
+  std::string accessibilityHelp() const override;
+  bool accessibilityPerformPress() override;
+
+ protected:
+  /// What all cells are made from.
+  virtual RecorderCell shortcutCellClass() const { return {}; }
+
+ private:
+  struct Shared;
+  static Shared& shared();
+
+  void setNeedsDisplay() { _with.view.setNeedsDisplay(); }
+  void activateEventMonitoring(bool activates);
+  void activateResignObserver(bool activates);
+  bool handleEvent(const KeyEvent& event);
+  /// Whether the key is one that ends recording, or moves on, rather than being recorded.
+  std::optional<bool> handleCommandKey(const MASShortcut& shortcut);
+  void record(const MASShortcut& shortcut);
+  void tellTaken(const MASShortcut& shortcut, const std::string& explanation);
+  void announceResult();
+
+  RecorderCell cell(std::string title, RecorderCell::Alignment alignment, bool isOn,
+                    const Rect& rect) const;
+  std::string titleWhileRecording() const;
+  std::string localized(std::string_view key) const;
+
+  Collaborators _with;
+  std::optional<MASShortcut> _shortcutValue;
+  std::string _shortcutPlaceholder;
+  RecorderStyle _style = RecorderStyle::roundRect;
+  bool _isEnabled = true;
+  bool _isRecording = false;
+  bool _isHinting = false;
+  bool _acceptsFirstResponder = false;
+  std::unique_ptr<ShortcutBinding> _binding;
+  /// What an open alert holds of this view, weakly.
+  std::shared_ptr<MASShortcutView*> _self = std::make_shared<MASShortcutView*>(this);
+};
+
+}  // namespace qf
