@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/qt/KeyboardHold.h"
 
+#include <QGuiApplication>
+
 #include "foundation/Log.h"
 
 namespace qf {
@@ -40,7 +42,12 @@ void KeyboardHold::tryToTake() {
 
 void KeyboardHold::letGo() {
   _nextTry.stop();
-  if (_isHeld && _window) _window->setKeyboardGrabEnabled(false);
+  if (_isHeld && _window) {
+    _window->setKeyboardGrabEnabled(false);
+    // A question, so that what was said before it is sent: Qt may keep it back until something else
+    // happens.
+    QGuiApplication::queryKeyboardModifiers();
+  }
   _isHeld = false;
   _window = nullptr;
 }

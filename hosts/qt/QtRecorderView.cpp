@@ -22,6 +22,9 @@ namespace {
 constexpr std::uint64_t namelessKey = 0xFFFF;
 constexpr std::uint64_t keyW = 13, keyQ = 12;
 constexpr int highPriority = 90;
+/// A held key repeats as releases and presses, which Qt does not always tell from others. On a busy
+/// machine a release and the press that belongs to it may come this far apart.
+constexpr int repeatGapInMilliseconds = 200;
 constexpr int widestTitleInCharacters = 26;
 
 QRectF toQRect(const Rect& rect) {
@@ -44,6 +47,9 @@ QtRecorderView::QtRecorderView(Services services, QWidget* parent)
   setMouseTracking(true);
   setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
   setAttribute(Qt::WA_InputMethodEnabled, false);
+  _sinceRelease.setSingleShot(true);
+  _sinceRelease.setInterval(repeatGapInMilliseconds);
+  connect(&_sinceRelease, &QTimer::timeout, this, &QtRecorderView::stopListening);
 }
 
 QtRecorderView::~QtRecorderView() { stopListening(); }
@@ -143,6 +149,7 @@ void QtRecorderView::setEventMonitor(EventMonitor monitor) {
     return;
   }
   _keyToSwallow = 0;
+  _sinceRelease.stop();
   _isPressConsumed.reset();
   qApp->installEventFilter(this);
   if (!window()->isActiveWindow()) window()->activateWindow();
@@ -151,6 +158,7 @@ void QtRecorderView::setEventMonitor(EventMonitor monitor) {
 
 void QtRecorderView::stopListening() {
   _keyToSwallow = 0;
+  _sinceRelease.stop();
   _isPressConsumed.reset();
   _keyboard.letGo();
   if (!_resignKeyObserver) qApp->removeEventFilter(this);
@@ -204,13 +212,16 @@ bool QtRecorderView::handleKey(QKeyEvent& event) {
 }
 
 bool QtRecorderView::handlePress(QKeyEvent& event) {
-  const bool isRepeat = event.isAutoRepeat();
+  const bool isRepeat = event.isAutoRepeat() || _sinceRelease.isActive();
   if (!_monitor) {
-    if (isRepeat && event.nativeScanCode() == _keyToSwallow) return true;
+    if (isRepeat && event.nativeScanCode() == _keyToSwallow) {
+      _sinceRelease.stop();
+      return true;
+    }
     stopListening();
     return false;
   }
-  if (isRepeat) return true;
+  if (event.isAutoRepeat()) return true;
   _keyToSwallow = event.nativeScanCode();
   const auto monitor = _monitor;
   const bool isConsumed = monitor(keyEvent(event));
@@ -223,13 +234,13 @@ bool QtRecorderView::handlePress(QKeyEvent& event) {
 }
 
 bool QtRecorderView::handleRelease(const QKeyEvent& event) {
+  if (!_monitor && event.nativeScanCode() == _keyToSwallow) _sinceRelease.start();
   if (event.isAutoRepeat()) return true;
   const bool isModifier = _services.keyboardLayout.modifierFlagsOfKey(event.nativeScanCode()) != 0;
   if (_monitor && isModifier) {
     const auto monitor = _monitor;
     return monitor(keyEvent(event));
   }
-  if (!_monitor && event.nativeScanCode() == _keyToSwallow) stopListening();
   return false;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <optional>
 #include <string>
@@ -82,7 +83,8 @@ class QtRecorderView final : public QWidget, public RecorderView {
   /// Of the press that is under way: whether it was consumed as a possible shortcut of the window.
   std::optional<bool> _isPressConsumed;
   quint32 _keyToSwallow = 0;  // until it is let go
-  quint32 _armedKey = 0;      // begins recording when it is let go
+  QTimer _sinceRelease;
+  quint32 _armedKey = 0;  // begins recording when it is let go
   QString _toldName;
   bool _toldRecording = false;
 };

@@ -50,6 +50,9 @@ QVariant Accessible::property(const QString& interface, const QString& name) con
 }
 
 QString Accessible::name() const { return property(accessibleInterface, "Name").toString(); }
+QString Accessible::description() const {
+  return property(accessibleInterface, "Description").toString();
+}
 QString Accessible::role() const { return call(accessibleInterface, "GetRoleName").toString(); }
 
 bool Accessible::hasState(int state) const {

@@ -23,6 +23,9 @@ class Accessible {
 
   QString name() const;
   QString role() const;
+  QString description() const;
+  /// By which the bus knows it: sender and path of what it says.
+  QString address() const { return _service + _path; }
   bool hasState(int state) const;
   bool isShowing() const;
   bool isEnabled() const;

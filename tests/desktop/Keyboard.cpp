@@ -58,6 +58,26 @@ void Keyboard::ungrab(std::uint16_t key, std::uint16_t modifiers) {
                               xcb_ungrab_key_checked(_connection, keyCode(key), _root, modifiers)));
 }
 
+bool Keyboard::takeAll() {
+  const auto cookie = xcb_grab_keyboard(_connection, 0, _root, XCB_CURRENT_TIME,
+                                        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+  xcb_grab_keyboard_reply_t* reply = xcb_grab_keyboard_reply(_connection, cookie, nullptr);
+  const bool isTaken = reply != nullptr && reply->status == XCB_GRAB_STATUS_SUCCESS;
+  std::free(reply);
+  return isTaken;
+}
+
+void Keyboard::letGoOfAll() {
+  xcb_ungrab_keyboard(_connection, XCB_CURRENT_TIME);
+  xcb_flush(_connection);
+}
+
+bool Keyboard::canTakeAll() {
+  const bool isTaken = takeAll();
+  if (isTaken) letGoOfAll();
+  return isTaken;
+}
+
 void Keyboard::lockLayout(std::uint8_t layout) {
   const auto cookie = xcb_xkb_latch_lock_state_checked(_connection, XCB_XKB_ID_USE_CORE_KBD, 0, 0,
                                                        1, layout, 0, 0, 0);

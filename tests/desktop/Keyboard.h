@@ -28,6 +28,10 @@ class Keyboard {
   /// Whether the grab, with these modifiers of the X protocol, was granted.
   bool grab(std::uint16_t key, std::uint16_t modifiers);
   void ungrab(std::uint16_t key, std::uint16_t modifiers);
+  /// Takes the whole keyboard; false where another program holds it.
+  bool takeAll();
+  void letGoOfAll();
+  bool canTakeAll();
   /// Locks one of the layouts that were set, the first being 0.
   void lockLayout(std::uint8_t layout);
 
