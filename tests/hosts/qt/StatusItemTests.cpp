@@ -40,7 +40,10 @@ Image icon(bool isTemplate = true) {
 /// The window that the tray shows for us, in global coordinates; empty for none.
 QRect shownIcon() {
   for (const QWidget* widget : QApplication::topLevelWidgets()) {
-    if (widget->inherits("QSystemTrayIconSys") && widget->isVisible()) return widget->geometry();
+    if (widget->inherits("QSystemTrayIconSys") && widget->isVisible()) {
+      return {widget->mapToGlobal(QPoint()),
+              widget->size()};  // nobody tells it that the tray moved
+    }
   }
   return {};
 }
