@@ -15,8 +15,8 @@ inline std::string numbered(const char* format, int number) {
 }
 
 /// List data as an engine publishes it, with that many cleaners: a library of all of them, and
-/// groups of fifty.
-inline Value listData(int tokens) {
+/// groups of that size.
+inline Value listData(int tokens, std::size_t groupSize = 50) {
   Dictionary info;
   Array library;
   Array groups;
@@ -31,8 +31,8 @@ inline Value listData(int tokens) {
     const Value item = Dictionary{{"token", token}, {"hexColor", numbered("#%06x", i * 37)}};
     library.push_back(item);
     group.push_back(item);
-    if (group.size() == 50 || i + 1 == tokens) {
-      const std::string name = numbered("Group %d", i / 50);
+    if (group.size() == groupSize || i + 1 == tokens) {
+      const std::string name = numbered("Group %d", i / static_cast<int>(groupSize));
       names.emplace_back(name);
       groups.emplace_back(Dictionary{{"name", name}, {"richlist", std::move(group)}});
       group.clear();

@@ -3,9 +3,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "foundation/Color.h"
@@ -83,18 +85,33 @@ using MenuItemRef = std::shared_ptr<MenuItem>;
 /// A list of items. Main thread.
 class Menu {
  public:
-  explicit Menu(std::string menuTitle = {}) : title(std::move(menuTitle)) {}
+  using ItemsMaker = std::function<std::vector<MenuItemRef>()>;
 
-  const std::vector<MenuItemRef>& items() const { return _items; }
-  void addItem(MenuItemRef item) { _items.push_back(std::move(item)); }
-  void removeAllItems() { _items.clear(); }
+  explicit Menu(std::string menuTitle = {}) : title(std::move(menuTitle)) {}
+  /// A menu whose items are made when they are first asked for.
+  Menu(std::string menuTitle, ItemsMaker makeItems)
+      : title(std::move(menuTitle)), _makeItems(std::move(makeItems)) {}
+
+  const std::vector<MenuItemRef>& items() const {
+    if (const ItemsMaker make = std::exchange(_makeItems, nullptr)) _items = make();
+    return _items;
+  }
+  void addItem(MenuItemRef item) {
+    items();
+    _items.push_back(std::move(item));
+  }
+  void removeAllItems() {
+    _makeItems = nullptr;
+    _items.clear();
+  }
 
   std::string title;
   Font font;
   MenuDelegate* delegate = nullptr;  ///< not owned; clears itself out before it goes
 
  private:
-  std::vector<MenuItemRef> _items;
+  mutable std::vector<MenuItemRef> _items;
+  mutable ItemsMaker _makeItems;
 };
 
 /// What the host asks before it draws an item: validates it where it has an action and a target,

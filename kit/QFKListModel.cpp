@@ -33,38 +33,8 @@ Array dictionariesOf(const Array* values) {
   return result;
 }
 
-}  // namespace
-
-QFKListModel::QFKListModel(const Bundle& bundle) : _bundle(bundle) {}
-
-void QFKListModel::setListInfo(Dictionary data) {
-  _listInfo = std::move(data);
-  _textEncodingList = namesForKey(listKey::textEncoding);
-  const Value* tokenInfo = _listInfo.find(listKey::tokenInfo);
-  _reverseTokenDictionary = tokenInfo ? invertedDictionary(*tokenInfo) : QFKInvertedDictionary();
-  _builtInGroupNames = namesForKey(listKey::automaticNames);
-  _userGroupNames = namesForKey(listKey::userListsNames);
-
-  _groupData.clear();
-  for (const Value& entry : dictionariesOf(_listInfo.array(listKey::master))) {
-    const Dictionary& groupInfo = *entry.dictionary();
-    if (const std::string* name = groupInfo.string(listKey::name)) {
-      _groupData.insert_or_assign(
-          *name, Group{dictionariesOf(groupInfo.array(listKey::richList)), std::nullopt});
-    }
-  }
-}
-
-const Dictionary* QFKListModel::tokenDictionary() const {
-  return _listInfo.dictionary(listKey::tokenInfo);
-}
-
-QFKInvertedDictionary QFKListModel::invertedDictionary(Value dictionary) const {
-  return QFKInvertedDictionary(std::move(dictionary));
-}
-
-QFKListModel::Names QFKListModel::namesForKey(std::string_view key) const {
-  const Array* values = _listInfo.array(key);
+QFKListModel::Names namesForKey(const Dictionary& info, std::string_view key) {
+  const Array* values = info.array(key);
   if (!values) return std::nullopt;
   std::vector<std::string> names;
   for (const Value& value : *values) {
@@ -73,9 +43,40 @@ QFKListModel::Names QFKListModel::namesForKey(std::string_view key) const {
   return names;
 }
 
+}  // namespace
+
+QFKListModel::QFKListModel(const Bundle& bundle) : _bundle(bundle) {}
+
+void QFKListModel::setListInfo(Dictionary data) {
+  auto lists = std::make_shared<Lists>();
+  lists->info = std::move(data);
+  lists->textEncodingList = namesForKey(lists->info, listKey::textEncoding);
+  const Value* tokenInfo = lists->info.find(listKey::tokenInfo);
+  if (tokenInfo) lists->reverseTokenDictionary = invertedDictionary(*tokenInfo);
+  lists->builtInGroupNames = namesForKey(lists->info, listKey::automaticNames);
+  lists->userGroupNames = namesForKey(lists->info, listKey::userListsNames);
+
+  for (const Value& entry : dictionariesOf(lists->info.array(listKey::master))) {
+    const Dictionary& groupInfo = *entry.dictionary();
+    if (const std::string* name = groupInfo.string(listKey::name)) {
+      lists->groups.insert_or_assign(
+          *name, Group{dictionariesOf(groupInfo.array(listKey::richList)), std::nullopt});
+    }
+  }
+  _lists = std::move(lists);
+}
+
+const Dictionary* QFKListModel::tokenDictionary() const {
+  return _lists->info.dictionary(listKey::tokenInfo);
+}
+
+QFKInvertedDictionary QFKListModel::invertedDictionary(Value dictionary) const {
+  return QFKInvertedDictionary(std::move(dictionary));
+}
+
 const QFKListModel::Group* QFKListModel::group(std::string_view name) const {
-  const auto found = _groupData.find(name);
-  return found == _groupData.end() ? nullptr : &found->second;
+  const auto found = _lists->groups.find(name);
+  return found == _lists->groups.end() ? nullptr : &found->second;
 }
 
 std::vector<std::string> QFKListModel::tokenListForGroup(std::string_view name) const {
@@ -120,7 +121,7 @@ std::string QFKListModel::descriptionForToken(std::string_view token) const {
 
 std::string QFKListModel::tokenForName(std::string_view name) const {
   if (name == _bundle.localizedString("None")) return std::string(specialToken::nothing);
-  const auto token = _reverseTokenDictionary.objectForKey(lowercased(name));
+  const auto token = _lists->reverseTokenDictionary.objectForKey(lowercased(name));
   return token ? *token : std::string(name);
 }
 
@@ -175,8 +176,8 @@ Color QFKListModel::colorForItem(std::string_view token, std::string_view name) 
 }
 
 bool QFKListModel::isValidTextEncoding(std::string_view name) const {
-  if (!_textEncodingList) return false;
-  const std::vector<std::string>& entries = *_textEncodingList;
+  if (!_lists->textEncodingList) return false;
+  const std::vector<std::string>& entries = *_lists->textEncodingList;
   if (std::find(entries.begin(), entries.end(), name) != entries.end()) return true;
 
   const std::string western = uppercased(_bundle.localizedString("Western"));

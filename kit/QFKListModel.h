@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,7 +19,8 @@ namespace qf {
 class Bundle;
 
 /// The engine's groups and cleaners, and every question that is asked about them. Empty until the
-/// first `setListInfo`. No query touches the disk. Main thread.
+/// first `setListInfo`. No query touches the disk. A copy costs nothing and keeps the lists of its
+/// moment. Main thread.
 class QFKListModel {
  public:
   using Names = std::optional<std::vector<std::string>>;
@@ -29,18 +31,20 @@ class QFKListModel {
   /// Replaces everything by this list data and indexes it; the format is in docs/files.md. What is
   /// missing or of the wrong kind is taken as not there.
   void setListInfo(Dictionary data);
-  Dictionary listData() const { return _listInfo; }
+  Dictionary listData() const { return _lists->info; }
 
   /// Null without token info.
   const Dictionary* tokenDictionary() const;
   /// The token info turned round: its keys are the info dictionaries.
-  const QFKInvertedDictionary& reverseTokenDictionary() const { return _reverseTokenDictionary; }
+  const QFKInvertedDictionary& reverseTokenDictionary() const {
+    return _lists->reverseTokenDictionary;
+  }
   QFKInvertedDictionary invertedDictionary(Value dictionary) const;
 
   // Nothing before the first load, and when the list data have no such entry.
-  const Names& textEncodingList() const { return _textEncodingList; }
-  const Names& builtInGroupNames() const { return _builtInGroupNames; }
-  const Names& userGroupNames() const { return _userGroupNames; }
+  const Names& textEncodingList() const { return _lists->textEncodingList; }
+  const Names& builtInGroupNames() const { return _lists->builtInGroupNames; }
+  const Names& userGroupNames() const { return _lists->userGroupNames; }
 
   // Of a group that is not known: empty.
   std::vector<std::string> tokenListForGroup(std::string_view group) const;
@@ -78,17 +82,20 @@ class QFKListModel {
     mutable std::optional<ColorIndex> colors;  // made when first asked for: one walk, not one a row
   };
 
-  Names namesForKey(std::string_view key) const;
+  struct Lists {
+    Dictionary info;
+    std::map<std::string, Group, std::less<>> groups;
+    QFKInvertedDictionary reverseTokenDictionary;
+    Names textEncodingList;
+    Names builtInGroupNames;
+    Names userGroupNames;
+  };
+
   const Group* group(std::string_view name) const;
   const Dictionary* infoForToken(std::string_view token) const;
 
   const Bundle& _bundle;
-  Dictionary _listInfo;
-  std::map<std::string, Group, std::less<>> _groupData;
-  QFKInvertedDictionary _reverseTokenDictionary;
-  Names _textEncodingList;
-  Names _builtInGroupNames;
-  Names _userGroupNames;
+  std::shared_ptr<const Lists> _lists = std::make_shared<const Lists>();
 };
 
 }  // namespace qf

@@ -139,10 +139,16 @@ void QFMenuBuilder::buildAllGroupsMenu(Menu& menu, const std::string& note,
     menu.addItem(MenuItem::separatorItem());
   }
   addNote(menu, note);
+  const auto laterItems = [this, lists = std::make_shared<const QFKListModel>(_lists)](
+                              const std::string& group, const Font& font) -> Menu::ItemsMaker {
+    return [lists, &bundle = _bundle, &target = _target, group, font] {
+      return QFMenuBuilder(*lists, bundle, target, {}).menuItemsForGroup(group, font);
+    };
+  };
   for (const MenuItemRef& item : groupItemsArray()) {
     if (!item->isSeparator()) {
       item->action = action::doNothing;
-      item->submenu = submenuOf(menuItemsForGroup(item->title, menu.font));
+      item->submenu = std::make_shared<Menu>("subgroup", laterItems(item->title, menu.font));
     }
     menu.addItem(item);
   }

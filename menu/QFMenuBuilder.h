@@ -43,7 +43,8 @@ class QFMenuBuilder {
   /// left out. The items at the top are given no target.
   void buildSingleGroupsMenu(Menu& menu, const std::string& note, const std::string& currentGroup,
                              bool allowGlobalPalette) const;
-  /// Appends all groups, each with its entries as a submenu.
+  /// Appends all groups, each with its entries as a submenu. Those are made when they are looked
+  /// at, from the lists as they are now: most groups are never opened.
   void buildAllGroupsMenu(Menu& menu, const std::string& note, bool allowGlobalPalette) const;
 
   /// An item with a title of the program's own, given by its key.

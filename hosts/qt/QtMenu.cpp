@@ -49,6 +49,7 @@ QtMenu::QtMenu(std::shared_ptr<Menu> model, QWidget* parent)
   // A click beside the menu closes it and does nothing else: on the tray icon it would open again.
   setAttribute(Qt::WA_NoMouseReplay);
   connect(this, &QMenu::aboutToShow, this, &QtMenu::prepare);
+  connect(this, &QMenu::hovered, this, &QtMenu::addSubmenu);
   // Menus above hear of the pick too; the item is in the one that shows it.
   connect(this, &QMenu::triggered, this, [this](const QAction* action) {
     if (const auto row = _rows.constFind(action); row != _rows.constEnd()) pick(row->item);
@@ -93,10 +94,24 @@ void QtMenu::addRow(const MenuItemRef& item) {
   if (item->attributedTitle && item->attributedTitle->font) {
     action->setFont(fontFor(*item->attributedTitle->font, font()));
   }
-  if (item->submenu) action->setMenu(new QtMenu(item->submenu, this));
   _rows.insert(action, {item, QString(blanksPerLevel * item->indentationLevel, ' '),
                         keyEquivalentText(*item)});
   addAction(action);  // last: the menu follows every change of an action it has
+}
+
+void QtMenu::showEvent(QShowEvent* event) {
+  QMenu::showEvent(event);
+  // Making them takes as long as all the rest: the pointer makes the one that it needs, and a
+  // screen reader finds them a moment later.
+  QTimer::singleShot(0, this, [this] {
+    for (QAction* action : actions()) addSubmenu(action);
+  });
+}
+
+void QtMenu::addSubmenu(QAction* action) {
+  const auto row = _rows.constFind(action);
+  if (row == _rows.constEnd() || !row->item->submenu || action->menu()) return;
+  action->setMenu(new QtMenu(row->item->submenu, this));
 }
 
 void QtMenu::makeRoomForRows() {
@@ -118,6 +133,7 @@ void QtMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action
   QMenu::initStyleOption(option, action);
   const auto found = _rows.constFind(action);
   if (found == _rows.constEnd()) return;
+  if (found->item->submenu) option->menuItemType = QStyleOptionMenuItem::SubMenu;
   option->text.prepend(found->indentation);
   if (!found->keyEquivalent.isEmpty()) option->text += '\t' + found->keyEquivalent;
   option->reservedShortcutWidth = _keyEquivalentWidth;

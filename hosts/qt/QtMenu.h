@@ -20,6 +20,7 @@ class QtMenu final : public QMenu {
   void openBeside(const QRect& place);
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
 
  private:
@@ -31,6 +32,7 @@ class QtMenu final : public QMenu {
 
   void prepare();
   void addRow(const MenuItemRef& item);
+  void addSubmenu(QAction* action);
   void makeRoomForRows();
 
   std::shared_ptr<Menu> _model;
