@@ -30,6 +30,20 @@ QColor toQColor(const Color& color) {
                           component(color.alpha));
 }
 
+/// Darker on a light background, lighter on a dark one, until it can be read.
+QColor legible(QColor color, const QColor& background) {
+  constexpr double readableContrast = 4.5;  // WCAG 2.1, level AA
+  const float end = isLight(background) ? 0 : 1;
+  const float step = isLight(background) ? -0.02F : 0.02F;
+  float hue = 0, saturation = 0, lightness = 0, alpha = 0;
+  color.getHslF(&hue, &saturation, &lightness, &alpha);
+  while (contrast(color, background) < readableContrast && lightness != end) {
+    lightness = std::clamp(lightness + step, 0.0F, 1.0F);
+    color = QColor::fromHslF(hue, saturation, lightness, alpha);
+  }
+  return color;
+}
+
 }  // namespace
 
 bool isLight(const QColor& background) {
@@ -41,25 +55,16 @@ QColor readableColor(const Color& color, const QColor& background) {
 }
 
 QColor legibleColor(const Color& color, const QColor& background) {
-  constexpr double readableContrast = 4.5;  // WCAG 2.1, level AA
-  const float end = isLight(background) ? 0 : 1;
-  const float step = isLight(background) ? -0.02F : 0.02F;
-  QColor result = toQColor(color);
-  float hue = 0, saturation = 0, lightness = 0, alpha = 0;
-  result.getHslF(&hue, &saturation, &lightness, &alpha);
-  while (contrast(result, background) < readableContrast && lightness != end) {
-    lightness = std::clamp(lightness + step, 0.0F, 1.0F);
-    result = QColor::fromHslF(hue, saturation, lightness, alpha);
-  }
-  return result;
+  return legible(toQColor(color), background);
 }
 
 QColor fadedText(const QColor& text, const QColor& background) {
   constexpr float share = 0.55F;
   const auto mixed = [](float one, float other) { return share * one + (1 - share) * other; };
-  return QColor::fromRgbF(mixed(text.redF(), background.redF()),
-                          mixed(text.greenF(), background.greenF()),
-                          mixed(text.blueF(), background.blueF()));
+  return legible(QColor::fromRgbF(mixed(text.redF(), background.redF()),
+                                  mixed(text.greenF(), background.greenF()),
+                                  mixed(text.blueF(), background.blueF())),
+                 background);
 }
 
 }  // namespace qf

@@ -12,6 +12,7 @@
 #include <QWindow>
 #include <utility>
 
+#include "hosts/qt/MenuColor.h"
 #include "hosts/qt/PanelSystem.h"
 #include "hosts/qt/PlaceInView.h"
 
@@ -111,6 +112,7 @@ void QtPaletteWindow::layOut() {
   _searchField.setPlaceholderText(tr("Search"));
   _searchField.setAccessibleName(tr("Search cleaners"));
   _searchField.setClearButtonEnabled(true);
+  colorPlaceholder();
   _searchField.installEventFilter(this);
 
   auto* groupRow = new QHBoxLayout;
@@ -129,6 +131,14 @@ void QtPaletteWindow::layOut() {
   setTabOrder(&_searchField, &_namePopup);
   setTabOrder(&_namePopup, &_editGroupButton);
   _searchField.setFocus();
+}
+
+void QtPaletteWindow::colorPlaceholder() {
+  // Qt's own is half of the text's colour, which is too faint to read on many grounds.
+  QPalette colors = palette();
+  colors.setColor(QPalette::PlaceholderText,
+                  fadedText(colors.color(QPalette::Text), colors.color(QPalette::Base)));
+  _searchField.setPalette(colors);
 }
 
 void QtPaletteWindow::orderFront() {
@@ -169,6 +179,7 @@ void QtPaletteWindow::setAcceptsKeyboard(bool accepts) {
 
 void QtPaletteWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) colorPlaceholder();
   // No list of windows has it: minimised it could not be brought back.
   if (event->type() == QEvent::WindowStateChange && isMinimized()) orderOut();
   if (event->type() != QEvent::ActivationChange) return;

@@ -51,6 +51,7 @@ class QtPaletteWindow final : public QWidget, public PaletteWindow, private Pale
   void setStringValue(const std::string& text) override;
 
   void layOut();
+  void colorPlaceholder();
   void takeKeyboard();
   void setAcceptsKeyboard(bool accepts);
   void comeIntoView();

@@ -4,6 +4,8 @@
 
 #include <QDBusInterface>
 #include <QDBusReply>
+#include <QDir>
+#include <QFile>
 #include <iostream>
 
 #include "tests/desktop/Agent.h"
@@ -204,6 +206,28 @@ TEST_F(PalettePanel, StaysWhereItWasPut) {
   palette = Palette(next);
   EXPECT_TRUE(until([&] { return palette.isVisible(); }));
   EXPECT_TRUE(until([&] { return place() == put; }, 2s)) << qPrintable(place());
+}
+
+TEST_F(PalettePanel, ComesIntoViewWhenItsMonitorGoesAndReturnsWithIt) {
+  const auto x = [this] {
+    const QString place = output("xdotool", {"getwindowgeometry", "--shell", palette.window()});
+    return place.section("X=", 1).section('\n', 0, 0).toInt();
+  };
+  const QStringList right{"--setmonitor", "right", "640/170x800/200+640+0", "none"};
+  output("xrandr", {"--setmonitor", "left", "640/170x800/200+0+0", "screen"});
+  output("xrandr", right);
+  output("xdotool", {"windowmove", palette.window(), "1000", "200"});
+  const auto isSaved = [] {
+    QFile defaults(QDir::homePath() + "/.config/org.quenfold.Menu.plist");
+    return defaults.open(QIODevice::ReadOnly) && defaults.readAll().contains("1000 200 ");
+  };
+  EXPECT_TRUE(until(isSaved)) << "the place counts once the panel rests there";
+  output("xrandr", {"--delmonitor", "right"});
+  EXPECT_TRUE(until([&] { return x() < 640; })) << x();
+  output("xrandr", right);
+  EXPECT_TRUE(until([&] { return x() == 1000; })) << x();
+  output("xrandr", {"--delmonitor", "right"});
+  output("xrandr", {"--delmonitor", "left"});
 }
 
 TEST_F(PalettePanel, IsWholeForAScreenReader) {

@@ -155,6 +155,9 @@ TEST(PalettePanel, TextCanBeReadOnEveryTheme) {
   for (const bool isDark : {false, true}) {
     QApplication::setPalette(isDark ? darkTheme() : before);  // with the panel open
     QTest::qWait(0);
+    const QPalette field = sample.field().palette();
+    EXPECT_GE(contrast(field.color(QPalette::PlaceholderText), field.color(QPalette::Base)), 4.5);
+    ASSERT_EQ(field.color(QPalette::Base).lightness() < 100, isDark);
     for (const Color& color : colors) {
       sample.color = color;
       sample.table().viewport()->update();
