@@ -4,14 +4,24 @@
 #include <signal.h>
 
 #include <cerrno>
+#include <chrono>
 
 #include "hosts/linux/accessibility/AtspiFocus.h"
 #include "hosts/linux/accessibility/AtspiMenuElement.h"
 #include "hosts/linux/accessibility/AtspiMenuTree.h"
 #include "hosts/linux/accessibility/AtspiMessages.h"
 #include "hosts/linux/accessibility/AtspiObjectElement.h"
+#include "hosts/linux/accessibility/AtspiWait.h"
 
 namespace qf {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto inputLimit = 500ms;
+constexpr auto inputInterval = 10ms;
+
+}  // namespace
 
 AtspiApplicationElement::AtspiApplicationElement(AtspiBus& bus, AtspiWindows& windows,
                                                  AtspiObstacle& obstacle, Pasteboard& pasteboard,
@@ -106,14 +116,23 @@ AccessibilityElementRef AtspiApplicationElement::focusedElement() const {
   return element(focused.isNull() ? window->object : focused);
 }
 
-AtspiReference AtspiApplicationElement::knownFocus() const {
-  return inputWindow() ? inputWindow()->focused : AtspiReference();
+AtspiReference AtspiApplicationElement::settledFocus() const {
+  if (!inputWindow()) return {};
+  const AtspiWindow& window = *inputWindow();
+  if (!_isFocusSettled && !_choice->isActive) {
+    const auto deadline = std::chrono::steady_clock::now() + inputLimit;
+    _choice->isActive = atspi::waitUntil(deadline, inputInterval, [&] {
+      return _application.states(window.object).has(AtspiState::active) || !_application.isThere();
+    });
+    focusedObject();
+  }
+  _isFocusSettled = true;
+  return window.focused.isNull() ? focusedObject() : window.focused;
 }
 
 const AtspiTextTarget& AtspiApplicationElement::target() const {
   if (!_target) {
-    if (inputWindow() && knownFocus().isNull()) focusedObject();
-    _target = findTextTarget(_application, knownFocus());
+    _target = findTextTarget(_application, settledFocus());
     if (_target->text.isNull()) _obstacle.note(_application.processIdentifier(), _target->whyNone);
   }
   return *_target;

@@ -39,8 +39,9 @@ class AtspiApplicationElement : public AccessibilityElement,
   AtspiApplication& application() const { return _application; }
   Pasteboard& pasteboard() const { return _pasteboard; }
   AtspiObstacle& obstacle() const { return _obstacle; }
-  /// The object that has the focus as far as this road has looked, or null.
-  AtspiReference knownFocus() const;
+  /// The object with the focus, or null. Waits up to 500 ms for the window to have the input, since
+  /// without it applications do not tell: another object may have had the focus on the last road.
+  AtspiReference settledFocus() const;
   /// The text that items which no menu has act on, the same on the whole road; where there is none
   /// the reason is noted.
   const AtspiTextTarget& target() const;
@@ -62,6 +63,7 @@ class AtspiApplicationElement : public AccessibilityElement,
   Pasteboard& _pasteboard;
   mutable std::optional<AtspiWindows::Choice> _choice;
   mutable std::shared_ptr<AtspiMenuTree> _menuTree;
+  mutable bool _isFocusSettled = false;
   mutable std::optional<AtspiTextTarget> _target;
 };
 

@@ -101,18 +101,24 @@ std::unique_ptr<AtspiCommand> AtspiMenuElement::command() const {
   while (barItem->kind != Kind::barItem) barItem = barItem->parent;
   return std::make_unique<AtspiMenuItemCommand>(
       _node.source, barItem->source, barItem->parent->source,
-      [this] { return selectionOrClipboardContradicts(); },
+      [this](bool saysItIs) { return mustBeEnabled(saysItIs); },
       [this, barItem] { _tree->renewItems(_application->application(), *barItem); });
 }
 
-/// Whether Copy or Paste must be possible, whatever the menu says.
-bool AtspiMenuElement::selectionOrClipboardContradicts() const {
-  const AtspiReference text = _application->knownFocus();
-  if (text.isNull()) return false;
+/// What the selection and the clipboard say of Copy and Paste. Editors of KDE copy the current line
+/// where nothing is selected, and pasting would not replace it: there Copy is only possible with a
+/// selection, which Qt always knows.
+std::optional<bool> AtspiMenuElement::mustBeEnabled(bool saysItIs) const {
+  const AtspiReference text = _application->settledFocus();
+  if (text.isNull() || (_node.key != copyKey && _node.key != pasteKey)) return std::nullopt;
   AtspiApplication& application = _application->application();
-  if (_node.key == copyKey)
-    return atspi::signedNumber(application.ask(atspi::getSelectionCount(text))) > 0;
-  if (_node.key != pasteKey || !takesText(application, text)) return false;
+  if (_node.key == copyKey) {
+    if (saysItIs && application.toolkit() != QLatin1String("Qt")) return std::nullopt;
+    const QDBusMessage count = application.ask(atspi::getSelectionCount(text));
+    if (count.type() != QDBusMessage::ReplyMessage) return std::nullopt;
+    return atspi::signedNumber(count) > 0;
+  }
+  if (saysItIs || !takesText(application, text)) return std::nullopt;
   return !_application->pasteboard().string().value_or("").empty();
 }
 

@@ -26,7 +26,7 @@ class AtspiMenuElement : public AccessibilityElement {
   void noteObstacle(const std::string& why) const;
   std::unique_ptr<AtspiCommand> command() const;
   bool isOfOurMaking() const { return !_node.ownTitle.empty(); }
-  bool selectionOrClipboardContradicts() const;
+  std::optional<bool> mustBeEnabled(bool saysItIs) const;
   AccessibilityElementRef parent() const;
   std::vector<AccessibilityElementRef> children() const;
 

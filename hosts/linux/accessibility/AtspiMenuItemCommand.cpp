@@ -20,12 +20,12 @@ constexpr int actionLimitInMs = 5000;
 }  // namespace
 
 AtspiMenuItemCommand::AtspiMenuItemCommand(const AtspiReference& item, AtspiReference barItem,
-                                           AtspiReference bar, IsStale isStale,
+                                           AtspiReference bar, MustBeEnabled mustBeEnabled,
                                            std::function<void()> renew)
     : _item(item),
       _barItem(std::move(barItem)),
       _bar(std::move(bar)),
-      _isStale(std::move(isStale)),
+      _mustBeEnabled(std::move(mustBeEnabled)),
       _renew(std::move(renew)) {}
 
 bool AtspiMenuItemCommand::isSensitive(AtspiApplication& application) const {
@@ -33,8 +33,8 @@ bool AtspiMenuItemCommand::isSensitive(AtspiApplication& application) const {
 }
 
 bool AtspiMenuItemCommand::isEnabled(AtspiApplication& application) {
-  if (isSensitive(application)) return true;
-  if (application.hasOpenedMenuFor(_item) || !_isStale()) return false;
+  if (isSensitive(application)) return _mustBeEnabled(true).value_or(true);
+  if (application.hasOpenedMenuFor(_item) || !_mustBeEnabled(false).value_or(false)) return false;
   application.setHasOpenedMenuFor(_item);
   showMenuBriefly(application, _bar, _barItem, [&] {
     _renew();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "hosts/linux/accessibility/AtspiCommand.h"
 #include "hosts/linux/accessibility/AtspiReference.h"
@@ -11,13 +12,14 @@ namespace qf {
 /// An item of an application's own menu, pressed while its menu is closed.
 class AtspiMenuItemCommand : public AtspiCommand {
  public:
-  /// Tells whether an item that says it is disabled ought not to be.
-  using IsStale = std::function<bool()>;
+  /// Whether the item must be enabled, or must not, whatever it says itself; nothing where only the
+  /// item can tell.
+  using MustBeEnabled = std::function<std::optional<bool>(bool saysItIs)>;
 
   /// The item lies below `barItem` of `bar`, and outlives this: `renew` may put in its place what
   /// took it when the menu was opened.
   AtspiMenuItemCommand(const AtspiReference& item, AtspiReference barItem, AtspiReference bar,
-                       IsStale isStale, std::function<void()> renew);
+                       MustBeEnabled mustBeEnabled, std::function<void()> renew);
 
   bool isEnabled(AtspiApplication& application) override;
   Outcome run(AtspiApplication& application) override;
@@ -27,7 +29,7 @@ class AtspiMenuItemCommand : public AtspiCommand {
 
   const AtspiReference& _item;
   AtspiReference _barItem, _bar;
-  IsStale _isStale;
+  MustBeEnabled _mustBeEnabled;
   std::function<void()> _renew;
 };
 

@@ -12,8 +12,8 @@ class AtspiApplication;
 
 /// A text that can be reached though no menu bar leads to it.
 struct AtspiTextTarget {
-  AtspiReference text;                            ///< null where there is none
-  bool isEditable = false;                        ///< by EditableText
+  AtspiReference text;      ///< null where there is none
+  bool isEditable = false;  ///< by EditableText
   bool isTerminal = false;
   std::optional<int> contextMenu = std::nullopt;  ///< the number of the action that opens it
   std::string whyNone = {};                       ///< ends a sentence that begins with "because"

@@ -63,7 +63,8 @@ class RealEditor : public testing::TestWithParam<Target> {
 };
 
 const Target mousepad{"Mousepad", "mousepad"}, featherpad{"Featherpad", "featherpad"},
-    gedit{"Gedit", "gedit --standalone"},
+    gedit{"Gedit", "gedit --standalone"}, pluma{"Pluma", "pluma"}, kate{"Kate", "kate --startanon"},
+    focuswriter{"Focuswriter", "focuswriter"},
     gtk4Editor{"Gtk4Editor", "gnome-text-editor --standalone"},
     gtk3Dialog{"Gtk3Dialog", "zenity --entry --entry-text=%text", Target::singleLine},
     qt6Editor{"Qt6Editor", "text_window editor"},
@@ -76,8 +77,8 @@ const Target mousepad{"Mousepad", "mousepad"}, featherpad{"Featherpad", "feather
 std::string nameOf(const testing::TestParamInfo<Target>& target) { return target.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(Editors, RealEditor,
-                         testing::Values(mousepad, featherpad, gedit, gtk4Editor, gtk3Dialog,
-                                         qt6Editor, qt6Dialog, chromium),
+                         testing::Values(mousepad, featherpad, gedit, pluma, kate, focuswriter,
+                                         gtk4Editor, gtk3Dialog, qt6Editor, qt6Dialog, chromium),
                          nameOf);
 
 class StoppedEditor : public RealEditor {};
@@ -130,7 +131,9 @@ TEST_P(RealEditor, CopiesAndPastesWithAndWithoutSelection) {
 }
 
 class LongText : public RealEditor {};
-INSTANTIATE_TEST_SUITE_P(Editors, LongText, testing::Values(mousepad, featherpad, gedit, qt6Editor),
+INSTANTIATE_TEST_SUITE_P(Editors, LongText,
+                         testing::Values(mousepad, featherpad, gedit, pluma, kate, focuswriter,
+                                         gtk4Editor, qt6Editor, chromium),
                          nameOf);
 
 TEST_P(LongText, OfAMegabyteIsCopiedAndPasted) {

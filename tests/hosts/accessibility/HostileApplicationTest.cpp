@@ -408,6 +408,27 @@ TEST_F(HostileApplication, WindowWithTheInputIsTheOneThatIsReached) {
   EXPECT_TRUE(reaches(*find("C"), editor.copy));
 }
 
+TEST_F(HostileApplication, FocusThatMovedSinceTheLastRoadIsFollowed) {
+  const int dialog = addDialog();
+  const int first = addText(dialog, atspirole::text, "first");
+  pasteboard.setString("new ");
+  EXPECT_TRUE(press(*find("V")));
+  application->setState(first, focused, false);
+  const int second = addText(dialog, atspirole::text, "second");
+  application->setState(second, focused, false);
+  application->setState(dialog, active, false);  // our own menu is open
+  const auto element = road();
+  std::thread inputComesBack([&] {
+    std::this_thread::sleep_for(100ms);
+    application->setState(second, focused, true);
+    application->setState(dialog, active, true);
+  });
+  EXPECT_TRUE(press(*element->menuItemWithShortcut("V", "0")));
+  inputComesBack.join();
+  EXPECT_EQ(application->textOf(first), "new first");
+  EXPECT_EQ(application->textOf(second), "new second");
+}
+
 TEST_F(HostileApplication, FocusIsRememberedWhileItIsHidden) {
   const int panel = application->add(editor.window, atspirole::panel);
   const int entry = application->add(panel, atspirole::entry);
