@@ -50,7 +50,7 @@ class AccessibilityElement {
 
   /// "AXPress" of a menu item waits at most 1 s for the item to become sensitive, acts, and returns
   /// when the application has acted: once its change of the clipboard is seen, or after 250 ms (of
-  /// Copy, 1 s after the call). Where Copy changed nothing, Paste fails on the rest of that
+  /// Copy, after 1 s). Where Copy changed nothing, Paste fails on the rest of that
   /// road: it would put an old clipboard in the place of the text.
   virtual bool performAction(std::string_view action) = 0;
 

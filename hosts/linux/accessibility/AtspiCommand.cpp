@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/accessibility/AtspiCommand.h"
 
-#include <algorithm>
 #include <chrono>
 
 #include "host/Pasteboard.h"
@@ -50,8 +49,7 @@ AtspiPress pressCommand(AtspiApplication& application, AtspiCommand& command,
   if (!application.isThere()) return unanswered;
   if (outcome.kind == AtspiCommand::Outcome::done) return {true};
   // Qt acts before it answers, GTK afterwards.
-  const Clock::time_point deadline =
-      std::max(Clock::now() + actionLimit, isCopy ? start + copyLimit : start);
+  const Clock::time_point deadline = Clock::now() + (isCopy ? copyLimit : actionLimit);
   const bool hasChanged = atspi::waitUntil(deadline, actionInterval,
                                            [&] { return pasteboard.changeCount() != changeCount; });
   if (isCopy) application.setHasCopied(hasChanged);

@@ -48,7 +48,7 @@ std::string whyDisabled(const std::optional<AtspiKeyBinding>& key);
 /// pasteboard changed, at most 250 ms, unless all was done at once. Not taken when it stayed
 /// disabled, or the application did not answer or refused. Main thread.
 ///
-/// Copy is given 1 s from the beginning: whoever presses it takes no change for an empty selection,
+/// Copy is given 1 s after it was run: whoever presses it takes no change for an empty selection,
 /// and goes on to copy the whole text, which on a busy machine would replace the document. Where it
 /// brings none, Paste is not pressed any more on the same road: it would put an old clipboard in
 /// the place of the text.

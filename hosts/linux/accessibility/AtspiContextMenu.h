@@ -16,7 +16,7 @@ class AtspiContextMenu {
   /// `action` is the number of the object's action that opens it.
   AtspiContextMenu(AtspiApplication& application, AtspiReference object, int action);
 
-  /// Presses the item with that key. Waits at most 1 s for the menu; one in which nothing can be
+  /// Presses the item with that key. Waits at most 3 s for the menu; one in which nothing can be
   /// pressed is closed again.
   AtspiCommand::Outcome press(const AtspiKeyBinding& key);
 

@@ -18,6 +18,8 @@ using namespace std::chrono_literals;
 
 constexpr auto selectionLimit = 1s;
 constexpr auto selectionInterval = 5ms;
+// Of several megabytes.
+constexpr int readLimitInMs = 5000;
 
 /// The empty lines below what a terminal shows count, and can't be selected.
 int charactersOfTerminal(AtspiApplication& application, const AtspiReference& text) {
@@ -57,22 +59,29 @@ AtspiCommand::Outcome AtspiTextCommand::run(AtspiApplication& application) {
   return _key == pasteKey ? paste(application) : copy(application);
 }
 
-/// Chromium tells its texts with other line ends than it copies, so its menu goes before. Terminals
-/// tell them rightly, and open no menu for others.
+/// Where the application does not copy its text itself, the text is read: terminals open no menu
+/// for others, and GTK 4.8 can stop for good while it hands over a long text (its main thread
+/// waits for an event that it would have to handle itself). Chromium tells its texts with other
+/// line ends than it copies.
 AtspiCommand::Outcome AtspiTextCommand::copy(AtspiApplication& application) const {
   const AtspiRange range = selection(application);
   if (range.isEmpty()) return {Outcome::refused, whyDisabled(copyKey)};
-  if (_target.isEditable) {
-    const QDBusMessage answer = application.ask(atspi::copyText(_text, range));
-    if (answer.type() == QDBusMessage::ReplyMessage) return {Outcome::taken};
-    return {Outcome::refused, "it refuses to copy"};
-  }
-  if (_target.contextMenu && !_target.isTerminal)
+  if (_target.isTerminal || application.toolkit() == QLatin1String("GTK"))
+    return copyByReading(application, range);
+  if (!_target.isEditable && _target.contextMenu)
     return AtspiContextMenu(application, _text, *_target.contextMenu).press(copyKey);
-  const QString text = atspi::text(application.ask(atspi::getText(_text, range)));
-  if (!application.isThere() || !_pasteboard.setString(text.toStdString()))
-    return {Outcome::refused, "the clipboard could not be taken"};
-  return {Outcome::taken};
+  if (!_target.isEditable) return copyByReading(application, range);
+  const QDBusMessage answer = application.ask(atspi::copyText(_text, range));
+  if (answer.type() == QDBusMessage::ReplyMessage) return {Outcome::taken};
+  return {Outcome::refused, "it refuses to copy"};
+}
+
+AtspiCommand::Outcome AtspiTextCommand::copyByReading(AtspiApplication& application,
+                                                      AtspiRange range) const {
+  const QString text = atspi::text(application.ask(atspi::getText(_text, range), readLimitInMs));
+  if (text.isEmpty()) return {Outcome::refused, "it refuses to tell its text"};
+  if (_pasteboard.setString(text.toStdString())) return {Outcome::taken};
+  return {Outcome::refused, "the clipboard could not be taken"};
 }
 
 /// GTK 3 adds no second selection, and GTK 4 adds one without ever saying so.

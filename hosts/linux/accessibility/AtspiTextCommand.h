@@ -21,6 +21,7 @@ class AtspiTextCommand : public AtspiCommand {
   AtspiRange selection(AtspiApplication& application) const;
   Outcome selectAll(AtspiApplication& application) const;
   Outcome copy(AtspiApplication& application) const;
+  Outcome copyByReading(AtspiApplication& application, AtspiRange range) const;
   Outcome paste(AtspiApplication& application) const;
 
   AtspiTextTarget _target;

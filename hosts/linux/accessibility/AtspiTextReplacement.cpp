@@ -25,7 +25,8 @@ int fewestCharacters(const QString& text) {
 AtspiTextReplacement::AtspiTextReplacement(AtspiApplication& application, AtspiReference text,
                                            AtspiRange replaced)
     : _application(application), _text(std::move(text)), _replaced(replaced) {
-  if (!_replaced.isEmpty()) _old = atspi::text(application.ask(atspi::getText(_text, _replaced)));
+  if (!_replaced.isEmpty())
+    _old = atspi::text(application.ask(atspi::getText(_text, _replaced), editLimitInMs));
   _countBefore = characterCount();
 }
 
