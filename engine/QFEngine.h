@@ -52,6 +52,9 @@ class QFEngine final : public QFKAEConnectorDelegate {
   /// counts.
   void reload();
 
+  /// Whether everyone can read the lists as they are now.
+  const Availability& listAvailability() const { return _publisher.availability(); }
+
   std::string remoteAppBundleIdentifier() const override;
   bool remoteAppHasAgentMode() const override { return false; }
   bool receivesCommands() const override { return true; }

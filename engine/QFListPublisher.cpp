@@ -12,13 +12,6 @@
 #include "kit/QFKSharedContainerURL.h"
 
 namespace qf {
-namespace {
-
-void logUnpublished(const std::string& reason) {
-  log("The list of cleaners could not be published: " + reason);
-}
-
-}  // namespace
 
 QFListPublisher::QFListPublisher(const Bundle& bundle, FileManager& fileManager,
                                  DistributedNotificationCenter& distributedNotificationCenter)
@@ -37,15 +30,21 @@ void QFListPublisher::reload(const CustomLists& customLists) {
   _listData = withCustomLists(defaultListData(_bundle, _fileManager), customLists);
 }
 
-void QFListPublisher::publish() const {
+std::optional<Error> QFListPublisher::write() const {
   const auto url = QFKSharedContainerURL::QFKGroupsListURL(_fileManager);
-  if (!url) return logUnpublished("there is no shared folder");
+  if (!url) return Error{"there is no shared folder"};
   const Result<Data> bytes = writePropertyList(Value(_listData), PropertyListFormat::xml);
-  if (!bytes) return logUnpublished(bytes.error().localizedDescription);
-  if (const auto error = replaceFile(*url, *bytes)) {
-    return logUnpublished(error->localizedDescription);
-  }
-  _distributedNotificationCenter.post(SharedGroupsDataChangedNotification);
+  if (!bytes) return bytes.error();
+  return replaceFile(*url, *bytes);
+}
+
+void QFListPublisher::publish() {
+  const auto error = write();
+  _availability = Availability::available();
+  if (!error) return _distributedNotificationCenter.post(SharedGroupsDataChangedNotification);
+  _availability = Availability::unavailable("The list of cleaners could not be published: " +
+                                            error->localizedDescription);
+  log(_availability.reason);
 }
 
 }  // namespace qf

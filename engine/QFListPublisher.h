@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <optional>
+
 #include "engine/CustomLists.h"
+#include "foundation/Error.h"
 #include "foundation/Value.h"
+#include "host/Availability.h"
 
 namespace qf {
 
@@ -29,13 +33,18 @@ class QFListPublisher {
 
   /// Writes the file, as a whole or not at all, and tells everyone; a failure is logged and nobody
   /// told.
-  void publish() const;
+  void publish();
+  /// Whether everyone can read the list as it is now.
+  const Availability& availability() const { return _availability; }
 
  private:
+  std::optional<Error> write() const;
+
   const Bundle& _bundle;
   FileManager& _fileManager;
   DistributedNotificationCenter& _distributedNotificationCenter;
   Dictionary _listData;
+  Availability _availability;
 };
 
 }  // namespace qf

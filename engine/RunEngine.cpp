@@ -46,11 +46,21 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv,
   return application;
 }
 
-std::unique_ptr<EngineWindow> makeWindow(Session& session, const Availability& display) {
+using States = std::map<std::string, Availability>;
+
+std::unique_ptr<EngineWindow> makeWindow(Session& session, const Availability& display,
+                                         std::function<States()> engineStates) {
   if (!display.isAvailable) return std::make_unique<NoWindow>(display.reason);
-  const WindowServices services{session.bus,           session.bundle,       session.fileManager,
-                                session.notifications, session.userDefaults, session.workspace,
-                                customFilePath()};
+  const WindowServices services{
+      .bus = session.bus,
+      .bundle = session.bundle,
+      .fileManager = session.fileManager,
+      .distributedNotificationCenter = session.notifications,
+      .userDefaults = session.userDefaults,
+      .workspace = session.workspace,
+      .customFile = customFilePath(),
+      .engineStates = std::move(engineStates),
+  };
   return std::make_unique<WindowKeeper>(
       [services] { return std::make_unique<QFWindow>(services); },
       [&session](ActivationPolicy policy) { session.applications.setActivationPolicy(policy); });
@@ -110,11 +120,18 @@ int runEngine(int argc, char** argv, FirstShown firstShown) {
   const auto terminate = [] {
     QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
   };
-  const auto window = makeWindow(session, display);
+  const QFEngine* serving = nullptr;
+  const auto window = makeWindow(session, display, [&] {
+    return States{{"AppleEvents", session.appleEvents.availability()},
+                  {"DistributedNotifications", session.notifications.availability()},
+                  {"Lists", serving->listAvailability()},
+                  {"Pasteboard", pasteboards.generalPasteboard().availability()}};
+  });
   const std::filesystem::path customFile = prepareCustomFile(session.fileManager);
   QFEngine engine({session.appleEvents, session.bundle, session.notifications, session.fileManager,
                    pasteboards, session.workspace, *window, customFile},
                   terminate);
+  serving = &engine;
   engine.start();
   const FileWatch watch(customFile, [&engine] { engine.reload(); });
   session.applications.object().setReopenHandler([&window] { window->show(); });

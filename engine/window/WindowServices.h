@@ -3,6 +3,11 @@
 
 #include <QDBusConnection>
 #include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "host/Availability.h"
 
 namespace qf {
 
@@ -21,6 +26,8 @@ struct WindowServices {
   UserDefaultsDomains& userDefaults;
   Workspace& workspace;
   std::filesystem::path customFile;  ///< a person's own cleaners and groups; empty for nowhere
+  /// The engine's own services by name, asked anew each time.
+  std::function<std::map<std::string, Availability>()> engineStates;
 };
 
 }  // namespace qf

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/window/AgentStatus.h"
+
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+#include "host/Workspace.h"
+#include "hosts/linux/bus/SessionBus.h"
+#include "kit/QFKIdentifiers.h"
+
+namespace qf {
+namespace {
+
+constexpr int limitInMilliseconds = 3000;
+
+}  // namespace
+
+AgentStatus::AgentStatus(const WindowServices& services, QObject* parent)
+    : QObject(parent),
+      _bus(services.bus),
+      _workspace(services.workspace),
+      _watcher(toQString(agentBundleIdentifier), _bus, QDBusServiceWatcher::WatchForOwnerChange) {
+  qDBusRegisterMetaType<ServiceState>();
+  qDBusRegisterMetaType<ServiceStates>();
+  connect(&_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &AgentStatus::ask);
+}
+
+void AgentStatus::ask() {
+  QDBusMessage question =
+      busCall(toQString(agentBundleIdentifier), bus::statusPath,
+              QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+  question << QStringLiteral("org.quenfold.Status1") << QStringLiteral("Services");
+  auto* call = new QDBusPendingCallWatcher(_bus.asyncCall(question, limitInMilliseconds), this);
+  connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
+    call->deleteLater();
+    const QDBusPendingReply<QDBusVariant> reply = *call;
+    if (!reply.isError()) {
+      return setState(State::running, qdbus_cast<ServiceStates>(reply.value().variant()));
+    }
+    const bool isAbsent = reply.error().type() == QDBusError::ServiceUnknown ||
+                          reply.error().name().endsWith("NameHasNoOwner");
+    setState(isAbsent ? State::absent : State::silent);
+  });
+}
+
+void AgentStatus::setState(State state, const ServiceStates& services) {
+  _state = state;
+  _services = services;
+  emit changed();
+}
+
+std::optional<Error> AgentStatus::startAgent() {
+  const auto url = _workspace.URLForApplicationWithBundleIdentifier(agentBundleIdentifier);
+  if (!url) {
+    return Error{tr("The menu is not installed: there is no entry %1.desktop.")
+                     .arg(toQString(agentBundleIdentifier))
+                     .toStdString()};
+  }
+  return _workspace.launchApplicationAtURL(*url, {LaunchOptions::asynchronous, {}});
+}
+
+}  // namespace qf

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "engine/window/CleanerFinder.h"
+#include "engine/window/ColorBox.h"
+#include "engine/window/GroupEntriesModel.h"
+#include "engine/window/GroupListModel.h"
+#include "engine/window/Page.h"
+#include "engine/window/ReorderableList.h"
+
+namespace qf {
+
+struct WindowModels;
+
+/// The person's own groups, their order and what is in them.
+class GroupsPage final : public Page {
+  Q_OBJECT
+
+ public:
+  explicit GroupsPage(WindowModels& models);
+
+  void refresh() override;
+
+ private:
+  QWidget* makeGroupSide();
+  QWidget* makeEntrySide();
+  QWidget* makeCleanerSide();
+  void connectFields();
+  std::string currentGroup() const;
+  void showGroup();
+  void showEntry();
+  void addGroup();
+  void renameGroup(const QString& name);
+  void removeGroup();
+  void addEntry(const std::string& token);
+  void changeEntry(const std::function<void(CustomGroup::Entry&)>& change);
+
+  WindowModels& _models;
+  GroupListModel _groups;
+  GroupEntriesModel _entries;
+  ReorderableList* _groupList = new ReorderableList(tr("Groups"));
+  QLineEdit* _name = new QLineEdit;
+  ReorderableList* _entryList = new ReorderableList(tr("In the group"));
+  QLineEdit* _label = new QLineEdit;
+  ColorBox* _color = new ColorBox;
+  QWidget* _entrySide;
+  CleanerFinder* _finder;
+  QPushButton* _add = new QPushButton(tr("&Add to the Group"));
+};
+
+}  // namespace qf
