@@ -9,13 +9,9 @@ namespace qf {
 
 class FakeCrashReporter : public CrashReporter {
  public:
-  void start() override {
-    ++starts;
-    if (onStart) onStart();
-  }
+  void start() override { ++starts; }
 
   int starts = 0;
-  std::function<void()> onStart;
 };
 
 }  // namespace qf

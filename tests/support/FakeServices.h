@@ -9,13 +9,9 @@ namespace qf {
 
 class FakeServices : public Services {
  public:
-  void setServicesProvider(ServicesProvider* newProvider) override {
-    provider = newProvider;
-    if (provider && onProvider) onProvider();
-  }
+  void setServicesProvider(ServicesProvider* newProvider) override { provider = newProvider; }
 
   ServicesProvider* provider = nullptr;
-  std::function<void()> onProvider;
 };
 
 }  // namespace qf
