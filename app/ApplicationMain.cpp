@@ -3,8 +3,10 @@
 
 #include "app/AppDelegate.h"
 #include "app/Composition.h"
+#include "app/ShortcutStates.h"
 #include "host/Application.h"
 #include "host/Host.h"
+#include "host/ShortcutReport.h"
 #include "host/UserDefaults.h"
 #include "kit/QFKMenuSettingsManager.h"
 #include "kit/QFMenuClient.h"
@@ -28,6 +30,10 @@ int applicationMain(Host& host) {
                                  .shortcutMonitor = &MASShortcutMonitor::sharedMonitor,
                                  .shortcutValidator = &MASShortcutValidator::sharedValidator,
                              });
+  host.shortcutReport.setShortcutSource([&host] {
+    return shortcutStates(QFKMenuSettingsManager::sharedManager(),
+                          MASShortcutValidator::sharedValidator(), host.hotKeys);
+  });
   return host.application.run(delegate);
 }
 

@@ -18,6 +18,7 @@ class MenuPresenter;
 class PaletteWindows;
 class Pasteboards;
 class Services;
+class ShortcutReport;
 class Sound;
 class StatusBar;
 class SymbolicHotKeys;
@@ -41,6 +42,7 @@ struct Host {
   PaletteWindows& paletteWindows;
   Pasteboards& pasteboards;
   Services& services;
+  ShortcutReport& shortcutReport;
   Sound& sound;
   StatusBar& statusBar;
   SymbolicHotKeys& symbolicHotKeys;

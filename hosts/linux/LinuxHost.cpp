@@ -100,6 +100,7 @@ struct LinuxHost::Services {
              .paletteWindows = paletteWindows,
              .pasteboards = pasteboards,
              .services = servicesMenu,
+             .shortcutReport = statusReport,
              .sound = sound,
              .statusBar = statusBar,
              .symbolicHotKeys = symbolicHotKeys,

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "app/AppDelegate.h"
+#include "app/ShortcutStates.h"
 #include "palette/QFGlobalPalette.h"
 #include "shortcuts/MASShortcutMonitor.h"
 #include "shortcuts/MASShortcutValidator.h"
@@ -168,6 +169,26 @@ TEST_F(AppDelegateTest, DoesWhatTheHotKeyStandsForNow) {
   host.distributedNotificationCenter.deliver();
   press(40);
   EXPECT_TRUE(palette.isVisible());
+}
+
+TEST_F(AppDelegateTest, TellsWhatBecameOfEachShortcut) {
+  using State = ShortcutStatus::State;
+  host.hotKeys.held.insert({38, hotKeyModifier::control});
+  delegate->applicationDidFinishLaunching();
+  const std::string first = addElsewhere(40, 0, "upper"), second = addElsewhere(40, 0, "lower");
+  const std::string refused = addElsewhere(38, 0, "upper"), typing = addElsewhere(37, 0, "upper");
+  QFKShortcutActionItem item = *settings.shortcutForKey(typing);
+  item.modifiers = modifier::shift;
+  settings.setShortcut(item);
+  host.distributedNotificationCenter.deliver();
+  const std::map<std::string, ShortcutStatus> expected{
+      {"palette-shortcut", {State::unset, ""}},
+      {first, {State::duplicate, ""}},
+      {second, {State::active, ""}},
+      {refused, {State::refused, "refused"}},
+      {typing, {State::invalid, ""}},
+  };
+  EXPECT_EQ(shortcutStates(settings, validator, host.hotKeys), expected);
 }
 
 TEST_F(AppDelegateTest, GoesOnWithoutHotKeys) {

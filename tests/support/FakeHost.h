@@ -17,6 +17,7 @@
 #include "tests/support/FakePaletteWindow.h"
 #include "tests/support/FakePasteboard.h"
 #include "tests/support/FakeServices.h"
+#include "tests/support/FakeShortcutReport.h"
 #include "tests/support/FakeSound.h"
 #include "tests/support/FakeStatusBar.h"
 #include "tests/support/FakeSymbolicHotKeys.h"
@@ -42,6 +43,7 @@ struct FakeHost {
   FakePaletteWindows paletteWindows;
   FakePasteboards pasteboards;
   FakeServices services;
+  FakeShortcutReport shortcutReport;
   FakeSound sound;
   FakeStatusBar statusBar;
   FakeSymbolicHotKeys symbolicHotKeys;
@@ -64,6 +66,7 @@ struct FakeHost {
       .paletteWindows = paletteWindows,
       .pasteboards = pasteboards,
       .services = services,
+      .shortcutReport = shortcutReport,
       .sound = sound,
       .statusBar = statusBar,
       .symbolicHotKeys = symbolicHotKeys,

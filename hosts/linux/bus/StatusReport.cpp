@@ -22,10 +22,42 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, ServiceState& sta
   return argument;
 }
 
-StatusReport::StatusReport(QDBusConnection bus, Source source)
+QDBusArgument& operator<<(QDBusArgument& argument, const ReportedShortcut& shortcut) {
+  argument.beginStructure();
+  argument << shortcut.state << shortcut.reason;
+  argument.endStructure();
+  return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, ReportedShortcut& shortcut) {
+  argument.beginStructure();
+  argument >> shortcut.state >> shortcut.reason;
+  argument.endStructure();
+  return argument;
+}
+
+QString nameOf(ShortcutStatus::State state) {
+  switch (state) {
+    case ShortcutStatus::State::active:
+      return QStringLiteral("active");
+    case ShortcutStatus::State::unset:
+      return QStringLiteral("unset");
+    case ShortcutStatus::State::invalid:
+      return QStringLiteral("invalid");
+    case ShortcutStatus::State::duplicate:
+      return QStringLiteral("duplicate");
+    case ShortcutStatus::State::refused:
+      break;
+  }
+  return QStringLiteral("refused");
+}
+
+StatusReport::StatusReport(QDBusConnection bus, ServiceSource source)
     : _bus(std::move(bus)), _source(std::move(source)) {
   qDBusRegisterMetaType<ServiceState>();
   qDBusRegisterMetaType<ServiceStates>();
+  qDBusRegisterMetaType<ReportedShortcut>();
+  qDBusRegisterMetaType<ReportedShortcuts>();
   _bus.registerObject(bus::statusPath, this, QDBusConnection::ExportScriptableProperties);
 }
 
@@ -36,6 +68,14 @@ ServiceStates StatusReport::services() const {
   for (const auto& [name, availability] : _source())
     states.insert(toQString(name), {availability.isAvailable, toQString(availability.reason)});
   return states;
+}
+
+ReportedShortcuts StatusReport::shortcuts() const {
+  ReportedShortcuts reported;
+  if (!_shortcutSource) return reported;
+  for (const auto& [key, status] : _shortcutSource())
+    reported.insert(toQString(key), {nameOf(status.state), toQString(status.reason)});
+  return reported;
 }
 
 }  // namespace qf

@@ -303,20 +303,31 @@ TEST_F(Bus, ReportsTheStateOfServices) {
         {"Tray", Availability::unavailable("no tray on this desktop")},
         {"Events", Availability::available()}};
   });
+  report.setShortcutSource([] {
+    return std::map<std::string, ShortcutStatus>{
+        {"id", {ShortcutStatus::State::refused, "another program holds Ctrl+K"}}};
+  });
   auto other = daemon.connect("other");
-  QDBusMessage get =
-      busCall(bus.baseService(), bus::statusPath, "org.freedesktop.DBus.Properties", "Get");
-  get << "org.quenfold.Status1"
-      << "Services";
-  QDBusPendingReply<QDBusVariant> answer = other.asyncCall(get);
-  ASSERT_TRUE(runUntil([&] { return answer.isFinished(); }));
-  const auto services = qvariant_cast<QDBusArgument>(answer.value().variant());
+  const auto property = [&](const char* name) {
+    QDBusMessage get =
+        busCall(bus.baseService(), bus::statusPath, "org.freedesktop.DBus.Properties", "Get");
+    get << "org.quenfold.Status1" << name;
+    QDBusPendingReply<QDBusVariant> answer = other.asyncCall(get);
+    EXPECT_TRUE(runUntil([&] { return answer.isFinished(); }));
+    return qvariant_cast<QDBusArgument>(answer.value().variant());
+  };
+  const auto services = property("Services");
   EXPECT_EQ(services.currentSignature(), "a{s(bs)}");
   const auto states = qdbus_cast<ServiceStates>(services);
   EXPECT_EQ(states.keys(), (QStringList{"Events", "Tray"}));
   EXPECT_TRUE(states["Events"].isAvailable);
   EXPECT_FALSE(states["Tray"].isAvailable);
   EXPECT_EQ(states["Tray"].reason, "no tray on this desktop");
+  const auto shortcuts = property("Shortcuts");
+  EXPECT_EQ(shortcuts.currentSignature(), "a{s(ss)}");
+  const auto reported = qdbus_cast<ReportedShortcuts>(shortcuts);
+  EXPECT_EQ(reported["id"].state, "refused");
+  EXPECT_EQ(reported["id"].reason, "another program holds Ctrl+K");
   QDBusConnection::disconnectFromBus("other");
 }
 

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "host/ShortcutReport.h"
+
+namespace qf {
+
+class HotKeys;
+class MASShortcutValidator;
+class QFKMenuSettingsManager;
+
+/// What has become of each shortcut of the settings, once `AppDelegate` has registered them.
+std::map<std::string, ShortcutStatus> shortcutStates(const QFKMenuSettingsManager& settings,
+                                                     const MASShortcutValidator& validator,
+                                                     const HotKeys& hotKeys);
+
+}  // namespace qf
