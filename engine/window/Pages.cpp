@@ -6,6 +6,7 @@
 #include "engine/window/CleanersPage.h"
 #include "engine/window/GroupsPage.h"
 #include "engine/window/MenuPage.h"
+#include "engine/window/ShortcutsPage.h"
 #include "engine/window/StatusPage.h"
 
 namespace qf {
@@ -18,6 +19,8 @@ QString title(const char* text) { return QCoreApplication::translate("qf::Pages"
 std::vector<PageEntry> makePages(WindowModels& models) {
   return {
       {title(QT_TRANSLATE_NOOP("qf::Pages", "Menu")), "preferences-desktop", new MenuPage(models)},
+      {title(QT_TRANSLATE_NOOP("qf::Pages", "Shortcuts")), "preferences-desktop-keyboard",
+       new ShortcutsPage(models)},
       {title(QT_TRANSLATE_NOOP("qf::Pages", "Cleaners")), "edit-clear", new CleanersPage(models)},
       {title(QT_TRANSLATE_NOOP("qf::Pages", "Groups")), "view-list-tree", new GroupsPage(models)},
       {title(QT_TRANSLATE_NOOP("qf::Pages", "Status")), "dialog-information",

@@ -15,7 +15,7 @@
 namespace qf::desktop {
 namespace {
 
-const QStringList pages = {"Menu", "Cleaners", "Groups", "Status"};
+const QStringList pages = {"Menu", "Shortcuts", "Cleaners", "Groups", "Status"};
 
 QStringList engines() {
   QDBusInterface bus("org.freedesktop.DBus", "/", "org.freedesktop.DBus");

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/window/ChoiceBox.h"
+
+#include <QCompleter>
+#include <QLineEdit>
+#include <QWheelEvent>
+
+#include "engine/window/ActionChoices.h"
+
+namespace qf {
+
+ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
+  setEditable(true);
+  setInsertPolicy(NoInsert);
+  setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+  completer()->setCompletionMode(QCompleter::PopupCompletion);
+  completer()->setFilterMode(Qt::MatchContains);
+  completer()->setCaseSensitivity(Qt::CaseInsensitive);
+  connect(this, &QComboBox::activated, this, [this](int index) {
+    const QString value = itemData(index, ActionChoices::valueRole).toString();
+    if (value != _value) emit chosen(value);
+  });
+  connect(lineEdit(), &QLineEdit::editingFinished, this, &ChoiceBox::chooseWhatIsTyped);
+}
+
+void ChoiceBox::setPurpose(const QString& purpose) {
+  setAccessibleDescription(purpose);  // its name is what is chosen
+  lineEdit()->setAccessibleName(purpose);
+}
+
+void ChoiceBox::showValue(QAbstractItemModel& choices, const QString& value) {
+  if (model() != &choices) {
+    setModel(&choices);
+    completer()->setModel(&choices);
+  }
+  const int index = findData(value, ActionChoices::valueRole);
+  const bool isTyping = lineEdit()->hasFocus() && lineEdit()->isModified();
+  if (value == _value && index == currentIndex() && isTyping) return;
+  _value = value;
+  setCurrentIndex(index);
+  if (index < 0) setEditText(value);
+}
+
+/// A part that fits one choice alone stands for it; anything else is taken back.
+void ChoiceBox::chooseWhatIsTyped() {
+  const QString typed = currentText();
+  int index = findText(typed, Qt::MatchFixedString);
+  if (index < 0 && !typed.isEmpty()) {
+    const auto fitting =
+        model()->match(model()->index(0, 0), Qt::DisplayRole, typed, 2, Qt::MatchContains);
+    if (fitting.size() == 1) index = fitting.first().row();
+  }
+  lineEdit()->setModified(false);
+  const QString value = index < 0 ? _value : itemData(index, ActionChoices::valueRole).toString();
+  const bool isNew = value != _value;
+  showValue(*model(), value);
+  if (isNew) emit chosen(value);
+}
+
+void ChoiceBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+}  // namespace qf

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QComboBox>
+
+namespace qf {
+
+/// A choice among many, which can be searched by typing any part of a title.
+class ChoiceBox final : public QComboBox {
+  Q_OBJECT
+
+ public:
+  explicit ChoiceBox(QWidget* parent = nullptr);
+
+  /// What a screen reader says beside the choice.
+  void setPurpose(const QString& purpose);
+  /// Shows the choice that stands for the value in this model; the value itself where none does.
+  void showValue(QAbstractItemModel& choices, const QString& value);
+
+ signals:
+  void chosen(const QString& value);
+
+ protected:
+  /// What is chosen counts at once: it must not change when a page is scrolled.
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  void chooseWhatIsTyped();
+
+  QString _value;
+};
+
+}  // namespace qf

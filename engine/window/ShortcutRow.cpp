@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/window/ShortcutRow.h"
+
+#include <QHBoxLayout>
+#include <utility>
+
+#include "engine/window/ActionChoices.h"
+#include "engine/window/RecorderServices.h"
+
+namespace qf {
+namespace {
+
+constexpr const char* currentGroup = "#current";
+
+std::optional<MASShortcut> shortcutOf(const QFKShortcutActionItem& item) {
+  const MASShortcut shortcut(item.keycode, item.modifiers);
+  return shortcut == MASShortcut(0, 0) ? std::nullopt : std::optional(shortcut);
+}
+
+}  // namespace
+
+ShortcutRow::ShortcutRow(RecorderServices& services, ActionChoices& choices, bool isPalette)
+    : _services(services),
+      _choices(choices),
+      _recorderView(new QtRecorderView({services.layout, services.announcer}, this)),
+      _recorder({*_recorderView, services.validator, services.keyNames, services.bundle,
+                 services.alert, services.sound}) {
+  _recorder.setAcceptsFirstResponder(true);
+  _recorder.shortcutValueChange = [this](MASShortcutView& recorder) {
+    if (!_isShowing) emit recorded(recorder.shortcutValue());
+  };
+  layOut(isPalette);
+}
+
+void ShortcutRow::layOut(bool isPalette) {
+  auto* keysAndAction = new QHBoxLayout;
+  keysAndAction->addWidget(_recorderView);
+  auto* stateAndPlace = new QHBoxLayout;
+  _state->setWordWrap(true);
+  _state->setTextFormat(Qt::PlainText);
+  stateAndPlace->addWidget(_state, 1);
+  if (isPalette) {
+    keysAndAction->addWidget(new QLabel(tr("shows the palette, or hides it")), 1);
+  } else {
+    _action = new QComboBox;
+    _action->setAccessibleDescription(tr("What the keys do"));
+    _action->addItems({tr("apply the cleaner"), tr("show the menu of the group")});
+    _choice = new ChoiceBox;
+    keysAndAction->addWidget(_action);
+    keysAndAction->addWidget(_choice, 1);
+    addButtons(stateAndPlace);
+    connect(_action, &QComboBox::activated, this, [this](int type) {
+      if (type == _item.type) return;
+      const bool isCleaner = type == QFKShortcutActionItem::appliesCleaner;
+      emit actionChosen(type, isCleaner ? *QFKShortcutActionItem().typeValue : currentGroup);
+    });
+    connect(_choice, &ChoiceBox::chosen, this,
+            [this](const QString& value) { emit actionChosen(_item.type, value.toStdString()); });
+  }
+  auto* lines = new QVBoxLayout(this);
+  lines->addLayout(keysAndAction);
+  lines->addLayout(stateAndPlace);
+}
+
+void ShortcutRow::addButtons(QHBoxLayout* line) {
+  const auto add = [&](const QString& text, auto signal) {
+    auto* button = new QPushButton(text);
+    button->setAutoDefault(true);
+    connect(button, &QPushButton::clicked, this, signal);
+    line->addWidget(button);
+    return button;
+  };
+  _up = add(tr("Move up"), [this] { emit moveAsked(-1); });
+  _down = add(tr("Move down"), [this] { emit moveAsked(1); });
+  _remove = add(tr("Remove"), [this] { emit removeAsked(); });
+}
+
+void ShortcutRow::showItem(const QFKShortcutActionItem& item, bool isFirst, bool isLast) {
+  _item = item;
+  const bool wasShowing = std::exchange(_isShowing, true);
+  if (_recorder.shortcutValue() != shortcutOf(item)) _recorder.setShortcutValue(shortcutOf(item));
+  _isShowing = wasShowing;
+  if (_action) showAction();
+  setTitle(heading().replace('&', "&&"));
+  if (!_action) return;
+  _up->setEnabled(!isFirst);
+  _down->setEnabled(!isLast);
+}
+
+void ShortcutRow::showAction() {
+  const bool isGroup = _item.type == QFKShortcutActionItem::popsUpGroup;
+  const bool isKnown = isGroup || _item.type == QFKShortcutActionItem::appliesCleaner;
+  _action->setCurrentIndex(isKnown ? static_cast<int>(_item.type) : -1);
+  _choice->setEnabled(isKnown);
+  _choice->setPurpose(isGroup ? tr("Group") : tr("Cleaner"));
+  _choice->showValue(isGroup ? _choices.groups() : _choices.cleaners(),
+                     QString::fromStdString(_item.typeValue.value_or("")));
+}
+
+QString ShortcutRow::heading() const {
+  const QString title = _choice ? _choice->currentText() : tr("Palette");
+  const auto shortcut = shortcutOf(_item);
+  const auto keyboard = _services.keyboard.map();
+  if (!shortcut || !keyboard) return title;
+  const KeyCombination keys{shortcut->carbonKeyCode(), shortcut->carbonFlags()};
+  return tr("%1 – %2", "action, keys").arg(title, QString::fromStdString(keyboard->label(keys)));
+}
+
+void ShortcutRow::showState(const QString& state) { _state->setText(state); }
+
+QList<QWidget*> ShortcutRow::focusChain() const {
+  if (!_action) return {_recorderView};
+  return {_recorderView, _action, _choice, _up, _down, _remove};
+}
+
+}  // namespace qf

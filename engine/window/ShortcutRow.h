@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <optional>
+
+#include "engine/window/ChoiceBox.h"
+#include "hosts/qt/QtRecorderView.h"
+#include "kit/QFKShortcutActionItem.h"
+#include "shortcuts/MASShortcutView.h"
+
+class QHBoxLayout;
+
+namespace qf {
+
+class ActionChoices;
+struct RecorderServices;
+
+/// One shortcut: its keys, what they do, whether they work, and its place among the others.
+class ShortcutRow final : public QGroupBox {
+  Q_OBJECT
+
+ public:
+  /// All outlive the row. The palette's shortcut has no action to choose and stays in its place.
+  ShortcutRow(RecorderServices& services, ActionChoices& choices, bool isPalette);
+
+  void showItem(const QFKShortcutActionItem& item, bool isFirst, bool isLast);
+  void showState(const QString& state);
+  void focusRecorder() { _recorderView->setFocus(); }
+  void focusRemoval() { _remove->setFocus(); }
+  void stopRecording() { _recorder.setRecording(false); }
+  /// In the order in which Tab goes through them.
+  QList<QWidget*> focusChain() const;
+
+ signals:
+  void recorded(const std::optional<qf::MASShortcut>& shortcut);
+  void actionChosen(std::int64_t type, const std::string& typeValue);
+  void moveAsked(int places);
+  void removeAsked();
+
+ private:
+  void layOut(bool isPalette);
+  void addButtons(QHBoxLayout* line);
+  void showAction();
+
+  /// What the shortcut does, and its keys as this desktop writes them.
+  QString heading() const;
+
+  RecorderServices& _services;
+  ActionChoices& _choices;
+  QFKShortcutActionItem _item;
+  QtRecorderView* _recorderView;
+  MASShortcutView _recorder;
+  bool _isShowing = false;
+  QComboBox* _action = nullptr;  // none for the palette's
+  ChoiceBox* _choice = nullptr;
+  QLabel* _state = new QLabel;
+  QPushButton* _up = nullptr;
+  QPushButton* _down = nullptr;
+  QPushButton* _remove = nullptr;
+};
+
+}  // namespace qf
