@@ -41,6 +41,7 @@ class NotingHost {
             .paletteWindows = behind.paletteWindows,
             .pasteboards = behind.pasteboards,
             .services = _services,
+            .shortcutReport = behind.shortcutReport,
             .sound = behind.sound,
             .statusBar = _statusBar,
             .symbolicHotKeys = behind.symbolicHotKeys,

@@ -96,10 +96,13 @@ TEST_P(EveryPage, IsReachedByTheTabKeyAlone) {
     return node.hasState(state::focusable) && role != "list item" && role != "label" &&
            role != "table cell" && role != "scroll pane" && role != "frame";
   };
-  std::set<QString> wanted;
+  std::set<QString> wanted, purposes;
   for (const Accessible& node : engine.showingNodes()) {
     if (isStop(node) && node.isEnabled()) wanted.insert(node.name());
+    if (node.role() == "combo box") purposes.insert(node.description());
   }
+  // The field in a box that can be searched is a part of it.
+  for (const QString& purpose : purposes) wanted.erase(purpose);
   std::set<QString> reached;
   for (std::size_t i = 0; i < wanted.size() + 4; ++i) {
     keyboard::press("Tab");
