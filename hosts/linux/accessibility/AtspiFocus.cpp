@@ -14,8 +14,10 @@ namespace {
 constexpr std::size_t mostObjects = 2000;
 constexpr int deepest = 40;
 
-/// Objects that may have any number of others below them, none of which takes text.
+/// Objects that may have any number of others below them, none of which takes text. Documents do,
+/// though LibreOffice's say that they manage their descendants.
 bool isCrowd(uint role, AtspiStates states) {
+  if (role == atspirole::documentText || role == atspirole::documentFrame) return false;
   return role == atspirole::menuBar || role == atspirole::list || role == atspirole::table ||
          role == atspirole::tree || role == atspirole::treeTable ||
          states.has(AtspiState::managesDescendants);
@@ -59,10 +61,12 @@ class FocusWalk {
       const AtspiStates states = atspi::states(answers[2 * i]);
       if (!isShown(_application, states)) continue;
       const bool isEditable = states.has(AtspiState::editable);
-      if (states.has(AtspiState::focused) && (isEditable || _focused.isNull()))
-        _focused = _level[i];
-      if (states.has(AtspiState::focused) && isEditable) return true;
-      if (!isCrowd(atspi::number(answers[2 * i + 1]), states)) open.push_back(_level[i]);
+      const uint role = atspi::number(answers[2 * i + 1]);
+      // LibreOffice's menu bar keeps the focus of the last menu for itself too.
+      const bool isFocused = states.has(AtspiState::focused) && role != atspirole::menuBar;
+      if (isFocused && (isEditable || _focused.isNull())) _focused = _level[i];
+      if (isFocused && isEditable) return true;
+      if (!isCrowd(role, states)) open.push_back(_level[i]);
     }
     _level = std::move(open);
     return false;

@@ -105,21 +105,30 @@ std::unique_ptr<AtspiCommand> AtspiMenuElement::command() const {
       [this, barItem] { _tree->renewItems(_application->application(), *barItem); });
 }
 
-/// What the selection and the clipboard say of Copy and Paste. Editors of KDE copy the current line
-/// where nothing is selected, and pasting would not replace it: there Copy is only possible with a
-/// selection, which Qt always knows.
+/// What the selection and the clipboard say of Copy and Paste, where they can be asked.
 std::optional<bool> AtspiMenuElement::mustBeEnabled(bool saysItIs) const {
-  const AtspiReference text = _application->settledFocus();
-  if (text.isNull() || (_node.key != copyKey && _node.key != pasteKey)) return std::nullopt;
   AtspiApplication& application = _application->application();
-  if (_node.key == copyKey) {
-    if (saysItIs && application.toolkit() != QLatin1String("Qt")) return std::nullopt;
-    const QDBusMessage count = application.ask(atspi::getSelectionCount(text));
-    if (count.type() != QDBusMessage::ReplyMessage) return std::nullopt;
-    return atspi::signedNumber(count) > 0;
-  }
-  if (saysItIs || !takesText(application, text)) return std::nullopt;
+  if (_node.key == copyKey) return mustBeAbleToCopy(saysItIs);
+  if (_node.key != pasteKey || saysItIs) return std::nullopt;
+  const AtspiReference text = _application->settledFocus();
+  if (text.isNull() || !takesText(application, text)) return std::nullopt;
   return !_application->pasteboard().string().value_or("").empty();
+}
+
+/// Editors of KDE copy the current line where nothing is selected, and pasting would not replace
+/// it: there Copy is possible with a selection only, which Qt always knows.
+/// To take a selection for none would replace the whole text: where nobody knows, such as the
+/// paragraph with the focus of a selection that lies in others, the menu has to be looked at.
+std::optional<bool> AtspiMenuElement::mustBeAbleToCopy(bool saysItIs) const {
+  AtspiApplication& application = _application->application();
+  const std::optional<bool> whenUnknown = saysItIs ? std::nullopt : std::optional(true);
+  const AtspiReference text = _application->settledFocus();
+  if (text.isNull()) return whenUnknown;
+  if (saysItIs && application.toolkit() != QLatin1String("Qt")) return std::nullopt;
+  const auto answers = application.ask({atspi::getSelectionCount(text), atspi::getRole(text)});
+  if (atspi::number(answers[1]) == atspirole::paragraph) return whenUnknown;
+  if (answers[0].type() != QDBusMessage::ReplyMessage) return std::nullopt;
+  return atspi::signedNumber(answers[0]) > 0;
 }
 
 std::optional<std::int32_t> AtspiMenuElement::processIdentifier() const {

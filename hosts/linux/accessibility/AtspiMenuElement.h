@@ -27,6 +27,7 @@ class AtspiMenuElement : public AccessibilityElement {
   std::unique_ptr<AtspiCommand> command() const;
   bool isOfOurMaking() const { return !_node.ownTitle.empty(); }
   std::optional<bool> mustBeEnabled(bool saysItIs) const;
+  std::optional<bool> mustBeAbleToCopy(bool saysItIs) const;
   AccessibilityElementRef parent() const;
   std::vector<AccessibilityElementRef> children() const;
 

@@ -20,6 +20,7 @@ constexpr int mostMenuObjects = 4000;
 constexpr int deepestSubmenu = 16;
 constexpr std::size_t mostWindowObjects = 500;
 constexpr int deepestMenuBar = 8;
+constexpr int levelsBelowMenuBar = 1;
 
 constexpr std::size_t leadingEntries = 2;
 /// Where the Edit menu is looked for.
@@ -58,7 +59,8 @@ void addOwnMenu(Node& bar) {
   add("Paste", pasteKey);
 }
 
-/// Of several menu bars, such as those that hold a window's buttons, the one with most menus.
+/// Of several menu bars on one level, such as those that hold a window's buttons, the one with most
+/// menus.
 void keepFuller(AtspiReference& bar, std::vector<AtspiReference>& menus,
                 const AtspiReference& otherBar, std::vector<AtspiReference> otherMenus) {
   if (otherMenus.size() <= menus.size()) return;
@@ -99,7 +101,10 @@ std::shared_ptr<AtspiMenuTree> AtspiMenuTree::read(AtspiApplication& application
   std::vector<AtspiReference> level = application.children(window);
   QSet<AtspiReference> seen{window};
   Children searched{{window, level}};
-  for (int depth = 0; depth < deepestMenuBar && !level.empty(); ++depth) {
+  AtspiReference bar;
+  std::vector<AtspiReference> menus;
+  int deepest = deepestMenuBar;
+  for (int depth = 0; depth < deepest && !level.empty(); ++depth) {
     std::erase_if(level, [&](const auto& object) { return seen.contains(object); });
     level.resize(std::min(level.size(), mostWindowObjects));
     seen.unite(QSet<AtspiReference>(level.begin(), level.end()));
@@ -111,13 +116,17 @@ std::shared_ptr<AtspiMenuTree> AtspiMenuTree::read(AtspiApplication& application
       if (role == atspirole::menuBar) bars.push_back(level[i]);
       if (canHoldMenuBar(role)) containers.push_back(level[i]);
     }
-    AtspiReference bar;
-    std::vector<AtspiReference> menus;
+    AtspiReference barHere;
+    std::vector<AtspiReference> menusHere;
     const auto menusOfBars = askEach(application, bars, atspi::getChildren);
     for (std::size_t i = 0; i < bars.size(); ++i)
-      keepFuller(bar, menus, bars[i], atspi::references(menusOfBars[i]));
-    if (!menus.empty())
-      return std::shared_ptr<AtspiMenuTree>(new AtspiMenuTree(bar, menus, {{bar, menus}}));
+      keepFuller(barHere, menusHere, bars[i], atspi::references(menusOfBars[i]));
+    // LibreOffice has the same bar twice. The one further out takes the keyboard when it is used.
+    if (menusHere.size() >= std::max<std::size_t>(menus.size(), 1)) {
+      if (menus.empty()) deepest = std::min(deepest, depth + 1 + levelsBelowMenuBar);
+      bar = barHere;
+      menus = menusHere;
+    }
 
     level.clear();
     const auto answers = askEach(application, containers, atspi::getChildren);
@@ -127,6 +136,8 @@ std::shared_ptr<AtspiMenuTree> AtspiMenuTree::read(AtspiApplication& application
       level.insert(level.end(), children.begin(), children.end());
     }
   }
+  if (!menus.empty())
+    return std::shared_ptr<AtspiMenuTree>(new AtspiMenuTree(bar, menus, {{bar, menus}}));
   return std::shared_ptr<AtspiMenuTree>(new AtspiMenuTree(window, {}, std::move(searched)));
 }
 

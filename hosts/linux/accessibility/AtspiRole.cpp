@@ -84,10 +84,12 @@ bool canHoldMenuBar(uint role) {
     case atspirole::panel:
     case atspirole::redundantObject:
     case atspirole::rootPane:
+    case atspirole::scrollPane:  // in LibreOffice
     case atspirole::section:
     case atspirole::splitPane:
     case atspirole::toolBar:
     case atspirole::unknown:
+    case atspirole::viewport:
     case atspirole::window:
       return true;
     default:

@@ -259,6 +259,11 @@ TEST_F(HostileApplication, MenuThatIsUpToDateOnlyWhenOpenedIsOpenedOnce) {
   auto calls = application->takeCalls();
   EXPECT_EQ(calls["DoAction"], 1);
   EXPECT_EQ(calls["ClearSelection"], 1);
+  application->change(selected, [](auto& text) { text.role = atspirole::paragraph; });
+  application->change(selected, [](auto& text) { text.selectionEnd = 0; });
+  application->setState(editor.copy, sensitive, false);
+  EXPECT_TRUE(find("C")->enabled()) << "the selection may lie in other paragraphs";
+  application->takeCalls();
 
   const auto items = std::vector{editor.copy, editor.paste};
   application->change(editor.edit, [&](auto& menu) {
@@ -318,6 +323,7 @@ TEST_F(HostileApplication, SecondRoadMakesNoSearchButSeesChanges) {
 }
 
 TEST_F(HostileApplication, PressWaitsUntilTheItemIsSensitive) {
+  addText(editor.window, atspirole::text, "text");
   const auto copy = find("C");
   ASSERT_TRUE(copy);
   application->setState(editor.copy, sensitive, false);
@@ -380,6 +386,19 @@ TEST_F(HostileApplication, FullerOfTwoBarsAndPopupsInBetween) {
   EXPECT_EQ(found->parent()->role(), "AXMenu");
   EXPECT_EQ(found->parent()->parent()->role(), "AXMenuItem");
   EXPECT_TRUE(reaches(*found, copy));
+}
+
+TEST_F(HostileApplication, InnerOfTwoEqualBars) {
+  const int panel = application->add(editor.window, atspirole::panel);
+  const int bar = application->add(panel, atspirole::menuBar);
+  application->change(bar, [&](auto& inner) {
+    const int edit = application->add(editor.window, atspirole::menu);
+    inner.children = {edit, application->add(editor.window, atspirole::menu)};
+    application->add(edit, atspirole::menuItem, "c;;<Primary>c");
+  });
+  const auto copy = find("C");
+  ASSERT_TRUE(copy);
+  EXPECT_FALSE(reaches(*copy, editor.copy));
 }
 
 TEST_F(HostileApplication, SingleMenuIsFoundToo) {
