@@ -37,19 +37,21 @@ std::map<QString, std::uint32_t> documentedCodes() {
   return codes;
 }
 
-/// Keys of the X server by the name of what they give, as xev sees them on a US keyboard.
-std::map<QString, std::uint16_t> keysSeen(Keyboard& keyboard) {
+/// Keys of the X server by the name of what they give, as xev sees them on the present layout.
+std::map<QString, std::uint16_t> keysSeen(Keyboard& keyboard, std::uint16_t first,
+                                          std::uint16_t last) {
   Program xev("xev", {"-event", "keyboard"});
   const bool isFocused = until([&] {
     keyboard.press({KEY_A});
     return xev.printed().contains("keysym");
   });
   EXPECT_TRUE(isFocused);
-  for (std::uint16_t key = KEY_ESC; key <= KEY_COMPOSE; ++key) {
+  for (std::uint16_t key = first; key <= last; ++key) {
     keyboard.press({key});
     if (key == KEY_CAPSLOCK || key == KEY_NUMLOCK) keyboard.press({key});
   }
-  until([&] { return xev.printed().contains("keycode 135"); });
+  // X counts the kernel's keys from 8.
+  until([&] { return xev.printed().contains(QString("keycode %1").arg(last + 8)); });
   std::map<QString, std::uint16_t> keys;
   static const QRegularExpression seen(R"(keycode (\d+) \(keysym 0x[0-9a-f]+, (\w+)\))");
   for (auto match = seen.globalMatch(xev.printed()); match.hasNext();) {
@@ -97,17 +99,26 @@ QString nameSeen(const QString& documented) {
   return name;
 }
 
-/// Keys that this X server's US layout gives other symbols or none: by the kernel's names.
-std::map<QString, std::vector<std::uint16_t>> keysWithoutSymbol() {
+/// Keys that keyboards of the US lack, on layouts of those that have them.
+std::map<QString, std::vector<std::uint16_t>> keysOfOtherKeyboards(Keyboard& keyboard) {
+  output("setxkbmap", {"-symbols",
+                       "pc+macintosh_vndr/jp+inet(evdev)+digital_vndr/vt+"
+                       "macintosh_vndr/apple(alukbd)"});
+  settle();
+  auto japanese = keysSeen(keyboard, KEY_RO, KEY_F20);
+  output("setxkbmap", {"us"});
+  settle();
+  auto korean = keysSeen(keyboard, KEY_KPENTER, KEY_COMPOSE);
   std::map<QString, std::vector<std::uint16_t>> keys = {
-      {"JIS: Yen", {KEY_YEN}},
-      {"JIS: Ro", {KEY_RO}},
-      {"JIS: keypad comma", {KEY_KPJPCOMMA}},
-      {"JIS: Eisu", {KEY_MUHENKAN, KEY_HANJA}},
-      {"JIS: Kana", {KEY_KATAKANAHIRAGANA, KEY_HANGEUL}},
+      {"JIS: Yen", {japanese["yen"]}},
+      {"JIS: Ro", {japanese["underscore"]}},
+      {"JIS: keypad comma", {japanese["KP_Separator"]}},
+      {"JIS: Eisu", {japanese["Muhenkan"], korean["Hangul_Hanja"]}},
+      {"JIS: Kana", {japanese["Hiragana_Katakana"], korean["Hangul"]}},
   };
-  for (std::uint16_t n = 13; n <= 20; ++n) {
-    keys["function keys: F" + QString::number(n)] = {static_cast<std::uint16_t>(KEY_F13 + n - 13)};
+  for (int n = 13; n <= 20; ++n) {
+    const QString name = "F" + QString::number(n);
+    keys["function keys: " + name] = {japanese[name]};
   }
   return keys;
 }
@@ -116,14 +127,14 @@ TEST(KeyTable, IsWhatProgramsSee) {
   Keyboard keyboard;
   const auto codes = documentedCodes();
   ASSERT_EQ(codes.size(), 106u);
-  auto seen = keysSeen(keyboard);
+  auto seen = keysSeen(keyboard, KEY_ESC, KEY_COMPOSE);
+  auto keysOf = keysOfOtherKeyboards(keyboard);
   PressCounter counter;
   for (const auto& [documented, code] : codes) {
     // Numbers are counted from 1, and key codes from 0.
     ASSERT_EQ(counter.add(code, hotKeyModifier::control, code + 1), HotKeyStatus::noError)
         << documented.toStdString();
   }
-  auto keysOf = keysWithoutSymbol();
   for (const auto& [documented, code] : codes) {
     if (!keysOf.contains(documented)) {
       ASSERT_TRUE(seen.contains(nameSeen(documented))) << documented.toStdString();
