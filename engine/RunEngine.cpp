@@ -11,10 +11,13 @@
 #include "engine/Session.h"
 #include "engine/window/QFWindow.h"
 #include "engine/window/WindowKeeper.h"
+#include "engine/window/WindowStyle.h"
 #include "foundation/Log.h"
 #include "hosts/linux/bus/BusApplicationObject.h"
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
+#include "hosts/linux/workspace/ColorScheme.h"
 #include "hosts/linux/workspace/X11Display.h"
+#include "hosts/qt/Translations.h"
 #include "kit/QFKSharedContainer.h"
 
 namespace qf {
@@ -40,8 +43,10 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv,
                                                   const Availability& display) {
   if (!display.isAvailable) return std::make_unique<QCoreApplication>(argc, argv);
   auto application = std::make_unique<QApplication>(argc, argv);
+  QApplication::setStyle(new WindowStyle);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QGuiApplication::setApplicationDisplayName("Quenfold");
+  installTranslations(XdgBundle::resourcesFolder() / "translations");
   QGuiApplication::setDesktopFileName(QString::fromUtf8(engineBundleIdentifier.data()));
   return application;
 }
@@ -112,6 +117,8 @@ int runEngine(int argc, char** argv, FirstShown firstShown) {
     session.applications.reopenRunningInstance();
     return 0;
   }
+  std::optional<ColorScheme> colorScheme;
+  if (display.isAvailable) colorScheme.emplace(session.bus);
   XcbPasteboards pasteboards;
   logUnavailable(session.applications.availability());
   logUnavailable(pasteboards.generalPasteboard().availability());

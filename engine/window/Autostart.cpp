@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/window/Autostart.h"
 
-#include <fstream>
-#include <iterator>
+#include <QCoreApplication>
+#include <cstdlib>
 #include <sstream>
 
 #include "hosts/linux/files/PrivateFiles.h"
@@ -93,7 +93,10 @@ std::optional<Error> Autostart::setOn(bool isOn) const {
   const Lines pattern = linesOf(_places.pattern).value_or(Lines());
   Lines entry = linesOf(_places.own).value_or(pattern);
   if (isOn && pattern.empty()) {
-    return Error{_places.pattern.string() + " is missing: install Quenfold anew"};
+    return Error{
+        QCoreApplication::translate("qf::Autostart", "%1 is missing: install Quenfold anew.")
+            .arg(_places.pattern.c_str())
+            .toStdString()};
   }
   set(entry, hiddenKey, isOn ? "false" : "true");
   if (isOn) {

@@ -20,6 +20,7 @@ QIcon swatch(const QColor& color) {
 
 ColorBox::ColorBox(QWidget* parent) : QComboBox(parent) {
   setAccessibleName(tr("Colour"));
+  setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   addItem(tr("Menu's own"), QString());
   add(tr("Red"), "#B3261E");
   add(tr("Orange"), "#B5541C");

@@ -31,6 +31,7 @@ QWidget* StepEditor::makeCleanerFields(const PersonalLists& lists) {
     _cleaner->addItem(lists.nameOf(token), QByteArray::fromStdString(token));
   }
   _cleaner->setAccessibleName(tr("Cleaner of this step"));
+  _cleaner->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   connect(_cleaner, &QComboBox::activated, this, &StepEditor::tell);
   auto* fields = new QWidget;
   auto* form = new QFormLayout(fields);

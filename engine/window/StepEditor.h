@@ -37,7 +37,7 @@ class StepEditor final : public QStackedWidget {
   QPlainTextEdit* _find = new QPlainTextEdit;
   QPlainTextEdit* _replace = new QPlainTextEdit;
   QCheckBox* _isExpression = new QCheckBox(tr("Regular e&xpression"));
-  QCheckBox* _ignoresCase = new QCheckBox(tr("Capitals and &small letters alike"));
+  QCheckBox* _ignoresCase = new QCheckBox(tr("&Ignore capitals"));
   bool _isBeingSet = false;
 };
 

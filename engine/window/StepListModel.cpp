@@ -10,14 +10,24 @@
 
 namespace qf {
 
+namespace {
+
+/// So that data keep their own direction within a text that runs from right to left.
+QString isolated(const std::string& data) {
+  const QString text = toQString(data).simplified();
+  const bool isNeeded = QGuiApplication::layoutDirection() == Qt::RightToLeft;
+  return isNeeded ? QChar(0x2068) + text + QChar(0x2069) : text;
+}
+
+}  // namespace
+
 StepListModel::StepListModel(const PersonalLists& lists, QObject* parent)
     : RowListModel(parent), _lists(lists) {}
 
 QString StepListModel::textOf(const CustomStep& step) const {
   if (const auto* token = std::get_if<std::string>(&step)) return _lists.nameOf(*token);
   const auto& replacement = std::get<FindReplace>(step);
-  const QString find = toQString(replacement.find).simplified();
-  const QString replace = toQString(replacement.replace).simplified();
+  const QString find = isolated(replacement.find), replace = isolated(replacement.replace);
   if (replacement.find.empty()) return tr("Find and replace");
   if (replacement.replace.empty()) return tr("Remove “%1”").arg(find);
   return tr("Replace “%1” by “%2”").arg(find, replace);

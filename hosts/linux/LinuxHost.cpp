@@ -39,6 +39,7 @@
 #include "hosts/qt/QtPaletteWindows.h"
 #include "hosts/qt/QtSound.h"
 #include "hosts/qt/QtStatusBar.h"
+#include "hosts/qt/Translations.h"
 
 namespace qf {
 namespace {
@@ -59,6 +60,7 @@ struct LinuxHost::Core {
         application(argc, argv),
         bus(QDBusConnection::sessionBus()),
         applications(bus, program.bundleIdentifier, program.activationPolicy) {
+    installTranslations(XdgBundle::resourcesFolder() / "translations");
     applications.object().setReopenHandler([this] { application.reopen(); });
   }
 

@@ -1,0 +1,677 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ar" sourcelanguage="en">
+<context>
+    <name>qf::AgentStatus</name>
+    <message>
+        <source>The menu is not installed: there is no entry %1.desktop.</source>
+        <translation>القائمة غير مثبتة: لا يوجد مدخل ‎%1.desktop.</translation>
+    </message>
+</context>
+<context>
+    <name>qf::Autostart</name>
+    <message>
+        <source>%1 is missing: install Quenfold anew.</source>
+        <translation>%1 مفقود: أعد تثبيت Quenfold.</translation>
+    </message>
+</context>
+<context>
+    <name>qf::CleanerEditor</name>
+    <message>
+        <source>Name</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>الوصف</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
+        <source>&amp;Description</source>
+        <translation>الوصف</translation>
+    </message>
+    <message>
+        <source>Col&amp;our</source>
+        <translation>اللون</translation>
+    </message>
+    <message>
+        <source>Add &amp;Cleaner</source>
+        <translation>إضافة منظّف</translation>
+    </message>
+    <message>
+        <source>Add Find and &amp;Replace</source>
+        <translation>إضافة بحث واستبدال</translation>
+    </message>
+    <message>
+        <source>Not in force yet, the stored steps count: %1</source>
+        <translation>لم يسرِ بعد، وتبقى الخطوات المحفوظة سارية: %1</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>الخطوات</translation>
+    </message>
+</context>
+<context>
+    <name>qf::CleanerFinder</name>
+    <message>
+        <source>Cleaners</source>
+        <translation>المنظّفات</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>بحث</translation>
+    </message>
+    <message>
+        <source>Search cleaners</source>
+        <translation>البحث في المنظّفات</translation>
+    </message>
+</context>
+<context>
+    <name>qf::CleanerListModel</name>
+    <message>
+        <source>%1, your own</source>
+        <translation>%1، من صنعك</translation>
+    </message>
+</context>
+<context>
+    <name>qf::CleanersPage</name>
+    <message>
+        <source>Ne&amp;w</source>
+        <translation>جديد</translation>
+    </message>
+    <message>
+        <source>Co&amp;py</source>
+        <translation>نسخ</translation>
+    </message>
+    <message>
+        <source>Makes a cleaner of your own that begins as this one</source>
+        <translation>ينشئ منظّفًا خاصًا بك يبدأ مثل هذا</translation>
+    </message>
+    <message>
+        <source>New Cleaner</source>
+        <translation>منظّف جديد</translation>
+    </message>
+    <message>
+        <source>These steps cannot be carried out yet.</source>
+        <translation>لا يمكن تنفيذ هذه الخطوات بعد.</translation>
+    </message>
+    <message>
+        <source>This one works on the clipboard alone.</source>
+        <translation>هذا يعمل على الحافظة فقط.</translation>
+    </message>
+    <message>
+        <source>Remove Cleaner</source>
+        <translation>إزالة المنظّف</translation>
+    </message>
+    <message>
+        <source>Remove the cleaner “%1”?</source>
+        <translation>هل تريد إزالة المنظّف «%1»؟</translation>
+    </message>
+    <message>
+        <source>Remo&amp;ve</source>
+        <translation>إزالة</translation>
+    </message>
+</context>
+<context>
+    <name>qf::ColorBox</name>
+    <message>
+        <source>Colour</source>
+        <translation>اللون</translation>
+    </message>
+    <message>
+        <source>Menu&apos;s own</source>
+        <translation>لون القائمة</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>أحمر</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>برتقالي</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>أخضر</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>أزرق</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>بنفسجي</translation>
+    </message>
+    <message>
+        <source>Grey</source>
+        <translation>رمادي</translation>
+    </message>
+    <message>
+        <source>Other…</source>
+        <translation>أخرى…</translation>
+    </message>
+</context>
+<context>
+    <name>qf::GroupEntriesModel</name>
+    <message>
+        <source>There is no cleaner %1</source>
+        <translation>لا يوجد منظّف %1</translation>
+    </message>
+    <message>
+        <source>Nothing</source>
+        <translation>لا شيء</translation>
+    </message>
+    <message>
+        <source>Separator</source>
+        <translation>فاصل</translation>
+    </message>
+    <message>
+        <source>Label %1</source>
+        <translation>عنوان %1</translation>
+    </message>
+</context>
+<context>
+    <name>qf::GroupsPage</name>
+    <message>
+        <source>Ne&amp;w Group</source>
+        <translation>مجموعة جديدة</translation>
+    </message>
+    <message>
+        <source>&amp;Groups</source>
+        <translation>المجموعات</translation>
+    </message>
+    <message>
+        <source>Name of the group</source>
+        <translation>اسم المجموعة</translation>
+    </message>
+    <message>
+        <source>Text of the label</source>
+        <translation>نص العنوان</translation>
+    </message>
+    <message>
+        <source>Add &amp;Label</source>
+        <translation>إضافة عنوان</translation>
+    </message>
+    <message>
+        <source>Add &amp;Separator</source>
+        <translation>إضافة فاصل</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>عنوان</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
+        <source>Label &amp;text</source>
+        <translation>نص العنوان</translation>
+    </message>
+    <message>
+        <source>Col&amp;our</source>
+        <translation>اللون</translation>
+    </message>
+    <message>
+        <source>New Group</source>
+        <translation>مجموعة جديدة</translation>
+    </message>
+    <message>
+        <source>Remove Group</source>
+        <translation>إزالة المجموعة</translation>
+    </message>
+    <message>
+        <source>Remove the group “%1”? Its cleaners stay.</source>
+        <translation>هل تريد إزالة المجموعة «%1»؟ ستبقى منظّفاتها.</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>المجموعات</translation>
+    </message>
+    <message>
+        <source>In the group</source>
+        <translation>في المجموعة</translation>
+    </message>
+    <message>
+        <source>&amp;Add to the Group</source>
+        <translation>إضافة إلى المجموعة</translation>
+    </message>
+</context>
+<context>
+    <name>qf::MenuPage</name>
+    <message>
+        <source>Folded page</source>
+        <translation>صفحة مطوية</translation>
+    </message>
+    <message>
+        <source>Broom</source>
+        <translation>مكنسة</translation>
+    </message>
+    <message>
+        <source>Quill</source>
+        <translation>ريشة</translation>
+    </message>
+    <message>
+        <source>Sparkle</source>
+        <translation>بريق</translation>
+    </message>
+    <message>
+        <source>Scissors</source>
+        <translation>مقص</translation>
+    </message>
+    <message>
+        <source>Letter Q</source>
+        <translation>حرف Q</translation>
+    </message>
+    <message>
+        <source>Icon in the tray</source>
+        <translation>الأيقونة في شريط النظام</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>القائمة</translation>
+    </message>
+    <message>
+        <source>Shows one &amp;group; the others can be chosen</source>
+        <translation>تعرض مجموعة واحدة، ويمكن اختيار غيرها</translation>
+    </message>
+    <message>
+        <source>Shows &amp;all groups as submenus</source>
+        <translation>تعرض كل المجموعات قوائمَ فرعية</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>البدء</translation>
+    </message>
+    <message>
+        <source>Show the &amp;menu in the tray after login</source>
+        <translation>إظهار القائمة في شريط النظام بعد تسجيل الدخول</translation>
+    </message>
+    <message>
+        <source>Start Quenfold in the &amp;background, without this window</source>
+        <translation>تشغيل Quenfold في الخلفية دون هذه النافذة</translation>
+    </message>
+    <message>
+        <source>Always start Quenfold with these &amp;preferences</source>
+        <translation>بدء Quenfold دائمًا بهذه التفضيلات</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>اللوحة</translation>
+    </message>
+    <message>
+        <source>Takes the &amp;keyboard when it appears</source>
+        <translation>تستقبل لوحة المفاتيح عند ظهورها</translation>
+    </message>
+</context>
+<context>
+    <name>qf::MenuSettings</name>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>تتعذر قراءة %1</translation>
+    </message>
+    <message>
+        <source>The settings could not be read. They were put aside as %1, and new ones begun.</source>
+        <translation>تعذرت قراءة الإعدادات. وُضعت جانبًا باسم %1 وبدأت إعدادات جديدة.</translation>
+    </message>
+</context>
+<context>
+    <name>qf::Pages</name>
+    <message>
+        <source>Menu</source>
+        <translation>القائمة</translation>
+    </message>
+    <message>
+        <source>Cleaners</source>
+        <translation>المنظّفات</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>المجموعات</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>الحالة</translation>
+    </message>
+</context>
+<context>
+    <name>qf::PersonalLists</name>
+    <message>
+        <source>That was changed by another program at the same moment. What you see now is how it stands; please try again.</source>
+        <translation>غيّر برنامج آخر ذلك في اللحظة نفسها. ما تراه الآن هو الوضع الحالي؛ حاول مرة أخرى.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read, so nothing can be changed here until it is mended: %2</source>
+        <translation>تتعذر قراءة %1، فلا يمكن تغيير شيء هنا حتى إصلاحه: %2</translation>
+    </message>
+    <message>
+        <source>Some of %1 cannot be used and is left out:</source>
+        <translation>بعض ما في %1 لا يصلح وقد أُهمل:</translation>
+    </message>
+    <message>
+        <source>%1 could not be changed: %2</source>
+        <translation>تعذر تغيير %1: %2</translation>
+    </message>
+    <message>
+        <source>A cleaner needs a name.</source>
+        <translation>يحتاج المنظّف إلى اسم.</translation>
+    </message>
+    <message>
+        <source>A group needs a name.</source>
+        <translation>تحتاج المجموعة إلى اسم.</translation>
+    </message>
+    <message>
+        <source>There is a group &quot;%1&quot; already.</source>
+        <translation>توجد مجموعة باسم «%1» بالفعل.</translation>
+    </message>
+</context>
+<context>
+    <name>qf::ProblemBar</name>
+    <message>
+        <source>Problem</source>
+        <translation>مشكلة</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>إخفاء</translation>
+    </message>
+</context>
+<context>
+    <name>qf::QFWindow</name>
+    <message>
+        <source>Pages</source>
+        <translation>الصفحات</translation>
+    </message>
+</context>
+<context>
+    <name>qf::QtPaletteTable</name>
+    <message>
+        <source>Cleaners</source>
+        <translation>المنظّفات</translation>
+    </message>
+    <message>
+        <source>No cleaner found</source>
+        <translation>لم يُعثر على منظّف</translation>
+    </message>
+</context>
+<context>
+    <name>qf::QtPaletteWindow</name>
+    <message>
+        <source>Edit…</source>
+        <translation>تحرير…</translation>
+    </message>
+    <message>
+        <source>Edit groups</source>
+        <translation>تحرير المجموعات</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>بحث</translation>
+    </message>
+    <message>
+        <source>Search cleaners</source>
+        <translation>البحث في المنظّفات</translation>
+    </message>
+</context>
+<context>
+    <name>qf::QtPopUpButton</name>
+    <message>
+        <source>Group: %1</source>
+        <translation>المجموعة: %1</translation>
+    </message>
+</context>
+<context>
+    <name>qf::ReorderableList</name>
+    <message>
+        <source>%1: Move Up</source>
+        <translation>%1: إلى أعلى</translation>
+    </message>
+    <message>
+        <source>Alt+Up</source>
+        <translation>Alt+Up</translation>
+    </message>
+    <message>
+        <source>%1: Move Down</source>
+        <translation>%1: إلى أسفل</translation>
+    </message>
+    <message>
+        <source>Alt+Down</source>
+        <translation>Alt+Down</translation>
+    </message>
+    <message>
+        <source>%1: Remove</source>
+        <translation>%1: إزالة</translation>
+    </message>
+    <message>
+        <source>Del</source>
+        <translation>Del</translation>
+    </message>
+</context>
+<context>
+    <name>qf::StatusPage</name>
+    <message>
+        <source>Text of other applications</source>
+        <translation>نصوص التطبيقات الأخرى</translation>
+    </message>
+    <message>
+        <source>Commands between menu and engine</source>
+        <translation>الأوامر بين القائمة والمحرك</translation>
+    </message>
+    <message>
+        <source>Your own cleaners and groups</source>
+        <translation>منظّفاتك ومجموعاتك</translation>
+    </message>
+    <message>
+        <source>News of changed settings</source>
+        <translation>أخبار تغيّر الإعدادات</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>الاختصارات</translation>
+    </message>
+    <message>
+        <source>Names of keys</source>
+        <translation>أسماء المفاتيح</translation>
+    </message>
+    <message>
+        <source>Latest command</source>
+        <translation>آخر أمر</translation>
+    </message>
+    <message>
+        <source>List of cleaners for the menu</source>
+        <translation>قائمة المنظّفات للقائمة</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>الحافظة</translation>
+    </message>
+    <message>
+        <source>Icon in the tray</source>
+        <translation>الأيقونة في شريط النظام</translation>
+    </message>
+    <message>
+        <source>Windows and applications</source>
+        <translation>النوافذ والتطبيقات</translation>
+    </message>
+    <message>
+        <source>%1: works</source>
+        <translation>%1: يعمل</translation>
+    </message>
+    <message>
+        <source>Services of the menu</source>
+        <translation>خدمات القائمة</translation>
+    </message>
+    <message>
+        <source>Services of the engine</source>
+        <translation>خدمات المحرك</translation>
+    </message>
+    <message>
+        <source>Menu in the tray</source>
+        <translation>القائمة في شريط النظام</translation>
+    </message>
+    <message>
+        <source>Engine</source>
+        <translation>المحرك</translation>
+    </message>
+    <message>
+        <source>The menu runs.</source>
+        <translation>القائمة تعمل.</translation>
+    </message>
+    <message>
+        <source>The menu does not run.</source>
+        <translation>القائمة لا تعمل.</translation>
+    </message>
+    <message>
+        <source>The menu runs, but does not answer.</source>
+        <translation>القائمة تعمل لكنها لا تستجيب.</translation>
+    </message>
+    <message>
+        <source>&amp;Start the Menu</source>
+        <translation>تشغيل القائمة</translation>
+    </message>
+</context>
+<context>
+    <name>qf::StepEditor</name>
+    <message>
+        <source>Cleaner of this step</source>
+        <translation>منظّف هذه الخطوة</translation>
+    </message>
+    <message>
+        <source>C&amp;leaner</source>
+        <translation>المنظّف</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>البحث عن</translation>
+    </message>
+    <message>
+        <source>Replace by</source>
+        <translation>الاستبدال بـ</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>البحث عن</translation>
+    </message>
+    <message>
+        <source>Replace &amp;by</source>
+        <translation>الاستبدال بـ</translation>
+    </message>
+    <message>
+        <source>Regular e&amp;xpression</source>
+        <translation>تعبير نمطي</translation>
+    </message>
+    <message>
+        <source>&amp;Ignore capitals</source>
+        <translation>تجاهل حالة الأحرف</translation>
+    </message>
+</context>
+<context>
+    <name>qf::StepFault</name>
+    <message>
+        <source>a parenthesis has no partner</source>
+        <translation>قوس بلا نظير</translation>
+    </message>
+    <message>
+        <source>a square bracket is not closed</source>
+        <translation>قوس مربع غير مغلق</translation>
+    </message>
+    <message>
+        <source>a backslash stands before something it cannot</source>
+        <translation>شرطة مائلة قبل ما لا تصح قبله</translation>
+    </message>
+    <message>
+        <source>braces want a number, or two, in them</source>
+        <translation>يجب أن تحوي الأقواس المعقوفة عددًا أو عددين</translation>
+    </message>
+    <message>
+        <source>in braces the smaller number comes first</source>
+        <translation>يأتي العدد الأصغر أولًا في الأقواس المعقوفة</translation>
+    </message>
+    <message>
+        <source>there is no group of that number</source>
+        <translation>لا توجد مجموعة بهذا الرقم</translation>
+    </message>
+    <message>
+        <source>a range of characters runs backwards</source>
+        <translation>نطاق أحرف معكوس</translation>
+    </message>
+    <message>
+        <source>looking behind needs a limited length</source>
+        <translation>يحتاج النظر إلى الخلف طولًا محدودًا</translation>
+    </message>
+    <message>
+        <source>there is no such kind of characters</source>
+        <translation>لا يوجد هذا النوع من الأحرف</translation>
+    </message>
+    <message>
+        <source>something stands where it cannot</source>
+        <translation>شيء في غير موضعه</translation>
+    </message>
+    <message>
+        <source>There is nothing to find.</source>
+        <translation>لا يوجد ما يُبحث عنه.</translation>
+    </message>
+    <message>
+        <source>The regular expression is wrong after its character number %1: %2.</source>
+        <translation>التعبير النمطي خاطئ بعد الحرف رقم %1: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>qf::StepListModel</name>
+    <message>
+        <source>Find and replace</source>
+        <translation>بحث واستبدال</translation>
+    </message>
+    <message>
+        <source>Remove “%1”</source>
+        <translation>إزالة «%1»</translation>
+    </message>
+    <message>
+        <source>Replace “%1” by “%2”</source>
+        <translation>استبدال «%1» بـ «%2»</translation>
+    </message>
+    <message>
+        <source>A cleaner needs at least one step.</source>
+        <translation>يحتاج المنظّف إلى خطوة واحدة على الأقل.</translation>
+    </message>
+    <message>
+        <source>Step %1: %2</source>
+        <translation>الخطوة %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>qf::StoredSwitch</name>
+    <message>
+        <source>The settings %1.plist could not be written. See that you may write in your configuration folder.</source>
+        <translation>تعذرت كتابة الإعدادات ‎%1.plist. تأكد من أن مجلد الإعدادات قابل للكتابة.</translation>
+    </message>
+</context>
+<context>
+    <name>qf::TrialPane</name>
+    <message>
+        <source>  Some   text to try,
+with “quotes” — and	more.  </source>
+        <translation>  نص   للتجربة،
+فيه «اقتباس» — و	غيره.  </translation>
+    </message>
+    <message>
+        <source>Sample</source>
+        <translation>عينة</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>النتيجة</translation>
+    </message>
+    <message>
+        <source>&amp;Try it here</source>
+        <translation>جرّبه هنا</translation>
+    </message>
+    <message>
+        <source>Left as it is: %1</source>
+        <translation>بقي كما هو: %1</translation>
+    </message>
+</context>
+</TS>

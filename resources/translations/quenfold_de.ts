@@ -1,0 +1,677 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>qf::AgentStatus</name>
+    <message>
+        <source>The menu is not installed: there is no entry %1.desktop.</source>
+        <translation>Das Menü ist nicht installiert: Es gibt keinen Eintrag %1.desktop.</translation>
+    </message>
+</context>
+<context>
+    <name>qf::Autostart</name>
+    <message>
+        <source>%1 is missing: install Quenfold anew.</source>
+        <translation>%1 fehlt: Bitte Quenfold neu installieren.</translation>
+    </message>
+</context>
+<context>
+    <name>qf::CleanerEditor</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>N&amp;ame</translation>
+    </message>
+    <message>
+        <source>&amp;Description</source>
+        <translation>&amp;Beschreibung</translation>
+    </message>
+    <message>
+        <source>Col&amp;our</source>
+        <translation>&amp;Farbe</translation>
+    </message>
+    <message>
+        <source>Add &amp;Cleaner</source>
+        <translation>Bereini&amp;gung dazu</translation>
+    </message>
+    <message>
+        <source>Add Find and &amp;Replace</source>
+        <translation>S&amp;uchen und Ersetzen dazu</translation>
+    </message>
+    <message>
+        <source>Not in force yet, the stored steps count: %1</source>
+        <translation>Gilt noch nicht, es zählen die gespeicherten Schritte: %1</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>Schritte</translation>
+    </message>
+</context>
+<context>
+    <name>qf::CleanerFinder</name>
+    <message>
+        <source>Cleaners</source>
+        <translation>Bereinigungen</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Search cleaners</source>
+        <translation>Bereinigungen suchen</translation>
+    </message>
+</context>
+<context>
+    <name>qf::CleanerListModel</name>
+    <message>
+        <source>%1, your own</source>
+        <translation>%1, eigene</translation>
+    </message>
+</context>
+<context>
+    <name>qf::CleanersPage</name>
+    <message>
+        <source>Ne&amp;w</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>Co&amp;py</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Makes a cleaner of your own that begins as this one</source>
+        <translation>Macht eine eigene Bereinigung, die wie diese beginnt</translation>
+    </message>
+    <message>
+        <source>New Cleaner</source>
+        <translation>Neue Bereinigung</translation>
+    </message>
+    <message>
+        <source>These steps cannot be carried out yet.</source>
+        <translation>Diese Schritte sind noch nicht ausführbar.</translation>
+    </message>
+    <message>
+        <source>This one works on the clipboard alone.</source>
+        <translation>Diese wirkt nur auf die Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>Remove Cleaner</source>
+        <translation>Bereinigung entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the cleaner “%1”?</source>
+        <translation>Die Bereinigung „%1“ entfernen?</translation>
+    </message>
+    <message>
+        <source>Remo&amp;ve</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>qf::ColorBox</name>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Menu&apos;s own</source>
+        <translation>Wie im Menü</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>Orange</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>Violett</translation>
+    </message>
+    <message>
+        <source>Grey</source>
+        <translation>Grau</translation>
+    </message>
+    <message>
+        <source>Other…</source>
+        <translation>Andere …</translation>
+    </message>
+</context>
+<context>
+    <name>qf::GroupEntriesModel</name>
+    <message>
+        <source>There is no cleaner %1</source>
+        <translation>Es gibt keine Bereinigung %1</translation>
+    </message>
+    <message>
+        <source>Nothing</source>
+        <translation>Nichts</translation>
+    </message>
+    <message>
+        <source>Separator</source>
+        <translation>Trennlinie</translation>
+    </message>
+    <message>
+        <source>Label %1</source>
+        <translation>Überschrift %1</translation>
+    </message>
+</context>
+<context>
+    <name>qf::GroupsPage</name>
+    <message>
+        <source>Ne&amp;w Group</source>
+        <translation>&amp;Neue Gruppe</translation>
+    </message>
+    <message>
+        <source>&amp;Groups</source>
+        <translation>&amp;Gruppen</translation>
+    </message>
+    <message>
+        <source>Name of the group</source>
+        <translation>Name der Gruppe</translation>
+    </message>
+    <message>
+        <source>Text of the label</source>
+        <translation>Text der Überschrift</translation>
+    </message>
+    <message>
+        <source>Add &amp;Label</source>
+        <translation>Übersch&amp;rift dazu</translation>
+    </message>
+    <message>
+        <source>Add &amp;Separator</source>
+        <translation>&amp;Trennlinie dazu</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Überschrift</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>N&amp;ame</translation>
+    </message>
+    <message>
+        <source>Label &amp;text</source>
+        <translation>Te&amp;xt</translation>
+    </message>
+    <message>
+        <source>Col&amp;our</source>
+        <translation>&amp;Farbe</translation>
+    </message>
+    <message>
+        <source>New Group</source>
+        <translation>Neue Gruppe</translation>
+    </message>
+    <message>
+        <source>Remove Group</source>
+        <translation>Gruppe entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the group “%1”? Its cleaners stay.</source>
+        <translation>Die Gruppe „%1“ entfernen? Ihre Bereinigungen bleiben.</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Gruppen</translation>
+    </message>
+    <message>
+        <source>In the group</source>
+        <translation>In der Gruppe</translation>
+    </message>
+    <message>
+        <source>&amp;Add to the Group</source>
+        <translation>&amp;Zur Gruppe hinzufügen</translation>
+    </message>
+</context>
+<context>
+    <name>qf::MenuPage</name>
+    <message>
+        <source>Folded page</source>
+        <translation>Gefaltetes Blatt</translation>
+    </message>
+    <message>
+        <source>Broom</source>
+        <translation>Besen</translation>
+    </message>
+    <message>
+        <source>Quill</source>
+        <translation>Feder</translation>
+    </message>
+    <message>
+        <source>Sparkle</source>
+        <translation>Funkeln</translation>
+    </message>
+    <message>
+        <source>Scissors</source>
+        <translation>Schere</translation>
+    </message>
+    <message>
+        <source>Letter Q</source>
+        <translation>Buchstabe Q</translation>
+    </message>
+    <message>
+        <source>Icon in the tray</source>
+        <translation>Symbol im Panel</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Shows one &amp;group; the others can be chosen</source>
+        <translation>Zeigt eine &amp;Gruppe; die anderen sind wählbar</translation>
+    </message>
+    <message>
+        <source>Shows &amp;all groups as submenus</source>
+        <translation>Zeigt &amp;alle Gruppen als Untermenüs</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Show the &amp;menu in the tray after login</source>
+        <translation>Das &amp;Menü nach der Anmeldung im Panel zeigen</translation>
+    </message>
+    <message>
+        <source>Start Quenfold in the &amp;background, without this window</source>
+        <translation>Quenfold im &amp;Hintergrund starten, ohne dieses Fenster</translation>
+    </message>
+    <message>
+        <source>Always start Quenfold with these &amp;preferences</source>
+        <translation>Quenfold immer mit diesen &amp;Einstellungen starten</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>Takes the &amp;keyboard when it appears</source>
+        <translation>Übernimmt beim Erscheinen die &amp;Tastatur</translation>
+    </message>
+</context>
+<context>
+    <name>qf::MenuSettings</name>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>%1 ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>The settings could not be read. They were put aside as %1, and new ones begun.</source>
+        <translation>Die Einstellungen waren nicht lesbar. Sie liegen nun als %1 beiseite, und neue sind begonnen.</translation>
+    </message>
+</context>
+<context>
+    <name>qf::Pages</name>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Cleaners</source>
+        <translation>Bereinigungen</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Gruppen</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+</context>
+<context>
+    <name>qf::PersonalLists</name>
+    <message>
+        <source>That was changed by another program at the same moment. What you see now is how it stands; please try again.</source>
+        <translation>Das hat ein anderes Programm im selben Augenblick geändert. Zu sehen ist jetzt der neue Stand; bitte noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read, so nothing can be changed here until it is mended: %2</source>
+        <translation>%1 ist nicht lesbar; hier lässt sich nichts ändern, bis das behoben ist: %2</translation>
+    </message>
+    <message>
+        <source>Some of %1 cannot be used and is left out:</source>
+        <translation>Einiges in %1 ist nicht brauchbar und bleibt weg:</translation>
+    </message>
+    <message>
+        <source>%1 could not be changed: %2</source>
+        <translation>%1 konnte nicht geändert werden: %2</translation>
+    </message>
+    <message>
+        <source>A cleaner needs a name.</source>
+        <translation>Eine Bereinigung braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>A group needs a name.</source>
+        <translation>Eine Gruppe braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>There is a group &quot;%1&quot; already.</source>
+        <translation>Es gibt schon eine Gruppe „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>qf::ProblemBar</name>
+    <message>
+        <source>Problem</source>
+        <translation>Problem</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Ausblenden</translation>
+    </message>
+</context>
+<context>
+    <name>qf::QFWindow</name>
+    <message>
+        <source>Pages</source>
+        <translation>Seiten</translation>
+    </message>
+</context>
+<context>
+    <name>qf::QtPaletteTable</name>
+    <message>
+        <source>Cleaners</source>
+        <translation>Bereinigungen</translation>
+    </message>
+    <message>
+        <source>No cleaner found</source>
+        <translation>Keine Bereinigung gefunden</translation>
+    </message>
+</context>
+<context>
+    <name>qf::QtPaletteWindow</name>
+    <message>
+        <source>Edit…</source>
+        <translation>Bearbeiten …</translation>
+    </message>
+    <message>
+        <source>Edit groups</source>
+        <translation>Gruppen bearbeiten</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Search cleaners</source>
+        <translation>Bereinigungen suchen</translation>
+    </message>
+</context>
+<context>
+    <name>qf::QtPopUpButton</name>
+    <message>
+        <source>Group: %1</source>
+        <translation>Gruppe: %1</translation>
+    </message>
+</context>
+<context>
+    <name>qf::ReorderableList</name>
+    <message>
+        <source>%1: Move Up</source>
+        <translation>%1: nach oben</translation>
+    </message>
+    <message>
+        <source>Alt+Up</source>
+        <translation>Alt+Auf</translation>
+    </message>
+    <message>
+        <source>%1: Move Down</source>
+        <translation>%1: nach unten</translation>
+    </message>
+    <message>
+        <source>Alt+Down</source>
+        <translation>Alt+Ab</translation>
+    </message>
+    <message>
+        <source>%1: Remove</source>
+        <translation>%1: entfernen</translation>
+    </message>
+    <message>
+        <source>Del</source>
+        <translation>Entf</translation>
+    </message>
+</context>
+<context>
+    <name>qf::StatusPage</name>
+    <message>
+        <source>Text of other applications</source>
+        <translation>Text anderer Anwendungen</translation>
+    </message>
+    <message>
+        <source>Commands between menu and engine</source>
+        <translation>Befehle zwischen Menü und Engine</translation>
+    </message>
+    <message>
+        <source>Your own cleaners and groups</source>
+        <translation>Eigene Bereinigungen und Gruppen</translation>
+    </message>
+    <message>
+        <source>News of changed settings</source>
+        <translation>Nachricht von geänderten Einstellungen</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Names of keys</source>
+        <translation>Namen der Tasten</translation>
+    </message>
+    <message>
+        <source>Latest command</source>
+        <translation>Letzter Befehl</translation>
+    </message>
+    <message>
+        <source>List of cleaners for the menu</source>
+        <translation>Liste der Bereinigungen für das Menü</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Icon in the tray</source>
+        <translation>Symbol im Panel</translation>
+    </message>
+    <message>
+        <source>Windows and applications</source>
+        <translation>Fenster und Anwendungen</translation>
+    </message>
+    <message>
+        <source>%1: works</source>
+        <translation>%1: funktioniert</translation>
+    </message>
+    <message>
+        <source>Services of the menu</source>
+        <translation>Dienste des Menüs</translation>
+    </message>
+    <message>
+        <source>Services of the engine</source>
+        <translation>Dienste der Engine</translation>
+    </message>
+    <message>
+        <source>Menu in the tray</source>
+        <translation>Menü im Panel</translation>
+    </message>
+    <message>
+        <source>Engine</source>
+        <translation>Engine</translation>
+    </message>
+    <message>
+        <source>The menu runs.</source>
+        <translation>Das Menü läuft.</translation>
+    </message>
+    <message>
+        <source>The menu does not run.</source>
+        <translation>Das Menü läuft nicht.</translation>
+    </message>
+    <message>
+        <source>The menu runs, but does not answer.</source>
+        <translation>Das Menü läuft, antwortet aber nicht.</translation>
+    </message>
+    <message>
+        <source>&amp;Start the Menu</source>
+        <translation>Das Menü &amp;starten</translation>
+    </message>
+</context>
+<context>
+    <name>qf::StepEditor</name>
+    <message>
+        <source>Cleaner of this step</source>
+        <translation>Bereinigung dieses Schritts</translation>
+    </message>
+    <message>
+        <source>C&amp;leaner</source>
+        <translation>Bere&amp;inigung</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Replace by</source>
+        <translation>Ersetzen durch</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>Su&amp;chen</translation>
+    </message>
+    <message>
+        <source>Replace &amp;by</source>
+        <translation>E&amp;rsetzen durch</translation>
+    </message>
+    <message>
+        <source>Regular e&amp;xpression</source>
+        <translation>Regulärer Aus&amp;druck</translation>
+    </message>
+    <message>
+        <source>&amp;Ignore capitals</source>
+        <translation>Groß und klein g&amp;leich</translation>
+    </message>
+</context>
+<context>
+    <name>qf::StepFault</name>
+    <message>
+        <source>a parenthesis has no partner</source>
+        <translation>einer runden Klammer fehlt die andere</translation>
+    </message>
+    <message>
+        <source>a square bracket is not closed</source>
+        <translation>eine eckige Klammer ist nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>a backslash stands before something it cannot</source>
+        <translation>nach einem Rückstrich steht etwas, das dort nicht stehen kann</translation>
+    </message>
+    <message>
+        <source>braces want a number, or two, in them</source>
+        <translation>in geschweiften Klammern stehen eine Zahl oder zwei</translation>
+    </message>
+    <message>
+        <source>in braces the smaller number comes first</source>
+        <translation>in geschweiften Klammern kommt die kleinere Zahl zuerst</translation>
+    </message>
+    <message>
+        <source>there is no group of that number</source>
+        <translation>eine Gruppe dieser Nummer gibt es nicht</translation>
+    </message>
+    <message>
+        <source>a range of characters runs backwards</source>
+        <translation>ein Zeichenbereich läuft rückwärts</translation>
+    </message>
+    <message>
+        <source>looking behind needs a limited length</source>
+        <translation>der Blick zurück braucht eine begrenzte Länge</translation>
+    </message>
+    <message>
+        <source>there is no such kind of characters</source>
+        <translation>eine solche Art von Zeichen gibt es nicht</translation>
+    </message>
+    <message>
+        <source>something stands where it cannot</source>
+        <translation>etwas steht, wo es nicht stehen kann</translation>
+    </message>
+    <message>
+        <source>There is nothing to find.</source>
+        <translation>Es gibt nichts zu suchen.</translation>
+    </message>
+    <message>
+        <source>The regular expression is wrong after its character number %1: %2.</source>
+        <translation>Der reguläre Ausdruck ist nach seinem %1. Zeichen falsch: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>qf::StepListModel</name>
+    <message>
+        <source>Find and replace</source>
+        <translation>Suchen und ersetzen</translation>
+    </message>
+    <message>
+        <source>Remove “%1”</source>
+        <translation>„%1“ entfernen</translation>
+    </message>
+    <message>
+        <source>Replace “%1” by “%2”</source>
+        <translation>„%1“ durch „%2“ ersetzen</translation>
+    </message>
+    <message>
+        <source>A cleaner needs at least one step.</source>
+        <translation>Eine Bereinigung braucht mindestens einen Schritt.</translation>
+    </message>
+    <message>
+        <source>Step %1: %2</source>
+        <translation>Schritt %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>qf::StoredSwitch</name>
+    <message>
+        <source>The settings %1.plist could not be written. See that you may write in your configuration folder.</source>
+        <translation>Die Einstellungen %1.plist konnten nicht geschrieben werden. Bitte prüfen, ob der Konfigurationsordner beschreibbar ist.</translation>
+    </message>
+</context>
+<context>
+    <name>qf::TrialPane</name>
+    <message>
+        <source>  Some   text to try,
+with “quotes” — and	more.  </source>
+        <translation>  Etwas   Text zum Probieren,
+mit „Zitaten“ — und	mehr.  </translation>
+    </message>
+    <message>
+        <source>Sample</source>
+        <translation>Probetext</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>&amp;Try it here</source>
+        <translation>Hier aus&amp;probieren</translation>
+    </message>
+    <message>
+        <source>Left as it is: %1</source>
+        <translation>Bleibt, wie er ist: %1</translation>
+    </message>
+</context>
+</TS>
