@@ -44,7 +44,11 @@ QWidget* CleanersPage::makeListSide() {
   connect(copyButton, &QPushButton::clicked, this, &CleanersPage::copyCurrent);
   connect(_remove, &QPushButton::clicked, this, &CleanersPage::removeCurrent);
   auto* buttons = new QHBoxLayout;
-  for (QPushButton* button : {addButton, copyButton, _remove}) buttons->addWidget(button);
+  for (QPushButton* button : {addButton, copyButton, _remove}) {
+    constexpr int margin = 16;  // less than the style's, so that the page fits a small screen
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) + margin);
+    buttons->addWidget(button);
+  }
   auto* side = new QWidget;
   auto* column = new QVBoxLayout(side);
   column->setContentsMargins({});
