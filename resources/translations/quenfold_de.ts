@@ -2,6 +2,40 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>qf::ActionChoices</name>
+    <message>
+        <source>The group that the menu shows</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qf::AgentShortcuts</name>
+    <message>
+        <source>Not active: Quenfold&apos;s menu does not run</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No keys are recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not active: these keys are needed for typing; add Ctrl or Super</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not active: a shortcut further down has the same keys</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not active: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>qf::AgentStatus</name>
     <message>
         <source>The menu is not installed: there is no entry %1.desktop.</source>
@@ -336,6 +370,10 @@
         <source>Status</source>
         <translation>Status</translation>
     </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation type="unfinished">Tastenkürzel</translation>
+    </message>
 </context>
 <context>
     <name>qf::PersonalLists</name>
@@ -448,6 +486,69 @@
     <message>
         <source>Del</source>
         <translation>Entf</translation>
+    </message>
+</context>
+<context>
+    <name>qf::ShortcutRow</name>
+    <message>
+        <source>shows the palette, or hides it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What the keys do</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>apply the cleaner</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>show the menu of the group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cleaner</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation type="unfinished">Palette</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <comment>action, keys</comment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>qf::ShortcutsPage</name>
+    <message>
+        <source>These keys work in every application. Click a field, or press Space in it, then the keys.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No keys can be recorded: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Add a shortcut</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
