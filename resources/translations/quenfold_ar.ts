@@ -2,6 +2,40 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ar" sourcelanguage="en">
 <context>
+    <name>qf::ActionChoices</name>
+    <message>
+        <source>The group that the menu shows</source>
+        <translation>المجموعة التي تعرضها القائمة</translation>
+    </message>
+</context>
+<context>
+    <name>qf::AgentShortcuts</name>
+    <message>
+        <source>Not active: Quenfold&apos;s menu does not run</source>
+        <translation>غير فعّال: قائمة Quenfold لا تعمل</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>فعّال</translation>
+    </message>
+    <message>
+        <source>No keys are recorded</source>
+        <translation>لم تُسجّل مفاتيح</translation>
+    </message>
+    <message>
+        <source>Not active: these keys are needed for typing; add Ctrl or Super</source>
+        <translation>غير فعّال: هذه المفاتيح لازمة للكتابة؛ أضف Ctrl أو Super</translation>
+    </message>
+    <message>
+        <source>Not active: a shortcut further down has the same keys</source>
+        <translation>غير فعّال: لاختصار أسفله المفاتيح نفسها</translation>
+    </message>
+    <message>
+        <source>Not active: %1</source>
+        <translation>غير فعّال: %1</translation>
+    </message>
+</context>
+<context>
     <name>qf::AgentStatus</name>
     <message>
         <source>The menu is not installed: there is no entry %1.desktop.</source>
@@ -336,6 +370,10 @@
         <source>Status</source>
         <translation>الحالة</translation>
     </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>الاختصارات</translation>
+    </message>
 </context>
 <context>
     <name>qf::PersonalLists</name>
@@ -448,6 +486,69 @@
     <message>
         <source>Del</source>
         <translation>Del</translation>
+    </message>
+</context>
+<context>
+    <name>qf::ShortcutRow</name>
+    <message>
+        <source>shows the palette, or hides it</source>
+        <translation>يظهر اللوحة أو يخفيها</translation>
+    </message>
+    <message>
+        <source>What the keys do</source>
+        <translation>ما تفعله المفاتيح</translation>
+    </message>
+    <message>
+        <source>apply the cleaner</source>
+        <translation>تطبيق المنظّف</translation>
+    </message>
+    <message>
+        <source>show the menu of the group</source>
+        <translation>عرض قائمة المجموعة</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>إلى أعلى</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>إلى أسفل</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>إزالة</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>المجموعة</translation>
+    </message>
+    <message>
+        <source>Cleaner</source>
+        <translation>المنظّف</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>اللوحة</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <comment>action, keys</comment>
+        <translation>%1 – %2</translation>
+    </message>
+</context>
+<context>
+    <name>qf::ShortcutsPage</name>
+    <message>
+        <source>These keys work in every application. Click a field, or press Space in it, then the keys.</source>
+        <translation>تعمل هذه المفاتيح في كل تطبيق. انقر حقلًا أو اضغط مفتاح المسافة فيه، ثم المفاتيح.</translation>
+    </message>
+    <message>
+        <source>No keys can be recorded: %1</source>
+        <translation>لا يمكن تسجيل مفاتيح: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Add a shortcut</source>
+        <translation>إضافة اختصار</translation>
     </message>
 </context>
 <context>

@@ -5,34 +5,34 @@
     <name>qf::ActionChoices</name>
     <message>
         <source>The group that the menu shows</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe, die das Menü zeigt</translation>
     </message>
 </context>
 <context>
     <name>qf::AgentShortcuts</name>
     <message>
         <source>Not active: Quenfold&apos;s menu does not run</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht aktiv: Das Menü von Quenfold läuft nicht</translation>
     </message>
     <message>
         <source>Active</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktiv</translation>
     </message>
     <message>
         <source>No keys are recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Tasten aufgenommen</translation>
     </message>
     <message>
         <source>Not active: these keys are needed for typing; add Ctrl or Super</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht aktiv: Diese Tasten werden zum Schreiben gebraucht; bitte Strg oder Super dazunehmen</translation>
     </message>
     <message>
         <source>Not active: a shortcut further down has the same keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht aktiv: Ein Tastenkürzel weiter unten hat dieselben Tasten</translation>
     </message>
     <message>
         <source>Not active: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht aktiv: %1</translation>
     </message>
 </context>
 <context>
@@ -372,7 +372,7 @@
     </message>
     <message>
         <source>Shortcuts</source>
-        <translation type="unfinished">Tastenkürzel</translation>
+        <translation>Tastenkürzel</translation>
     </message>
 </context>
 <context>
@@ -492,63 +492,63 @@
     <name>qf::ShortcutRow</name>
     <message>
         <source>shows the palette, or hides it</source>
-        <translation type="unfinished"></translation>
+        <translation>zeigt die Palette oder blendet sie aus</translation>
     </message>
     <message>
         <source>What the keys do</source>
-        <translation type="unfinished"></translation>
+        <translation>Was die Tasten tun</translation>
     </message>
     <message>
         <source>apply the cleaner</source>
-        <translation type="unfinished"></translation>
+        <translation>die Bereinigung anwenden</translation>
     </message>
     <message>
         <source>show the menu of the group</source>
-        <translation type="unfinished"></translation>
+        <translation>das Menü der Gruppe zeigen</translation>
     </message>
     <message>
         <source>Move up</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach oben</translation>
     </message>
     <message>
         <source>Move down</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach unten</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Entfernen</translation>
     </message>
     <message>
         <source>Group</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe</translation>
     </message>
     <message>
         <source>Cleaner</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereinigung</translation>
     </message>
     <message>
         <source>Palette</source>
-        <translation type="unfinished">Palette</translation>
+        <translation>Palette</translation>
     </message>
     <message>
         <source>%1 – %2</source>
         <comment>action, keys</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 – %2</translation>
     </message>
 </context>
 <context>
     <name>qf::ShortcutsPage</name>
     <message>
         <source>These keys work in every application. Click a field, or press Space in it, then the keys.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Tasten wirken in jeder Anwendung. Ein Feld anklicken oder darin die Leertaste drücken, dann die Tasten.</translation>
     </message>
     <message>
         <source>No keys can be recorded: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Es lassen sich keine Tasten aufnehmen: %1</translation>
     </message>
     <message>
         <source>&amp;Add a shortcut</source>
-        <translation type="unfinished"></translation>
+        <translation>Tastenkürzel &amp;hinzufügen</translation>
     </message>
 </context>
 <context>
