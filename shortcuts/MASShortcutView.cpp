@@ -201,17 +201,18 @@ std::vector<RecorderCell> MASShortcutView::drawRect() const {
   Rect shortcutRect;
   getShortcutRect(&shortcutRect, nullptr);
   if (!_shortcutValue && !_isRecording) {
-    return {cell(localized("Record Shortcut"), center, false, bounds)};
+    return {drawInRect(bounds, localized("Record Shortcut"), center, false)};
   }
   std::vector<RecorderCell> cells;
   if (_isRecording) {
-    cells.push_back(cell(escapeGlyph, right, false, bounds));
+    cells.push_back(drawInRect(bounds, escapeGlyph, right, false));
   } else if (showsDeleteButton) {
-    cells.push_back(cell(deleteGlyph, right, false, bounds));
+    cells.push_back(drawInRect(bounds, deleteGlyph, right, false));
   }
   cells.push_back(
-      cell(_isRecording ? titleWhileRecording() : _shortcutValue->description(_with.keyNames),
-           center, _isRecording, shortcutRect));
+      drawInRect(shortcutRect,
+                 _isRecording ? titleWhileRecording() : _shortcutValue->description(_with.keyNames),
+                 center, _isRecording));
   return cells;
 }
 
@@ -221,12 +222,12 @@ std::string MASShortcutView::titleWhileRecording() const {
   return localized(_shortcutValue ? "Type New Shortcut" : "Type Shortcut");
 }
 
-RecorderCell MASShortcutView::cell(std::string title, RecorderCell::Alignment alignment, bool isOn,
-                                   const Rect& rect) const {
+RecorderCell MASShortcutView::drawInRect(const Rect& rect, std::string title,
+                                         RecorderCell::Alignment alignment, bool state) const {
   RecorderCell result = shortcutCellClass();
   result.title = std::move(title);
   result.alignment = alignment;
-  result.isOn = isOn;
+  result.isOn = state;
   result.isEnabled = _isEnabled;
   result.style = _style;
   result.fontSize = recorderFontSize;

@@ -112,8 +112,8 @@ class MASShortcutView : public RecorderViewDelegate {
   void tellTaken(const MASShortcut& shortcut, const std::string& explanation);
   void announceResult();
 
-  RecorderCell cell(std::string title, RecorderCell::Alignment alignment, bool isOn,
-                    const Rect& rect) const;
+  RecorderCell drawInRect(const Rect& rect, std::string title, RecorderCell::Alignment alignment,
+                          bool state) const;
   std::string titleWhileRecording() const;
   std::string localized(std::string_view key) const;
 

@@ -1,47 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/window/AgentShortcuts.h"
 
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-
-#include "hosts/linux/bus/SessionBus.h"
-#include "kit/QFKIdentifiers.h"
-
 namespace qf {
-namespace {
 
-constexpr int limitInMilliseconds = 3000;
-
-}  // namespace
-
-AgentShortcuts::AgentShortcuts(const QDBusConnection& bus)
-    : _bus(bus),
-      _watcher(toQString(agentBundleIdentifier), _bus, QDBusServiceWatcher::WatchForOwnerChange) {
-  connect(&_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &AgentShortcuts::ask);
-}
-
-void AgentShortcuts::ask() {
-  QDBusMessage question =
-      busCall(toQString(agentBundleIdentifier), bus::statusPath,
-              QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-  question << QStringLiteral("org.quenfold.Status1") << QStringLiteral("Shortcuts");
-  auto* call = new QDBusPendingCallWatcher(_bus.asyncCall(question, limitInMilliseconds), this);
-  connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
-    call->deleteLater();
-    const QDBusPendingReply<QDBusVariant> reply = *call;
-    _isAnswered = true;
-    _isAgentThere = !reply.isError();
-    _shortcuts.clear();
-    if (_isAgentThere) _shortcuts = qdbus_cast<ReportedShortcuts>(reply.value().variant());
-    emit changed();
-  });
+AgentShortcuts::AgentShortcuts(const WindowServices& services) : _agent(services) {
+  connect(&_agent, &AgentStatus::changed, this, &AgentShortcuts::changed);
 }
 
 QString AgentShortcuts::stateOf(const std::string& key) const {
   using State = ShortcutStatus::State;
-  if (!_isAnswered) return {};
-  if (!_isAgentThere) return tr("Not active: Quenfold's menu does not run");
-  const ReportedShortcut shortcut = _shortcuts.value(QString::fromStdString(key));
+  if (_agent.state() == AgentStatus::State::unknown) return {};
+  if (_agent.state() == AgentStatus::State::absent) {
+    return tr("Not active: Quenfold's menu does not run");
+  }
+  if (_agent.state() == AgentStatus::State::silent) {
+    return tr("Quenfold's menu does not answer");
+  }
+  const ReportedShortcut shortcut = _agent.shortcuts().value(QString::fromStdString(key));
   if (shortcut.state == nameOf(State::active)) return tr("Active");
   if (shortcut.state == nameOf(State::unset)) return tr("No keys are recorded");
   if (shortcut.state == nameOf(State::invalid)) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/window/AgentStatus.h"
 
-#include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
@@ -21,32 +20,30 @@ AgentStatus::AgentStatus(const WindowServices& services, QObject* parent)
       _bus(services.bus),
       _workspace(services.workspace),
       _watcher(toQString(agentBundleIdentifier), _bus, QDBusServiceWatcher::WatchForOwnerChange) {
-  qDBusRegisterMetaType<ServiceState>();
-  qDBusRegisterMetaType<ServiceStates>();
+  registerStatusTypes();
   connect(&_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &AgentStatus::ask);
 }
 
 void AgentStatus::ask() {
   QDBusMessage question =
       busCall(toQString(agentBundleIdentifier), bus::statusPath,
-              QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-  question << QStringLiteral("org.quenfold.Status1") << QStringLiteral("Services");
+              QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("GetAll"));
+  question << QStringLiteral("org.quenfold.Status1");
   auto* call = new QDBusPendingCallWatcher(_bus.asyncCall(question, limitInMilliseconds), this);
   connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
     call->deleteLater();
-    const QDBusPendingReply<QDBusVariant> reply = *call;
-    if (!reply.isError()) {
-      return setState(State::running, qdbus_cast<ServiceStates>(reply.value().variant()));
-    }
+    const QDBusPendingReply<QVariantMap> reply = *call;
+    if (!reply.isError()) return setState(State::running, reply.value());
     const bool isAbsent = reply.error().type() == QDBusError::ServiceUnknown ||
                           reply.error().name().endsWith("NameHasNoOwner");
     setState(isAbsent ? State::absent : State::silent);
   });
 }
 
-void AgentStatus::setState(State state, const ServiceStates& services) {
+void AgentStatus::setState(State state, const QVariantMap& properties) {
   _state = state;
-  _services = services;
+  _services = qdbus_cast<ServiceStates>(properties.value(QStringLiteral("Services")));
+  _shortcuts = qdbus_cast<ReportedShortcuts>(properties.value(QStringLiteral("Shortcuts")));
   emit changed();
 }
 

@@ -10,8 +10,8 @@
 
 namespace qf {
 
-/// What the running agent tells of its services. Asks it without waiting, since the agent may be
-/// waiting for this process at that moment. Main thread.
+/// What the running agent tells of its services and of the shortcuts. Asks it without waiting,
+/// since the agent may be waiting for this process at that moment. Main thread.
 class AgentStatus final : public QObject {
   Q_OBJECT
 
@@ -25,6 +25,7 @@ class AgentStatus final : public QObject {
   State state() const { return _state; }
   /// Of the agent that runs.
   const ServiceStates& services() const { return _services; }
+  const ReportedShortcuts& shortcuts() const { return _shortcuts; }
   /// Returns at once; that the agent is there is told with `changed`.
   std::optional<Error> startAgent();
 
@@ -32,13 +33,14 @@ class AgentStatus final : public QObject {
   void changed();
 
  private:
-  void setState(State state, const ServiceStates& services = {});
+  void setState(State state, const QVariantMap& properties = {});
 
   QDBusConnection _bus;
   Workspace& _workspace;
   QDBusServiceWatcher _watcher;
   State _state = State::unknown;
   ServiceStates _services;
+  ReportedShortcuts _shortcuts;
 };
 
 }  // namespace qf

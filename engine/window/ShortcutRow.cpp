@@ -29,16 +29,22 @@ ShortcutRow::ShortcutRow(RecorderServices& services, ActionChoices& choices, boo
   _recorder.shortcutValueChange = [this](MASShortcutView& recorder) {
     if (!_isShowing) emit recorded(recorder.shortcutValue());
   };
+  connect(_recorderView, &QtRecorderView::availabilityChanged, this, &ShortcutRow::showState);
   layOut(isPalette);
+}
+
+ShortcutRow::~ShortcutRow() {
+  // It may tell once more while the row goes.
+  _recorderView->disconnect(this);
 }
 
 void ShortcutRow::layOut(bool isPalette) {
   auto* keysAndAction = new QHBoxLayout;
   keysAndAction->addWidget(_recorderView);
   auto* stateAndPlace = new QHBoxLayout;
-  _state->setWordWrap(true);
-  _state->setTextFormat(Qt::PlainText);
-  stateAndPlace->addWidget(_state, 1);
+  _stateLabel->setWordWrap(true);
+  _stateLabel->setTextFormat(Qt::PlainText);
+  stateAndPlace->addWidget(_stateLabel, 1);
   if (isPalette) {
     keysAndAction->addWidget(new QLabel(tr("shows the palette, or hides it")), 1);
   } else {
@@ -106,7 +112,15 @@ QString ShortcutRow::heading() const {
   return tr("%1 – %2", "action, keys").arg(title, QString::fromStdString(keyboard->label(keys)));
 }
 
-void ShortcutRow::showState(const QString& state) { _state->setText(state); }
+void ShortcutRow::setState(const QString& state) {
+  _state = state;
+  showState();
+}
+
+void ShortcutRow::showState() {
+  const Availability recorder = _recorderView->availability();
+  _stateLabel->setText(recorder.isAvailable ? _state : QString::fromStdString(recorder.reason));
+}
 
 QList<QWidget*> ShortcutRow::focusChain() const {
   if (!_action) return {_recorderView};

@@ -25,9 +25,11 @@ class ShortcutRow final : public QGroupBox {
  public:
   /// All outlive the row. The palette's shortcut has no action to choose and stays in its place.
   ShortcutRow(RecorderServices& services, ActionChoices& choices, bool isPalette);
+  ~ShortcutRow() override;
 
   void showItem(const QFKShortcutActionItem& item, bool isFirst, bool isLast);
-  void showState(const QString& state);
+  /// What the agent says of it.
+  void setState(const QString& state);
   void focusRecorder() { _recorderView->setFocus(); }
   void focusRemoval() { _remove->setFocus(); }
   void stopRecording() { _recorder.setRecording(false); }
@@ -44,6 +46,7 @@ class ShortcutRow final : public QGroupBox {
   void layOut(bool isPalette);
   void addButtons(QHBoxLayout* line);
   void showAction();
+  void showState();
 
   /// What the shortcut does, and its keys as this desktop writes them.
   QString heading() const;
@@ -56,7 +59,8 @@ class ShortcutRow final : public QGroupBox {
   bool _isShowing = false;
   QComboBox* _action = nullptr;  // none for the palette's
   ChoiceBox* _choice = nullptr;
-  QLabel* _state = new QLabel;
+  QLabel* _stateLabel = new QLabel;
+  QString _state;
   QPushButton* _up = nullptr;
   QPushButton* _down = nullptr;
   QPushButton* _remove = nullptr;

@@ -17,7 +17,7 @@ ShortcutsPage::ShortcutsPage(WindowModels& models)
       _services(models.services.bus, models.services.bundle),
       _choices(models.services),
       _model(models.menuSettings),
-      _agent(models.services.bus) {
+      _agent(models.services) {
   showRecordersToAccessibility();
   layOut();
   connect(&_model, &ShortcutsModel::changed, this, &ShortcutsPage::showItems);
@@ -113,7 +113,7 @@ void ShortcutsPage::placeRows(const std::vector<QFKShortcutActionItem>& items) {
 }
 
 void ShortcutsPage::showStates() {
-  for (const auto& [key, row] : _rows) row->showState(_agent.stateOf(key));
+  for (const auto& [key, row] : _rows) row->setState(_agent.stateOf(key));
 }
 
 void ShortcutsPage::add() {

@@ -28,19 +28,23 @@ void KeyboardHold::take(QWindow* window) {
   _window = window;
   if (!_window) return;
   tryToTake();
-  if (!_isHeld) log(refusedReason);
+  if (_isHeld) return;
+  log(refusedReason);
+  emit availabilityChanged();
 }
 
 void KeyboardHold::tryToTake() {
   _isHeld = _window && _window->setKeyboardGrabEnabled(true);
-  if (_isHeld || !_window) {
-    _nextTry.stop();
-  } else {
+  if (!_isHeld && _window) {
     _nextTry.start();
+  } else if (_nextTry.isActive()) {
+    _nextTry.stop();
+    emit availabilityChanged();
   }
 }
 
 void KeyboardHold::letGo() {
+  const bool wasRefused = !availability().isAvailable;
   _nextTry.stop();
   if (_isHeld && _window) {
     _window->setKeyboardGrabEnabled(false);
@@ -50,6 +54,7 @@ void KeyboardHold::letGo() {
   }
   _isHeld = false;
   _window = nullptr;
+  if (wasRefused) emit availabilityChanged();
 }
 
 Availability KeyboardHold::availability() const {

@@ -24,6 +24,9 @@ class KeyboardHold : public QObject {
   void letGo();
   Availability availability() const;
 
+ signals:
+  void availabilityChanged();
+
  private:
   void tryToTake();
 

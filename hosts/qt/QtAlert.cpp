@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTextDocument>
 #include <utility>
 
 namespace qf {
@@ -14,7 +15,9 @@ void QtAlert::runCritical(const Message& message, std::function<void()> closed) 
                               QApplication::activeWindow());
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->setTextFormat(Qt::PlainText);
-  box->setInformativeText(QString::fromStdString(message.informativeText).toHtmlEscaped());
+  // This text is never taken as it stands: what looks like HTML is drawn as such.
+  box->setInformativeText(
+      Qt::convertFromPlainText(QString::fromStdString(message.informativeText)));
   auto* button =
       box->addButton(QString::fromStdString(message.buttonTitle), QMessageBox::AcceptRole);
   box->setDefaultButton(button);

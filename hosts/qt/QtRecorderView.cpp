@@ -49,6 +49,8 @@ QtRecorderView::QtRecorderView(Services services, QWidget* parent)
   setAttribute(Qt::WA_InputMethodEnabled, false);
   _sinceRelease.setSingleShot(true);
   _sinceRelease.setInterval(repeatGapInMilliseconds);
+  connect(&_keyboard, &KeyboardHold::availabilityChanged, this,
+          &QtRecorderView::availabilityChanged);
   connect(&_sinceRelease, &QTimer::timeout, this, &QtRecorderView::stopListening);
 }
 

@@ -48,6 +48,9 @@ class QtRecorderView final : public QWidget, public RecorderView {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
+ signals:
+  void availabilityChanged();
+
  protected:
   bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -156,6 +156,10 @@ TEST_F(Recorders, SayWhatIsTaken) {
   keyboard.press({KEY_LEFTCTRL, KEY_F});
   const auto text = [this] { return named("The key combination ⌃F cannot be used", "label"); };
   ASSERT_TRUE(until([&] { return text().has_value(); }, 3s));
+  EXPECT_TRUE(
+      named("This shortcut cannot be used because it is already used by the menu item "
+            "‘Find <b> & Go’.",
+            "label"));
   EXPECT_TRUE(until([&] { return isFocused(named("OK", "push button")); }, 3s));
   EXPECT_TRUE(isKeyboardFree());
   keyboard.press({KEY_ENTER});

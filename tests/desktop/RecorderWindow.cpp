@@ -68,7 +68,7 @@ int run(int argc, char** argv) {
   showRecordersToAccessibility();
   QtApplication application(argc, argv);
   Services services;
-  auto find = std::make_shared<MenuItem>("Find", "", "f");
+  auto find = std::make_shared<MenuItem>("Find <b> & Go", "", "f");
   find->keyEquivalentModifierMask = modifier::control;
   services.mainMenu.addItem(find);
 

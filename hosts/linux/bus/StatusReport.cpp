@@ -52,12 +52,16 @@ QString nameOf(ShortcutStatus::State state) {
   return QStringLiteral("refused");
 }
 
-StatusReport::StatusReport(QDBusConnection bus, ServiceSource source)
-    : _bus(std::move(bus)), _source(std::move(source)) {
+void registerStatusTypes() {
   qDBusRegisterMetaType<ServiceState>();
   qDBusRegisterMetaType<ServiceStates>();
   qDBusRegisterMetaType<ReportedShortcut>();
   qDBusRegisterMetaType<ReportedShortcuts>();
+}
+
+StatusReport::StatusReport(QDBusConnection bus, ServiceSource source)
+    : _bus(std::move(bus)), _source(std::move(source)) {
+  registerStatusTypes();
   _bus.registerObject(bus::statusPath, this, QDBusConnection::ExportScriptableProperties);
 }
 

@@ -38,6 +38,9 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, ServiceState& sta
 QDBusArgument& operator<<(QDBusArgument& argument, const ReportedShortcut& shortcut);
 const QDBusArgument& operator>>(const QDBusArgument& argument, ReportedShortcut& shortcut);
 
+/// Once, by whoever sends or receives these.
+void registerStatusTypes();
+
 /// Shows anyone on the bus which of this process's services are there, and which shortcuts work.
 /// Main thread.
 class StatusReport : public QObject, public ShortcutReport {
