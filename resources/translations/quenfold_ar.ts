@@ -15,6 +15,10 @@
         <translation>غير فعّال: قائمة Quenfold لا تعمل</translation>
     </message>
     <message>
+        <source>Quenfold&apos;s menu does not answer</source>
+        <translation>قائمة Quenfold لا تستجيب</translation>
+    </message>
+    <message>
         <source>Active</source>
         <translation>فعّال</translation>
     </message>

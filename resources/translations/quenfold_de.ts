@@ -15,6 +15,10 @@
         <translation>Nicht aktiv: Das Menü von Quenfold läuft nicht</translation>
     </message>
     <message>
+        <source>Quenfold&apos;s menu does not answer</source>
+        <translation>Das Menü von Quenfold antwortet nicht</translation>
+    </message>
+    <message>
         <source>Active</source>
         <translation>Aktiv</translation>
     </message>
