@@ -15,7 +15,6 @@
 #include "foundation/Log.h"
 #include "hosts/linux/bus/BusApplicationObject.h"
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
-#include "hosts/linux/workspace/ColorScheme.h"
 #include "hosts/linux/workspace/X11Display.h"
 #include "hosts/qt/Translations.h"
 #include "kit/QFKSharedContainer.h"
@@ -117,8 +116,6 @@ int runEngine(int argc, char** argv, FirstShown firstShown) {
     session.applications.reopenRunningInstance();
     return 0;
   }
-  std::optional<ColorScheme> colorScheme;
-  if (display.isAvailable) colorScheme.emplace(session.bus);
   XcbPasteboards pasteboards;
   logUnavailable(session.applications.availability());
   logUnavailable(pasteboards.generalPasteboard().availability());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/window/AgentShortcuts.h"
 
+#include "engine/window/Reasons.h"
+
 namespace qf {
 
 AgentShortcuts::AgentShortcuts(const WindowServices& services) : _agent(services) {
@@ -25,7 +27,8 @@ QString AgentShortcuts::stateOf(const std::string& key) const {
   if (shortcut.state == nameOf(State::duplicate)) {
     return tr("Not active: a shortcut further down has the same keys");
   }
-  return shortcut.reason.isEmpty() ? QString() : tr("Not active: %1").arg(shortcut.reason);
+  return shortcut.reason.isEmpty() ? QString()
+                                   : tr("Not active: %1").arg(reasonText(shortcut.reason));
 }
 
 }  // namespace qf

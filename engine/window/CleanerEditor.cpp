@@ -101,7 +101,10 @@ void CleanerEditor::focusName() {
 /// As the cleaner stands in the file by now, but for steps that are not stored yet.
 void CleanerEditor::update() {
   const CustomCleaner* cleaner = _lists.cleaner(_token);
-  if (!cleaner) return;
+  if (!cleaner) {
+    _drafts.erase(_token);
+    return;
+  }
   setText(_name, cleaner->name);
   setText(_description, cleaner->description);
   _color->setColor(cleaner->color);

@@ -25,7 +25,7 @@ QWidget* scrolling(Page* page) {
 
 }  // namespace
 
-QFWindow::QFWindow(const WindowServices& services) : _models(services) {
+QFWindow::QFWindow(const WindowServices& services) : _colorScheme(services.bus), _models(services) {
   setWindowTitle("Quenfold");
   setWindowIcon(QIcon::fromTheme("org.quenfold.Quenfold"));
   addPages();

@@ -9,6 +9,7 @@
 #include "engine/window/Pages.h"
 #include "engine/window/ProblemBar.h"
 #include "engine/window/WindowModels.h"
+#include "hosts/linux/workspace/ColorScheme.h"
 
 namespace qf {
 
@@ -37,6 +38,7 @@ class QFWindow final : public QWidget {
   void addKeys();
   void showPage(int row);
 
+  ColorScheme _colorScheme;
   WindowModels _models;
   std::vector<PageEntry> _pages;
   QListWidget* _pageList = new QListWidget;

@@ -5,6 +5,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "engine/window/Reasons.h"
 #include "engine/window/WindowModels.h"
 #include "hosts/linux/bus/SessionBus.h"
 
@@ -43,9 +44,9 @@ void showStates(QListWidget* list, const ServiceStates& states) {
   QList<std::pair<bool, QString>> rows;
   for (auto state = states.begin(); state != states.end(); ++state) {
     const QString name = nameOf(state.key());
-    rows.emplace_back(state->isAvailable, state->isAvailable
-                                              ? StatusPage::tr("%1: works").arg(name)
-                                              : QString("%1: %2").arg(name, state->reason));
+    rows.emplace_back(state->isAvailable,
+                      state->isAvailable ? StatusPage::tr("%1: works").arg(name)
+                                         : QString("%1: %2").arg(name, reasonText(state->reason)));
   }
   std::stable_sort(rows.begin(), rows.end(),
                    [](const auto& left, const auto& right) { return left.first < right.first; });

@@ -4,6 +4,8 @@
 #include <QGridLayout>
 #include <utility>
 
+#include "engine/window/Reasons.h"
+
 namespace qf {
 
 TrialPane::TrialPane(QWidget* parent) : QWidget(parent) {
@@ -49,7 +51,8 @@ void TrialPane::run() {
 
 void TrialPane::show(const QString& result, const QString& problem) {
   if (_result->toPlainText() != result) _result->setPlainText(result);
-  _problem->setText(problem.isEmpty() || !_clean ? problem : tr("Left as it is: %1").arg(problem));
+  _problem->setText(
+      problem.isEmpty() || !_clean ? problem : tr("Left as it is: %1").arg(reasonText(problem)));
   _problem->setVisible(!problem.isEmpty());
 }
 

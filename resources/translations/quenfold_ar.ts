@@ -466,6 +466,85 @@
     </message>
 </context>
 <context>
+    <name>qf::Reasons</name>
+    <message>
+        <source>no tray on this desktop</source>
+        <translation>لا يوجد شريط نظام في سطح المكتب هذا</translation>
+    </message>
+    <message>
+        <source>another program holds %1; choose other keys here or there</source>
+        <translation>يستخدم برنامج آخر %1؛ اختر مفاتيح أخرى هنا أو هناك</translation>
+    </message>
+    <message>
+        <source>this keyboard has no key for %1</source>
+        <translation>لا مفتاح لـ %1 في لوحة المفاتيح هذه</translation>
+    </message>
+    <message>
+        <source>the X server tells nothing of its keyboard</source>
+        <translation>خادم X لا يصف لوحة مفاتيحه</translation>
+    </message>
+    <message>
+        <source>the X server closed the connection</source>
+        <translation>أغلق خادم X الاتصال</translation>
+    </message>
+    <message>
+        <source>the connection to the X display was lost; log in again</source>
+        <translation>انقطع الاتصال بشاشة X؛ سجّل الدخول من جديد</translation>
+    </message>
+    <message>
+        <source>the connection to the accessibility bus was lost; start the program anew</source>
+        <translation>انقطع الاتصال بناقل إمكانية الوصول؛ أعد تشغيل البرنامج</translation>
+    </message>
+    <message>
+        <source>the accessibility bus refuses connections: %1</source>
+        <translation>يرفض ناقل إمكانية الوصول الاتصال: %1</translation>
+    </message>
+    <message>
+        <source>the connection to the D-Bus session bus was lost; log out and in again</source>
+        <translation>انقطع الاتصال بناقل الجلسة D-Bus؛ سجّل الخروج ثم الدخول</translation>
+    </message>
+    <message>
+        <source>no window manager here tells which window is active; start one that knows _NET_ACTIVE_WINDOW</source>
+        <translation>لا مدير نوافذ هنا يخبر بالنافذة النشطة؛ شغّل واحدًا يعرف _NET_ACTIVE_WINDOW</translation>
+    </message>
+    <message>
+        <source>The list of cleaners could not be published: %1</source>
+        <translation>تعذر نشر قائمة المنظّفات: %1</translation>
+    </message>
+    <message>
+        <source>finding took too long</source>
+        <translation>استغرق البحث وقتًا طويلًا</translation>
+    </message>
+    <message>
+        <source>finding took too much memory</source>
+        <translation>استهلك البحث ذاكرة كثيرة</translation>
+    </message>
+    <message>
+        <source>the result is too large</source>
+        <translation>النتيجة أكبر مما ينبغي</translation>
+    </message>
+    <message>
+        <source>the replacement names a group that the expression has not</source>
+        <translation>يذكر البديل مجموعة ليست في التعبير</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>تتعذر قراءته</translation>
+    </message>
+    <message>
+        <source>it cannot be read as Markdown</source>
+        <translation>تتعذر قراءته بصيغة Markdown</translation>
+    </message>
+    <message>
+        <source>it is no Base64</source>
+        <translation>ليس Base64</translation>
+    </message>
+    <message>
+        <source>its elements are nested too deeply</source>
+        <translation>عناصره متداخلة بعمق زائد</translation>
+    </message>
+</context>
+<context>
     <name>qf::ReorderableList</name>
     <message>
         <source>%1: Move Up</source>

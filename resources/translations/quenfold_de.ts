@@ -466,6 +466,85 @@
     </message>
 </context>
 <context>
+    <name>qf::Reasons</name>
+    <message>
+        <source>no tray on this desktop</source>
+        <translation>dieser Desktop hat kein Panel für Symbole</translation>
+    </message>
+    <message>
+        <source>another program holds %1; choose other keys here or there</source>
+        <translation>%1 hält ein anderes Programm; bitte hier oder dort andere Tasten wählen</translation>
+    </message>
+    <message>
+        <source>this keyboard has no key for %1</source>
+        <translation>diese Tastatur hat keine Taste für %1</translation>
+    </message>
+    <message>
+        <source>the X server tells nothing of its keyboard</source>
+        <translation>der X-Server sagt nichts über seine Tastatur</translation>
+    </message>
+    <message>
+        <source>the X server closed the connection</source>
+        <translation>der X-Server hat die Verbindung beendet</translation>
+    </message>
+    <message>
+        <source>the connection to the X display was lost; log in again</source>
+        <translation>die Verbindung zum X-Display ist verloren; bitte neu anmelden</translation>
+    </message>
+    <message>
+        <source>the connection to the accessibility bus was lost; start the program anew</source>
+        <translation>die Verbindung zum Bus der Barrierefreiheit ist verloren; bitte das Programm neu starten</translation>
+    </message>
+    <message>
+        <source>the accessibility bus refuses connections: %1</source>
+        <translation>der Bus der Barrierefreiheit lehnt Verbindungen ab: %1</translation>
+    </message>
+    <message>
+        <source>the connection to the D-Bus session bus was lost; log out and in again</source>
+        <translation>die Verbindung zum Sitzungsbus (D-Bus) ist verloren; bitte ab- und wieder anmelden</translation>
+    </message>
+    <message>
+        <source>no window manager here tells which window is active; start one that knows _NET_ACTIVE_WINDOW</source>
+        <translation>kein Fenstermanager sagt hier, welches Fenster aktiv ist; bitte einen starten, der _NET_ACTIVE_WINDOW kennt</translation>
+    </message>
+    <message>
+        <source>The list of cleaners could not be published: %1</source>
+        <translation>Die Liste der Bereinigungen konnte nicht veröffentlicht werden: %1</translation>
+    </message>
+    <message>
+        <source>finding took too long</source>
+        <translation>das Suchen dauerte zu lange</translation>
+    </message>
+    <message>
+        <source>finding took too much memory</source>
+        <translation>das Suchen brauchte zu viel Speicher</translation>
+    </message>
+    <message>
+        <source>the result is too large</source>
+        <translation>das Ergebnis ist zu groß</translation>
+    </message>
+    <message>
+        <source>the replacement names a group that the expression has not</source>
+        <translation>die Ersetzung nennt eine Gruppe, die der Ausdruck nicht hat</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>er ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>it cannot be read as Markdown</source>
+        <translation>er ist nicht als Markdown lesbar</translation>
+    </message>
+    <message>
+        <source>it is no Base64</source>
+        <translation>er ist kein Base64</translation>
+    </message>
+    <message>
+        <source>its elements are nested too deeply</source>
+        <translation>seine Elemente sind zu tief verschachtelt</translation>
+    </message>
+</context>
+<context>
     <name>qf::ReorderableList</name>
     <message>
         <source>%1: Move Up</source>

@@ -23,6 +23,9 @@ TEST(Appearance, GermanSpeaksGerman) {
   const EngineProgram engine({}, with("LANG", "de_DE.UTF-8"));
   for (const QString page : {"Bereinigungen", "Gruppen", "Status", "Menü"}) engine.showPage(page);
   EXPECT_TRUE(engine.has("check box", "Das Menü nach der Anmeldung im Panel zeigen"));
+  engine.showPage("Bereinigungen");
+  engine.type("Bereinigungen suchen", "base64 decode");
+  EXPECT_TRUE(until([&] { return engine.hasText("er ist kein Base64"); })) << "reasons as well";
 }
 
 TEST(Appearance, ArabicRunsFromRightToLeft) {

@@ -59,6 +59,20 @@ TEST(MenuPage, StartsAtLoginByADesktopEntry) {
   EXPECT_TRUE(until([&] { return contents(entry).contains("Hidden=true"); }));
 }
 
+TEST(MenuPage, OverridesTheSystemsStartAtLogin) {
+  const QString own = ".config/autostart/org.quenfold.Menu.desktop";
+  QFile::remove(home(own));
+  put("etc/autostart/org.quenfold.Menu.desktop", "[Desktop Entry]\nExec=/usr/bin/quenfold-menu\n");
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert("XDG_CONFIG_DIRS", home("etc"));
+  EngineProgram engine({}, environment);
+  const QString box = "Show the menu in the tray after login";
+  EXPECT_TRUE(engine.node("check box", box).hasState(state::checked));
+  engine.click("check box", box);
+  EXPECT_TRUE(until([&] { return contents(own).contains("Hidden=true"); }));
+  EXPECT_TRUE(until([&] { return !engine.node("check box", box).hasState(state::checked); }));
+}
+
 TEST(MenuPage, SaysWhatCouldNotBeStoredAndLosesNothing) {
   EngineProgram engine;
   const QString file = dataFolder + "/quenfold-menu.plist";

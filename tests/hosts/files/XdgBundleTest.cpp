@@ -48,6 +48,17 @@ TEST_F(XdgBundleTest, speaksTheUsersLanguage) {
   EXPECT_EQ(textIn("LC_ALL", ""), "Sair");
 }
 
+TEST_F(XdgBundleTest, whatIsInstalledSpeaksGermanAndArabicAndLeavesDataAlone) {
+  for (const auto& [locale, quit] : {std::pair("de_DE.UTF-8", "Beenden"), {"ar_EG", "إنهاء"}}) {
+    setenv("LANG", locale, 1);
+    const XdgBundle bundle;
+    EXPECT_EQ(bundle.localizedString("Quit"), quit);
+    for (const char* data : {"Library", "Western", "Unicode", "None"}) {
+      EXPECT_EQ(bundle.localizedString(data), data);
+    }
+  }
+}
+
 TEST_F(XdgBundleTest, aTableThatCannotBeReadIsLoggedAndLeavesTheKeys) {
   std::string lines;
   setLogSink([&](std::string_view line) { lines += line; });

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QString>
+
+namespace qf {
+
+/// A reason that a service or a cleaner gives, in the person's language where it is a known one;
+/// as it is otherwise.
+QString reasonText(const QString& english);
+
+}  // namespace qf
