@@ -80,6 +80,14 @@ TYPED_TEST_P(PasteboardContract, countsEveryChangeByWhomever) {
   EXPECT_EQ(board.string(), "other");
 }
 
+TYPED_TEST_P(PasteboardContract, readsAtOnceWhatOthersPutThere) {
+  for (int i = 0; i < 200; ++i) {
+    this->pasteboard().setString("ours");
+    this->other().setString("theirs");
+    ASSERT_EQ(this->pasteboard().string(), "theirs");
+  }
+}
+
 TYPED_TEST_P(PasteboardContract, isEmptyOnceCleared) {
   this->pasteboard().setString("gone");
   this->pasteboard().clearContents();
@@ -124,7 +132,8 @@ TYPED_TEST_P(PasteboardContract, servesOthersWhileTheCallersThreadWaits) {
 
 REGISTER_TYPED_TEST_SUITE_P(PasteboardContract, isTheGeneralOneAndThere,
                             givesTextBackToItselfAndToOthers, countsEveryChangeByWhomever,
-                            isEmptyOnceCleared, keepsEveryFormInItsOrder, keepsSeveralItems,
+                            readsAtOnceWhatOthersPutThere, isEmptyOnceCleared,
+                            keepsEveryFormInItsOrder, keepsSeveralItems,
                             servesOthersWhileTheCallersThreadWaits);
 
 }  // namespace qf

@@ -74,6 +74,14 @@ ClipboardReader::ClipboardReader(const std::string& displayName)
           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
 }
 
+xcb_window_t ClipboardReader::owner() {
+  const std::lock_guard lock(_mutex);
+  const BrokenPipeGuard guard;
+  const auto answer = _connection.reply(
+      xcb_get_selection_owner_reply, xcb_get_selection_owner(_connection.get(), _atoms.clipboard));
+  return answer ? answer->owner : xcb_window_t{XCB_WINDOW_NONE};
+}
+
 std::optional<std::string> ClipboardReader::string() {
   const std::lock_guard lock(_mutex);
   const BrokenPipeGuard guard;

@@ -20,6 +20,8 @@ class ClipboardReader {
  public:
   explicit ClipboardReader(const std::string& displayName);
 
+  /// The window that owns the clipboard at this moment, by the server's word.
+  xcb_window_t owner();
   std::optional<std::string> string();
   /// In the owner's order. The spellings of plain text are one representation; targets that are no
   /// contents are left out.

@@ -33,6 +33,8 @@ class ClipboardService {
   /// What we own; null while another application owns the clipboard, or nobody. Whoever has seen a
   /// change count sees the contents of that change or a later one.
   std::shared_ptr<const ClipboardContents> contents() const;
+  /// The window by which we own the clipboard.
+  xcb_window_t window() const { return _window; }
   /// Takes the clipboard. False when the server refused, or did not answer within 2 s.
   bool own(std::shared_ptr<const ClipboardContents> contents);
 

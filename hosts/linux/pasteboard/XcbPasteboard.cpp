@@ -8,13 +8,20 @@ namespace qf {
 XcbPasteboard::XcbPasteboard(const std::string& displayName)
     : _service(displayName), _reader(displayName) {}
 
+/// The notice of another owner may still be on its way to the service's thread when somebody who
+/// has seen it asks us to read: only the server knows.
+std::shared_ptr<const ClipboardContents> XcbPasteboard::ownContents() const {
+  auto contents = _service.contents();
+  return contents && _reader.owner() == _service.window() ? contents : nullptr;
+}
+
 std::optional<std::string> XcbPasteboard::string() const {
-  const auto own = _service.contents();
+  const auto own = ownContents();
   return own ? own->string() : _reader.string();
 }
 
 std::vector<PasteboardItem> XcbPasteboard::items() const {
-  if (const auto own = _service.contents()) return own->items();
+  if (const auto own = ownContents()) return own->items();
   PasteboardItem item = _reader.item();
   if (item.representations.empty()) return {};
   return {std::move(item)};

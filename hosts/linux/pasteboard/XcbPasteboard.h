@@ -28,6 +28,8 @@ class XcbPasteboard : public Pasteboard {
   bool setItems(std::vector<PasteboardItem> items) override;
 
  private:
+  std::shared_ptr<const ClipboardContents> ownContents() const;
+
   ClipboardService _service;
   mutable ClipboardReader _reader;
 };
