@@ -33,9 +33,10 @@ using AccessibilityValue = std::variant<Point, Size, Rect, Range, bool, Accessib
 /// Shift, 2 for Option, 4 for Control, 8 without the primary key.
 ///
 /// One call waits for the application at most 1 s, and 5 s while it carries out what was pressed:
-/// long texts take their time. An application that did not answer counts as not
-/// there from then on for every element of the same road (everything reached from one application
-/// element): nothing is read from it and nothing is sent to it, since a late press would still run.
+/// long texts take their time. All calls of one road together wait at most 15 s. An application
+/// that did not answer counts as not there from then on for every element of the same road
+/// (everything reached from one application element): nothing is read from it and nothing is sent
+/// to it, since a late press would still run.
 class AccessibilityElement {
  public:
   virtual ~AccessibilityElement() = default;

@@ -57,11 +57,17 @@ std::vector<QDBusMessage> AtspiApplication::ask(const std::vector<QDBusMessage>&
     underWay.front().waitForFinished();
     answers[i] = underWay.front().reply();
     underWay.pop_front();
-    _mostUnderWay = Clock::now() - start < quick ? std::min(2 * _mostUnderWay, eager) : cautious;
-    _isThere = !isLost(answers[i]);
+    const auto waited = Clock::now() - start;
+    _waited += waited;
+    _mostUnderWay = waited < quick ? std::min(2 * _mostUnderWay, eager) : cautious;
+    _isThere = !isLost(answers[i]) && _waited < roadLimit;
   }
   if (!_isThere) answers.assign(questions.size(), QDBusMessage());
   return answers;
+}
+
+const char* AtspiApplication::whyNotThere() const {
+  return _waited < roadLimit ? "it does not answer" : "it answers too slowly";
 }
 
 QDBusMessage AtspiApplication::ask(const QDBusMessage& question, int limitInMs) {

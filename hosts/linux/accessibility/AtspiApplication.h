@@ -3,6 +3,7 @@
 
 #include <QDBusMessage>
 #include <QSet>
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -25,9 +26,15 @@ class AtspiApplication {
   const std::vector<AtspiReference>& roots() const { return _roots; }
   bool isRoot(const AtspiReference& object) const;
 
+  /// What one road may wait for answers in all.
+  static constexpr std::chrono::seconds roadLimit{15};
+
   /// False from the first question on that was not answered within the limit, or whose addressee
-  /// has gone: nothing is sent any more, and every answer is empty.
+  /// has gone, or when the road's limit is used up: nothing is sent any more, and every answer is
+  /// empty.
   bool isThere() const { return _isThere; }
+  /// Ends a sentence that begins with "because".
+  const char* whyNotThere() const;
 
   /// Asks everything at once, as far as the application keeps up, and waits for all the answers,
   /// which come in the order of the questions. An application that answers slowly has few questions
@@ -58,6 +65,7 @@ class AtspiApplication {
   std::vector<AtspiReference> _roots;
   std::optional<QString> _toolkit;
   bool _isThere;
+  std::chrono::steady_clock::duration _waited{};
   bool _hasCopied = true;
   QSet<AtspiReference> _openedFor;
   std::size_t _mostUnderWay;

@@ -31,7 +31,10 @@ AtspiApplicationElement::AtspiApplicationElement(AtspiBus& bus, AtspiWindows& wi
       _obstacle(obstacle),
       _pasteboard(pasteboard) {}
 
-AtspiApplicationElement::~AtspiApplicationElement() { _obstacle.tell(); }
+AtspiApplicationElement::~AtspiApplicationElement() {
+  if (!_application.isThere()) noteAbsence();
+  _obstacle.tell();
+}
 
 std::vector<std::string> AtspiApplicationElement::attributeNames() const {
   return {"AXRole",    "AXTitle",         "AXChildren",        "AXWindows",
@@ -89,7 +92,7 @@ void AtspiApplicationElement::noteAbsence() const {
   else if (_application.roots().empty())
     why = "it is not on the accessibility bus; where it can be made to use it, start it anew";
   else if (!_application.isThere())
-    why = "it does not answer";
+    why = _application.whyNotThere();
   _obstacle.note(_application.processIdentifier(), why);
 }
 

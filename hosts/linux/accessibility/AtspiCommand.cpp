@@ -20,7 +20,6 @@ constexpr auto actionLimit = 250ms;
 constexpr auto copyLimit = 1s;
 constexpr auto actionInterval = 2ms;
 
-const AtspiPress unanswered{false, "it does not answer"};
 const char* const copiedNothing = "it has not copied its text within 1 s";
 
 }  // namespace
@@ -41,12 +40,12 @@ AtspiPress pressCommand(AtspiApplication& application, AtspiCommand& command,
   const bool isEnabled = atspi::waitUntil(start + enabledLimit, enabledInterval, [&] {
     return !application.isThere() || command.isEnabled(application);
   });
-  if (!application.isThere()) return unanswered;
+  if (!application.isThere()) return {false, application.whyNotThere()};
   if (!isEnabled) return {false, whyDisabled(key)};
 
   const std::int64_t changeCount = pasteboard.changeCount();
   const AtspiCommand::Outcome outcome = command.run(application);
-  if (!application.isThere()) return unanswered;
+  if (!application.isThere()) return {false, application.whyNotThere()};
   if (outcome.kind == AtspiCommand::Outcome::done) return {true};
   // Qt acts before it answers, GTK afterwards.
   const Clock::time_point deadline = Clock::now() + (isCopy ? copyLimit : actionLimit);

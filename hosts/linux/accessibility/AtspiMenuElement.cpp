@@ -87,7 +87,7 @@ bool AtspiMenuElement::performAction(std::string_view action) {
 void AtspiMenuElement::noteObstacle(const std::string& why) const {
   AtspiApplication& application = _application->application();
   _application->obstacle().note(application.processIdentifier(),
-                                application.isThere() ? why : "it does not answer");
+                                application.isThere() ? why : application.whyNotThere());
 }
 
 std::unique_ptr<AtspiCommand> AtspiMenuElement::command() const {

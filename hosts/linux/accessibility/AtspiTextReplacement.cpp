@@ -51,7 +51,7 @@ std::string AtspiTextReplacement::run(const std::string& utf8) {
   if (changes.empty() || !_application.isThere()) return {};
   const auto answers = _application.ask(changes, editLimitInMs);
   const int count = characterCount();
-  if (!_application.isThere()) return "it does not answer";
+  if (!_application.isThere()) return _application.whyNotThere();
 
   const int inserted = count - (_countBefore - removed);
   const bool isRemoved =

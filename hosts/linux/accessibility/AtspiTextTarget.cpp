@@ -23,7 +23,7 @@ AtspiTextTarget findTextTarget(AtspiApplication& application, const AtspiReferen
   if (focused.isNull())
     return none("its window has no menu bar with Copy and Paste, and nothing in it has the focus");
   const auto answers = application.ask({atspi::getRole(focused), atspi::getInterfaces(focused)});
-  if (!application.isThere()) return none("it does not answer");
+  if (!application.isThere()) return none(application.whyNotThere());
   if (atspi::number(answers[0]) == atspirole::passwordText)
     return none("a password field has the focus, which keeps its text to itself");
   const QStringList interfaces = atspi::texts(answers[1]);

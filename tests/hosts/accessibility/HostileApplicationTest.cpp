@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "hosts/linux/accessibility/AtspiAccessibility.h"
+#include "hosts/linux/accessibility/AtspiApplication.h"
 #include "hosts/linux/accessibility/AtspiRole.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/hosts/accessibility/FakeAtspiApplication.h"
@@ -290,6 +291,27 @@ TEST_F(HostileApplication, SilentOneCountsAsGoneForTheRestOfTheRoad) {
   EXPECT_FALSE(copy->parent());
   EXPECT_THAT(application->takeCalls(), SizeIs(0));
   EXPECT_TRUE(find("C"));
+}
+
+TEST_F(HostileApplication, OneThatDiesHalfwayIsLeftAlone) {
+  const auto element = road();
+  application->change(editor.copy,
+                      [&](auto& item) { item.onAction = [&] { ++pasteboard.changes; }; });
+  EXPECT_TRUE(press(*element->menuItemWithShortcut("C", "0")));
+  const auto paste = element->menuItemWithShortcut("V", "0");
+  application.reset();
+  EXPECT_FALSE(press(*paste));
+  EXPECT_FALSE(element->menuItemWithShortcut("V", "0"));
+  EXPECT_THAT(accessibility->availability().reason, HasSubstr("it does not answer"));
+}
+
+TEST_F(HostileApplication, VerySlowOneCostsNoMoreThanTheLimitOfTheRoad) {
+  for (int i = 0; i < 200; ++i) application->add(editor.edit, atspirole::menuItem);
+  application->setDelay(200ms);
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_FALSE(find("X"));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, AtspiApplication::roadLimit + 2s);
+  EXPECT_THAT(told, ElementsAre(HasSubstr("it answers too slowly")));
 }
 
 TEST_F(HostileApplication, CirclesAndCrowdsAreCut) {
