@@ -14,6 +14,7 @@
 #include "engine/window/WindowStyle.h"
 #include "foundation/Log.h"
 #include "hosts/linux/bus/BusApplicationObject.h"
+#include "hosts/linux/files/UserLanguages.h"
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
 #include "hosts/linux/workspace/X11Display.h"
 #include "hosts/qt/Translations.h"
@@ -45,7 +46,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv,
   QApplication::setStyle(new WindowStyle);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QGuiApplication::setApplicationDisplayName("Quenfold");
-  installTranslations(XdgBundle::resourcesFolder() / "translations");
+  installTranslations(XdgBundle::resourcesFolder() / "translations", userLanguages());
   QGuiApplication::setDesktopFileName(QString::fromUtf8(engineBundleIdentifier.data()));
   return application;
 }

@@ -22,6 +22,7 @@
 #include "hosts/linux/bus/UserNotice.h"
 #include "hosts/linux/files/LocalCrashReporter.h"
 #include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
+#include "hosts/linux/files/UserLanguages.h"
 #include "hosts/linux/files/XdgBundle.h"
 #include "hosts/linux/files/XdgFileManager.h"
 #include "hosts/linux/keys/DesktopHotKeys.h"
@@ -60,7 +61,7 @@ struct LinuxHost::Core {
         application(argc, argv),
         bus(QDBusConnection::sessionBus()),
         applications(bus, program.bundleIdentifier, program.activationPolicy) {
-    installTranslations(XdgBundle::resourcesFolder() / "translations");
+    installTranslations(XdgBundle::resourcesFolder() / "translations", userLanguages());
     applications.object().setReopenHandler([this] { application.reopen(); });
   }
 

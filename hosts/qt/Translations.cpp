@@ -7,18 +7,24 @@
 #include <QTranslator>
 
 namespace qf {
+namespace {
 
-void installTranslations(const std::filesystem::path& folder) {
-  const QLocale locale = QLocale::system();
-  auto* own = new QTranslator(qApp);
-  if (!own->load(locale, "quenfold", "_", QString::fromStdString(folder.string()))) return;
-  QCoreApplication::installTranslator(own);
-  auto* toolkit = new QTranslator(qApp);
-  const QString toolkitFolder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-  if (toolkit->load(locale, "qtbase", "_", toolkitFolder)) {
-    QCoreApplication::installTranslator(toolkit);
+bool install(const QString& table, const QString& folder) {
+  auto* translator = new QTranslator(qApp);
+  return translator->load(table, folder) && QCoreApplication::installTranslator(translator);
+}
+
+}  // namespace
+
+void installTranslations(const std::filesystem::path& folder,
+                         const std::vector<std::string>& languages) {
+  for (const std::string& language : languages) {
+    const QString name = QString::fromStdString(language);
+    if (!install("quenfold_" + name, QString::fromStdString(folder.string()))) continue;
+    install("qtbase_" + name, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    QGuiApplication::setLayoutDirection(QLocale(name).textDirection());
+    return;
   }
-  QGuiApplication::setLayoutDirection(QLocale(own->language()).textDirection());
 }
 
 }  // namespace qf

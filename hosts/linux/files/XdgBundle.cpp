@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/files/XdgBundle.h"
 
-#include <cstdlib>
 #include <system_error>
 #include <utility>
-#include <vector>
 
 #include "foundation/Log.h"
 #include "hosts/linux/files/PrivateFiles.h"
+#include "hosts/linux/files/UserLanguages.h"
 
 namespace qf {
 namespace {
@@ -15,22 +14,6 @@ namespace {
 bool isFile(const std::filesystem::path& path) {
   std::error_code unknown;
   return std::filesystem::is_regular_file(path, unknown);
-}
-
-// "de_AT.UTF-8@euro" is looked for as "de_AT", then as "de".
-std::vector<std::string> languages() {
-  std::string locale;
-  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* value = std::getenv(variable);
-    if (!value || !*value) continue;
-    locale = value;
-    break;
-  }
-  locale = locale.substr(0, locale.find_first_of(".@"));
-  if (locale.empty() || locale.find('/') != std::string::npos) return {};
-  const auto language = locale.substr(0, locale.find('_'));
-  if (language == locale) return {locale};
-  return {locale, language};
 }
 
 }  // namespace
@@ -60,7 +43,7 @@ std::optional<Image> XdgBundle::imageNamed(std::string_view name) const {
 }
 
 StringTable XdgBundle::readStrings() const {
-  for (const std::string& language : languages()) {
+  for (const std::string& language : userLanguages()) {
     const auto path = _resources / (language + ".lproj") / "Localizable.strings";
     const auto bytes = readRegularFile(path);
     if (!bytes) continue;

@@ -10,7 +10,7 @@ namespace qf {
 /// language in "<language>.lproj/Localizable.strings".
 class XdgBundle : public Bundle {
  public:
-  /// Reads the string table of the user's language (LC_ALL, LC_MESSAGES, LANG).
+  /// Reads the string table of the first of `userLanguages` that has one.
   explicit XdgBundle(std::filesystem::path resources = resourcesFolder());
 
   /// The share/quenfold that belongs to the running executable.

@@ -11,7 +11,7 @@ namespace {
 class XdgBundleTest : public testing::Test {
  protected:
   XdgBundleTest() {
-    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) unsetenv(name);
+    for (const char* name : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"}) unsetenv(name);
   }
   ~XdgBundleTest() override { setLogSink({}); }
 
@@ -46,6 +46,9 @@ TEST_F(XdgBundleTest, speaksTheUsersLanguage) {
   EXPECT_EQ(textIn("LC_ALL", "C"), "Quit");
   EXPECT_EQ(textIn("LC_ALL", "../de"), "Quit");
   EXPECT_EQ(textIn("LC_ALL", ""), "Sair");
+  EXPECT_EQ(textIn("LANGUAGE", "fr:de_CH:pt_BR"), "Beenden");
+  EXPECT_EQ(textIn("LANGUAGE", "en_GB:de"), "Quit") << "English is there without a table";
+  EXPECT_EQ(textIn("LC_ALL", "C.UTF-8"), "Quit");
 }
 
 TEST_F(XdgBundleTest, whatIsInstalledSpeaksGermanAndArabicAndLeavesDataAlone) {
