@@ -19,7 +19,8 @@ the application in front. Keys held while the menu opens:
 
 Started once more, it shows the palette of the one that runs.
 
-Shortcuts do the same from any application; the settings file holds them.
+Shortcuts do the same from any application. They are recorded in the window that the menu
+opens.
 
 Options:
   --help      shows this
