@@ -5,6 +5,7 @@
 #include <QToolButton>
 
 #include "engine/window/PersonalLists.h"
+#include "engine/window/ShowText.h"
 #include "hosts/linux/bus/SessionBus.h"
 
 namespace qf {
@@ -14,7 +15,7 @@ constexpr const char* firstStep = "#TRIM";
 
 /// What the person is writing stays.
 void setText(QLineEdit* field, const std::string& text) {
-  if (!field->hasFocus() && field->text() != toQString(text)) field->setText(toQString(text));
+  if (!field->hasFocus()) showText(field, toQString(text));
 }
 
 }  // namespace
@@ -67,10 +68,11 @@ QLayout* CleanerEditor::makeStepButtons() {
 
 void CleanerEditor::connectFields() {
   connect(&_lists, &PersonalLists::changed, this, &CleanerEditor::update);
-  connect(_name, &QLineEdit::textEdited, this, [this](const QString& text) {
+  // Changed, not edited: dictation and the like put text in from outside.
+  connect(_name, &QLineEdit::textChanged, this, [this](const QString& text) {
     change([&](auto& cleaner) { cleaner.name = text.trimmed().toStdString(); });
   });
-  connect(_description, &QLineEdit::textEdited, this, [this](const QString& text) {
+  connect(_description, &QLineEdit::textChanged, this, [this](const QString& text) {
     change([&](auto& cleaner) { cleaner.description = text.trimmed().toStdString(); });
   });
   connect(_color, &ColorBox::picked, this,

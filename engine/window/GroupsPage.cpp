@@ -8,6 +8,7 @@
 
 #include "engine/window/ListFaults.h"
 #include "engine/window/RenamedGroup.h"
+#include "engine/window/ShowText.h"
 #include "engine/window/WindowModels.h"
 #include "hosts/linux/bus/SessionBus.h"
 #include "kit/QFKListFormat.h"
@@ -125,8 +126,8 @@ void GroupsPage::connectFields() {
           [this](int row) { _entries.removeRow(row); });
   connect(&_entries, &QAbstractItemModel::dataChanged, this, &GroupsPage::showEntry);
   connect(&_groups, &QAbstractItemModel::dataChanged, this, &GroupsPage::showGroup);
-  connect(_name, &QLineEdit::textEdited, this, &GroupsPage::renameGroup);
-  connect(_label, &QLineEdit::textEdited, this, [this](const QString& text) {
+  connect(_name, &QLineEdit::textChanged, this, &GroupsPage::renameGroup);
+  connect(_label, &QLineEdit::textChanged, this, [this](const QString& text) {
     changeEntry([&](auto& entry) {
       entry.token = std::string(specialToken::labelPrefix) + text.toStdString();
     });
@@ -146,7 +147,7 @@ void GroupsPage::showGroup() {
   const std::string name = currentGroup();
   _entrySide->setEnabled(!name.empty());
   _add->setEnabled(!name.empty());
-  if (!_name->hasFocus() && _name->text() != toQString(name)) _name->setText(toQString(name));
+  if (!_name->hasFocus()) showText(_name, toQString(name));
   _entries.setGroup(name);
   if (!_entryList->currentIndex().isValid()) _entryList->setCurrentRow(0);
   showEntry();
@@ -156,7 +157,7 @@ void GroupsPage::showEntry() {
   const CustomGroup::Entry* entry = _entries.row(_entryList->currentRow());
   const QString text = isLabel(entry) ? labelText(entry->token) : QString();
   _label->setEnabled(isLabel(entry));
-  if (_label->text() != text) _label->setText(text);
+  showText(_label, text);
   _color->setEnabled(entry && entry->token != specialToken::spacer);
   _color->setColor(entry ? entry->color : "");
 }
@@ -166,7 +167,7 @@ void GroupsPage::addGroup() {
   if (!name) return report(name.error());
   report(std::nullopt);
   _groupList->setCurrentRow(_groups.rowCount() - 1);
-  _name->setText(toQString(*name));
+  showText(_name, toQString(*name));
   _name->setFocus();
   _name->selectAll();
 }

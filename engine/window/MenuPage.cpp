@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QRadioButton>
+#include <QSignalBlocker>
 
 #include "engine/window/WindowModels.h"
 #include "host/Bundle.h"
@@ -27,6 +28,7 @@ std::filesystem::path autostartPattern(const Bundle& bundle) {
 /// Checks none where none has the number. The Tab key goes to the checked one, arrows to the
 /// others.
 void check(QButtonGroup* group, int id) {
+  const QSignalBlocker blocker(group);
   QAbstractButton* wanted = group->button(id);
   if (wanted) wanted->setChecked(true);
   group->setExclusive(wanted != nullptr);
@@ -47,13 +49,16 @@ MenuPage::MenuPage(WindowModels& models)
   column->addStretch();
   tintIcons();
   connect(&_models.menuSettings, &MenuSettings::changed, this, &MenuPage::showSettings);
-  connect(_icons, &QButtonGroup::idClicked, this, [this](int id) {
-    report(_models.menuSettings.change([id](auto& settings) { settings.setMenuIconID(id); }));
+  // Toggled, not clicked: that is what a screen reader does.
+  connect(_icons, &QButtonGroup::idToggled, this, [this](int id, bool isChecked) {
+    if (isChecked) change([id](auto& settings) { settings.setMenuIconID(id); });
   });
-  connect(_styles, &QButtonGroup::idClicked, this, [this](int id) {
-    report(_models.menuSettings.change([id](auto& settings) { settings.setMenuStyle(id); }));
+  connect(_styles, &QButtonGroup::idToggled, this, [this](int id, bool isChecked) {
+    if (isChecked) change([id](auto& settings) { settings.setMenuStyle(id); });
   });
 }
+
+void MenuPage::change(const MenuSettings::Edit& edit) { report(_models.menuSettings.change(edit)); }
 
 QGroupBox* MenuPage::iconBox() {
   const QString names[iconCount] = {tr("Folded page"), tr("Broom"),    tr("Quill"),
@@ -86,7 +91,7 @@ QGroupBox* MenuPage::startBox() {
   auto* box = new QGroupBox(tr("Start"));
   auto* column = new QVBoxLayout(box);
   _startsAtLogin = new QCheckBox(tr("Show the &menu in the tray after login"));
-  connect(_startsAtLogin, &QCheckBox::clicked, this, [this](bool isOn) {
+  connect(_startsAtLogin, &QCheckBox::toggled, this, [this](bool isOn) {
     report(_autostart.setOn(isOn));
     refresh();
   });
@@ -109,7 +114,7 @@ QGroupBox* MenuPage::paletteBox() {
 
 QCheckBox* MenuPage::switchFor(const QString& text, const StoredSwitch& stored) {
   auto* box = new QCheckBox(text);
-  connect(box, &QCheckBox::clicked, this, [this, stored](bool isOn) {
+  connect(box, &QCheckBox::toggled, this, [this, stored](bool isOn) {
     report(stored.setOn(isOn));
     refresh();
   });
@@ -119,8 +124,12 @@ QCheckBox* MenuPage::switchFor(const QString& text, const StoredSwitch& stored) 
 
 void MenuPage::refresh() {
   _models.menuSettings.read();
-  _startsAtLogin->setChecked(_autostart.isOn());
-  for (const auto& [box, stored] : _switches) box->setChecked(stored.isOn());
+  const auto show = [](QCheckBox* box, bool isOn) {
+    const QSignalBlocker blocker(box);
+    box->setChecked(isOn);
+  };
+  show(_startsAtLogin, _autostart.isOn());
+  for (const auto& [box, stored] : _switches) show(box, stored.isOn());
 }
 
 void MenuPage::showSettings() {

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 
 #include "engine/window/Autostart.h"
+#include "engine/window/MenuSettings.h"
 #include "engine/window/Page.h"
 #include "engine/window/StoredSwitch.h"
 
@@ -13,7 +14,6 @@ class QGroupBox;
 namespace qf {
 
 struct WindowModels;
-class MenuSettings;
 
 /// How the menu looks and what starts by itself.
 class MenuPage final : public Page {
@@ -33,6 +33,7 @@ class MenuPage final : public Page {
   QGroupBox* startBox();
   QGroupBox* paletteBox();
   QCheckBox* switchFor(const QString& text, const StoredSwitch& stored);
+  void change(const MenuSettings::Edit& edit);
   void showSettings();
   void tintIcons();
 

@@ -37,7 +37,8 @@ QFWindow::QFWindow(const WindowServices& services) : _colorScheme(services.bus),
   resize(firstSize.boundedTo(screen()->availableSize() * 0.95));
 }
 
-QFWindow::~QFWindow() = default;
+/// Pages go before what they show.
+QFWindow::~QFWindow() { delete _pageStack; }
 
 void QFWindow::addPages() {
   _pages = makePages(_models);

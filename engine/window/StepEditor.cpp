@@ -51,7 +51,7 @@ QWidget* StepEditor::makeReplaceFields() {
   _find->setAccessibleName(tr("Find"));
   _replace->setAccessibleName(tr("Replace by"));
   for (QCheckBox* box : {_isExpression, _ignoresCase}) {
-    connect(box, &QCheckBox::clicked, this, &StepEditor::tell);
+    connect(box, &QCheckBox::toggled, this, &StepEditor::tell);
   }
   auto* fields = new QWidget;
   auto* form = new QFormLayout(fields);

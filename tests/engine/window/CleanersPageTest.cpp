@@ -97,6 +97,8 @@ TEST_F(CleanersPage, EditsOfOthersSurvive) {
   EXPECT_TRUE(stores("\"name\": \"Z\""));
   for (const char* kept : {"theirs", "\"mine\": 2", "\"B\""}) EXPECT_TRUE(stores(kept)) << kept;
   EXPECT_TRUE(engine.has("list item", "B, your own"));
+  EXPECT_TRUE(engine.node("text", "Description").setText("dictated"));
+  EXPECT_TRUE(stores("\"description\": \"dictated\""));
 }
 
 TEST_F(CleanersPage, WhatCannotBeStoredIsSaid) {

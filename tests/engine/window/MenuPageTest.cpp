@@ -44,6 +44,16 @@ TEST(MenuPage, IsWorkedByKeysAlone) {
       [] { return contents(".config/org.quenfold.Menu.plist").contains("PaletteTakesKeyboard"); }));
 }
 
+TEST(MenuPage, AScreenReaderPressesAndHearsTheState) {
+  const EngineProgram engine;
+  OtherProcess other;
+  const Accessible quill = engine.node("radio button", "Quill");
+  EXPECT_TRUE(quill.press());
+  EXPECT_TRUE(other.sees([](auto& settings) { return settings.menuIconID() == 2; }));
+  EXPECT_TRUE(until([&] { return quill.hasState(state::checked); }));
+  EXPECT_FALSE(engine.node("radio button", "Broom").hasState(state::checked));
+}
+
 TEST(MenuPage, StartsAtLoginByADesktopEntry) {
   const QString entry = ".config/autostart/org.quenfold.Menu.desktop";
   put(entry, "[Desktop Entry]\nHidden=true\nName=Mine\nExec=/gone\n\n[Other]\nHidden=x\n");
