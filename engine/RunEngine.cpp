@@ -16,6 +16,7 @@
 #include "hosts/linux/bus/BusApplicationObject.h"
 #include "hosts/linux/files/UserLanguages.h"
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
+#include "hosts/linux/workspace/EndSignals.h"
 #include "hosts/linux/workspace/X11Display.h"
 #include "hosts/qt/Translations.h"
 #include "kit/QFKSharedContainer.h"
@@ -111,6 +112,7 @@ bool joinSession(Session& session, FirstShown firstShown, int& exitCode) {
 int runEngine(int argc, char** argv, FirstShown firstShown) {
   const Availability display = x11Display();
   const auto application = makeApplication(argc, argv, display);
+  const EndSignals endSignals;
   Session session;
   if (firstShown == FirstShown::window &&
       !session.applications.owners(engineBundleIdentifier).isEmpty()) {

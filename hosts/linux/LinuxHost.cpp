@@ -30,6 +30,7 @@
 #include "hosts/linux/keys/XkbKeyboardLayout.h"
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
 #include "hosts/linux/tray/DesktopTraySystem.h"
+#include "hosts/linux/workspace/EndSignals.h"
 #include "hosts/linux/workspace/LinuxWorkspace.h"
 #include "hosts/linux/workspace/X11Display.h"
 #include "hosts/linux/workspace/X11PanelSystem.h"
@@ -67,6 +68,7 @@ struct LinuxHost::Core {
 
   Program program;
   QtApplication application;
+  EndSignals endSignals;
   QDBusConnection bus;
   BusApplications applications;
 };

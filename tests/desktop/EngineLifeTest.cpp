@@ -8,11 +8,13 @@
 #include <QDBusReply>
 #include <QFile>
 #include <QTemporaryDir>
+#include <atomic>
 #include <csignal>
 #include <iostream>
 
 #include "tests/desktop/Agent.h"
 #include "tests/desktop/Desktop.h"
+#include "tests/hosts/pasteboard/SelectionPeer.h"
 
 namespace qf::desktop {
 namespace {
@@ -125,6 +127,20 @@ TEST_F(EngineLife, QuitOrKilledIsStartedAgain) {
     EXPECT_TRUE(cleans());
     EXPECT_NE(processOf(engines().first()), process);
   }
+}
+
+TEST_F(EngineLife, EndedLeavesTheClipboardToAManager) {
+  start("%real");
+  ASSERT_TRUE(cleans());
+  std::atomic<bool> isAskedToSave = false;
+  const SelectionOwner manager("CLIPBOARD_MANAGER", [&](auto& peer, auto& request) {
+    isAskedToSave = request.target == peer.atoms.saveTargets;
+    peer.notify(request, request.property);
+    return true;
+  });
+  kill(processOf(engines().first()), SIGTERM);
+  EXPECT_TRUE(until([] { return engines().isEmpty(); }));
+  EXPECT_TRUE(until([&] { return isAskedToSave.load(); }, 2s));
 }
 
 TEST_F(EngineLife, OfSeveralTheLastServes) {

@@ -89,7 +89,7 @@ bool beginAndStop(SelectionPeer& peer, const xcb_selection_request_event_t& requ
 }
 
 TEST_F(XcbPasteboardTest, givesOtherProgramsItsTextWhileThisThreadWaits) {
-  const std::string large = megabytes(10);
+  const std::string large = megabytes(100);
   for (const std::string& text : {std::string("Grüße"), large}) {
     ASSERT_TRUE(pasteboard->setString(text));
     EXPECT_EQ(outputOf("xclip -selection clipboard -o -t UTF8_STRING"), text);
@@ -104,7 +104,7 @@ TEST_F(XcbPasteboardTest, givesOtherProgramsItsTextWhileThisThreadWaits) {
 }
 
 TEST_F(XcbPasteboardTest, readsFromOtherPrograms) {
-  const std::string large = megabytes(10);
+  const std::string large = megabytes(100);
   for (const std::string& text : {std::string("Grüße"), large}) {
     const auto before = pasteboard->changeCount();
     FILE* xclip = popen("xclip -selection clipboard", "w");
