@@ -130,6 +130,32 @@ TEST_P(RealEditor, CopiesAndPastesWithAndWithoutSelection) {
   }
 }
 
+TEST_P(RealEditor, ReplacesTheSelectionAlone) {
+  editor->reset("😀 zwei drei", false);
+  keyboard::press("End");
+  keyboard::press("ctrl+shift+Left");
+  const auto element = road();
+  ASSERT_TRUE(element);
+  ASSERT_TRUE(until([&] { return element->menuItemWithShortcut("C", "0")->enabled(); }));
+  ASSERT_TRUE(element->copyToClipboard());
+  EXPECT_EQ(pasteboard.string(), "drei");
+  pasteboard.setString("Ünf");
+  EXPECT_TRUE(element->pasteFromClipboard());
+  EXPECT_TRUE(until([&] { return editor->text() == "😀 zwei Ünf"; })) << qPrintable(editor->text());
+}
+
+class Entry : public RealEditor {};
+INSTANTIATE_TEST_SUITE_P(Editors, Entry, testing::Values(gtk3Dialog, qt6Dialog), nameOf);
+
+TEST_P(Entry, ThatIsTooShortSaysSo) {
+  editor->reset(sample);
+  const auto element = road();
+  ASSERT_TRUE(element && element->copyToClipboard());
+  pasteboard.setString(QString("ü").repeated(100'000).toStdString());
+  EXPECT_FALSE(element->pasteFromClipboard());
+  EXPECT_THAT(accessibility->availability().reason, testing::HasSubstr("only a part"));
+}
+
 class LongText : public RealEditor {};
 INSTANTIATE_TEST_SUITE_P(Editors, LongText,
                          testing::Values(mousepad, featherpad, gedit, gtk4Editor, qt6Editor),
