@@ -86,7 +86,10 @@ void paintTitle(QPainter& painter, const RecorderCell& cell, const QRectF& frame
   const bool isRight = cell.alignment == RecorderCell::Alignment::right;
   const QString title = painter.fontMetrics().elidedText(
       QString::fromStdString(cell.title), Qt::ElideRight, static_cast<int>(room.width()));
-  painter.drawText(room, Qt::AlignVCenter | (isRight ? Qt::AlignRight : Qt::AlignHCenter), title);
+  // The right edge is the right one in every language, and glyphs of keys run as their letters do.
+  painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+  const int alignment = isRight ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignHCenter;
+  painter.drawText(room, Qt::AlignVCenter | alignment, title);
 }
 
 }  // namespace

@@ -70,6 +70,14 @@ TEST(RecorderView, IsReadableInEveryStyle) {
   }
 }
 
+TEST(RecorderView, HasItsHintAtTheRightInEveryLanguage) {
+  SampleRecorder sample;
+  sample.view.setLayoutDirection(Qt::RightToLeft);
+  sample.cell.alignment = RecorderCell::Alignment::right;
+  const QImage picture = sample.view.grab().toImage();
+  EXPECT_GE(contrast(picture.pixelColor(150, 13), picture.pixelColor(20, 13)), 3.5);
+}
+
 TEST(RecorderView, FollowsTheMouse) {
   SampleRecorder sample;
   sample.done.clear();
