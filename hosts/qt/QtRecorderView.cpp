@@ -46,7 +46,6 @@ QtRecorderView::QtRecorderView(Services services, QWidget* parent)
     : QWidget(parent), _services(services) {
   setMouseTracking(true);
   setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
-  setAttribute(Qt::WA_InputMethodEnabled, false);
   _sinceRelease.setSingleShot(true);
   _sinceRelease.setInterval(repeatGapInMilliseconds);
   connect(&_keyboard, &KeyboardHold::availabilityChanged, this,

@@ -99,9 +99,14 @@ TEST_F(Recorders, HoldTheKeyboardWhileTheyRecord) {
   EXPECT_TRUE(says("Ctrl+Alt+K")) << "the window's own shortcut, which records no more";
 }
 
-TEST_F(Recorders, GoByThePlaceOfTheKeyAndNotByAltGr) {
-  output("setxkbmap", {"de"});
-  settle(300ms);
+/// Before the window starts, so that it knows of no other.
+struct GermanKeyboard {
+  GermanKeyboard() { output("setxkbmap", {"de"}); }
+  ~GermanKeyboard() { output("setxkbmap", {"us"}); }
+};
+class GermanRecorders : GermanKeyboard, public Recorders {};
+
+TEST_F(GermanRecorders, GoByThePlaceOfTheKeyAndNotByAltGr) {
   Bell bell;
   clickFirst();
   keyboard.press({KEY_RIGHTALT, KEY_Q});
@@ -115,7 +120,6 @@ TEST_F(Recorders, GoByThePlaceOfTheKeyAndNotByAltGr) {
   clickFirst();
   keyboard.press({KEY_F5});
   EXPECT_TRUE(says("first F5"));
-  output("setxkbmap", {"us"});
 }
 
 TEST_F(Recorders, LetCloseQuitAndTabPass) {
