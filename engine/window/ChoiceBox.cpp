@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/window/ChoiceBox.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QLineEdit>
 #include <QWheelEvent>
+#include <utility>
 
 #include "engine/window/ActionChoices.h"
 
@@ -21,6 +23,7 @@ ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
     if (value != _value) emit chosen(value);
   });
   connect(lineEdit(), &QLineEdit::editingFinished, this, &ChoiceBox::chooseWhatIsTyped);
+  connect(lineEdit(), &QLineEdit::textChanged, this, &ChoiceBox::chooseWhatIsPutIn);
 }
 
 void ChoiceBox::setPurpose(const QString& purpose) {
@@ -29,16 +32,19 @@ void ChoiceBox::setPurpose(const QString& purpose) {
 }
 
 void ChoiceBox::showValue(QAbstractItemModel& choices, const QString& value) {
+  const bool wasShowing = std::exchange(_isShowing, true);
   if (model() != &choices) {
     setModel(&choices);
     completer()->setModel(&choices);
   }
   const int index = findData(value, ActionChoices::valueRole);
   const bool isTyping = lineEdit()->hasFocus() && lineEdit()->isModified();
-  if (value == _value && index == currentIndex() && isTyping) return;
-  _value = value;
-  setCurrentIndex(index);
-  if (index < 0) setEditText(value);
+  if (value != _value || index != currentIndex() || !isTyping) {
+    _value = value;
+    setCurrentIndex(index);
+    if (index < 0) setEditText(value);
+  }
+  _isShowing = wasShowing;
 }
 
 /// A part that fits one choice alone stands for it; anything else is taken back.
@@ -55,6 +61,13 @@ void ChoiceBox::chooseWhatIsTyped() {
   const bool isNew = value != _value;
   showValue(*model(), value);
   if (isNew) emit chosen(value);
+}
+
+/// By dictation and the like: neither by the person's keys nor by a change of the choices.
+void ChoiceBox::chooseWhatIsPutIn(const QString& text) {
+  const bool isSearching = lineEdit()->isModified() || completer()->popup()->isVisible();
+  if (_isShowing || isSearching || text == itemText(currentIndex())) return;
+  chooseWhatIsTyped();
 }
 
 void ChoiceBox::wheelEvent(QWheelEvent* event) { event->ignore(); }

@@ -26,8 +26,10 @@ class ChoiceBox final : public QComboBox {
 
  private:
   void chooseWhatIsTyped();
+  void chooseWhatIsPutIn(const QString& text);
 
   QString _value;
+  bool _isShowing = false;
 };
 
 }  // namespace qf

@@ -6,6 +6,7 @@
 #include "hosts/linux/bus/DBusDistributedNotificationCenter.h"
 #include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
 #include "hosts/linux/files/XdgFileManager.h"
+#include "kit/QFKIdentifiers.h"
 #include "kit/QFKMenuSettingsManager.h"
 #include "kit/QFKSharedContainer.h"
 #include "tests/desktop/Agent.h"
@@ -149,6 +150,13 @@ TEST_F(ShortcutsPageTest, OrdersAndRemovesOnTopOfWhatOthersChange) {
   settings.setShortcut(first);
   const std::string third = settings.addShortcut();
   EXPECT_TRUE(hasHeading("Swap Case"));
+
+  // In the last one: a screen reader puts a text in without the keyboard.
+  engine.node("text", "Cleaner").setText("upper case");
+  EXPECT_TRUE(until([&] { return item(third).typeValue == "#UPPERCASE"; }));
+
+  // The engine publishes its lists anew: nothing is chosen by that.
+  notifications.post(SharedGroupsDataChangedNotification);
 
   click("push button", "Move down", 1);
   EXPECT_TRUE(until([&] { return stored() == std::vector{before[0], third, before[1]}; }));
