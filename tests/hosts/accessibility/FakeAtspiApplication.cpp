@@ -170,6 +170,8 @@ QVariantList FakeAtspiApplication::answer(const QDBusMessage& message, const Obj
     if (object.isText && object.isEditable) interfaces << "org.a11y.atspi.EditableText";
     return {interfaces};
   }
+  if (method == "Get" && message.arguments().value(1) == "ToolkitName")
+    return {QVariant::fromValue(QDBusVariant(_toolkit))};
   if (method == "GetName") return {object.actionName};
   if (method == "Get" && message.arguments().value(1) == "NActions")
     return {QVariant::fromValue(QDBusVariant(object.actionName.isEmpty() ? 0 : 1))};

@@ -50,6 +50,7 @@ class FakeAtspiApplication : public QDBusVirtualObject {
   void setState(int object, int state, bool isOn);
   void sendWindowEvent(int window, const QString& event);
 
+  void setToolkit(const QString& name) { _toolkit = name; }
   void setDelay(std::chrono::milliseconds delay) { _delay = delay; }
   /// Takes questions without answering them.
   void setSilent(bool isSilent) { _isSilent = isSilent; }
@@ -68,6 +69,7 @@ class FakeAtspiApplication : public QDBusVirtualObject {
   std::recursive_mutex _mutex;
   std::map<int, Object> _objects;
   std::map<QString, int> _calls;
+  QString _toolkit;
   std::atomic<std::chrono::milliseconds> _delay = std::chrono::milliseconds(0);
   std::atomic<bool> _isSilent = false;
 };

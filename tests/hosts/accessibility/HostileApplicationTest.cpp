@@ -279,6 +279,14 @@ TEST_F(HostileApplication, MenuThatIsUpToDateOnlyWhenOpenedIsOpenedOnce) {
   EXPECT_EQ(calls["ClearSelection"], 1);
 }
 
+TEST_F(HostileApplication, CopyThatTakesTheLineWithoutASelectionCountsAsDisabled) {
+  application->setToolkit("Qt");
+  const int text = addText(editor.window, atspirole::text, "text");
+  EXPECT_FALSE(find("C")->enabled());
+  application->change(text, [](auto& changed) { changed.selectionEnd = 4; });
+  EXPECT_TRUE(find("C")->enabled());
+}
+
 TEST_F(HostileApplication, SilentOneCountsAsGoneForTheRestOfTheRoad) {
   const auto copy = find("C");
   ASSERT_TRUE(copy);
