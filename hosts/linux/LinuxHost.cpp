@@ -31,6 +31,7 @@
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
 #include "hosts/linux/tray/DesktopTraySystem.h"
 #include "hosts/linux/workspace/EndSignals.h"
+#include "hosts/linux/workspace/ColorScheme.h"
 #include "hosts/linux/workspace/LinuxWorkspace.h"
 #include "hosts/linux/workspace/X11Display.h"
 #include "hosts/linux/workspace/X11PanelSystem.h"
@@ -88,6 +89,7 @@ struct LinuxHost::Services {
         servicesMenu(core.bus, pasteboards),
         traySystem(core.bus),
         statusBar(traySystem),
+        colorScheme(core.bus),
         notice(core.bus, "Quenfold", iconName),
         statusReport(core.bus, [this] { return states(); }),
         host{.accessibility = accessibility,
@@ -173,6 +175,7 @@ struct LinuxHost::Services {
   QtSound sound;
   DesktopTraySystem traySystem;
   QtStatusBar statusBar;
+  ColorScheme colorScheme;
   UserNotice notice;
   StatusReport statusReport;
   std::optional<std::string> latestFailure;

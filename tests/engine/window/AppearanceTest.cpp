@@ -7,6 +7,7 @@
 #include <QDBusVariant>
 #include <QImage>
 
+#include "tests/desktop/Agent.h"
 #include "tests/engine/window/EngineProgram.h"
 #include "tests/engine/window/Home.h"
 
@@ -93,6 +94,22 @@ TEST(Appearance, FollowsTheDesktopIntoTheDarkAndBack) {
   EXPECT_TRUE(becomes(true));
   portal.set(2);
   EXPECT_TRUE(becomes(false));
+}
+
+TEST(Appearance, TheAgentFollowsTheDesktopToo) {
+  Portal portal;
+  Agent agent;
+  for (const bool isDark : {true, false}) {
+    portal.set(isDark ? 1 : 2);
+    EXPECT_TRUE(until([&] {
+      agent.openMenu();
+      screenshot(home("menu.png"));
+      const QPoint place = agent.menuEntry("Quit").screenExtents().center();
+      keyboard::press("Escape");
+      EXPECT_TRUE(until([&] { return !agent.shows("Quit"); }));
+      return (QImage(home("menu.png")).pixelColor(place).lightness() < 100) == isDark;
+    }));
+  }
 }
 
 }  // namespace
