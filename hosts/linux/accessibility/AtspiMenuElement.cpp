@@ -72,9 +72,17 @@ std::optional<AccessibilityValue> AtspiMenuElement::copyAttributeValue(
 }
 
 bool AtspiMenuElement::performAction(std::string_view action) {
-  const auto behind = action == "AXPress" ? command() : nullptr;
+  auto behind = action == "AXPress" ? command() : nullptr;
   if (!behind) return false;
   AtspiApplication& application = _application->application();
+  if (isPasteOfNothingInQt()) {
+    const AtspiTextTarget& target = _application->target();
+    if (!target.isEditable) {
+      noteObstacle("nothing is left of it, and its Paste deletes nothing; delete it there");
+      return false;
+    }
+    behind = std::make_unique<AtspiTextCommand>(target, pasteKey, _application->pasteboard());
+  }
   const AtspiPress press =
       pressCommand(application, *behind, _node.key, _application->pasteboard());
   if (press.whyInVain.empty())
@@ -103,6 +111,12 @@ std::unique_ptr<AtspiCommand> AtspiMenuElement::command() const {
       _node.source, barItem->source, barItem->parent->source,
       [this](bool saysItIs) { return mustBeEnabled(saysItIs); },
       [this, barItem] { _tree->renewItems(_application->application(), *barItem); });
+}
+
+/// Qt's Paste does nothing then: what was cleaned to nothing would stay.
+bool AtspiMenuElement::isPasteOfNothingInQt() const {
+  return _node.key == pasteKey && _application->application().toolkit() == QLatin1String("Qt") &&
+         _application->pasteboard().string() == "";
 }
 
 /// What the selection and the clipboard say of Copy and Paste, where they can be asked.

@@ -48,7 +48,8 @@ std::string AtspiTextReplacement::run(const std::string& utf8) {
   std::vector<QDBusMessage> changes;
   if (removed > 0) changes.push_back(atspi::deleteText(_text, _replaced));
   if (!text.isEmpty()) changes.push_back(insertion(text));
-  if (changes.empty() || !_application.isThere()) return {};
+  if (!_application.isThere()) return _application.whyNotThere();
+  if (changes.empty()) return {};
   const auto answers = _application.ask(changes, editLimitInMs);
   const int count = characterCount();
   if (!_application.isThere()) return _application.whyNotThere();

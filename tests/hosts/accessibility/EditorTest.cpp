@@ -130,7 +130,7 @@ TEST_P(RealEditor, CopiesAndPastesWithAndWithoutSelection) {
   }
 }
 
-TEST_P(RealEditor, ReplacesTheSelectionAlone) {
+TEST_P(RealEditor, ReplacesOrDeletesTheSelectionAlone) {
   editor->reset("😀 zwei drei", false);
   keyboard::press("End");
   keyboard::press("ctrl+shift+Left");
@@ -142,6 +142,14 @@ TEST_P(RealEditor, ReplacesTheSelectionAlone) {
   pasteboard.setString("Ünf");
   EXPECT_TRUE(element->pasteFromClipboard());
   EXPECT_TRUE(until([&] { return editor->text() == "😀 zwei Ünf"; })) << qPrintable(editor->text());
+
+  keyboard::press("ctrl+shift+Left");
+  ASSERT_TRUE(until([&] { return element->menuItemWithShortcut("C", "0")->enabled(); }));
+  pasteboard.setString("");
+  const bool isDeleted = element->pasteFromClipboard();
+  EXPECT_NE(isDeleted, GetParam().name == std::string("Kate"));
+  const QString rest = isDeleted ? "😀 zwei " : "😀 zwei Ünf";
+  EXPECT_TRUE(until([&] { return editor->text() == rest; })) << qPrintable(editor->text());
 }
 
 class Entry : public RealEditor {};
