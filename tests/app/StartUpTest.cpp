@@ -61,15 +61,15 @@ TEST(StartUp, GoesThroughItsStepsAndCleansText) {
 
   EXPECT_THAT(
       afterStart,
-      ElementsAre(
-          "crash reporter", "read quenfold-menu.plist", "services provider",
-          "observe org.quenfold.kit.SharedQFMenuPrefsChangedNotification",
-          "observe org.quenfold.kit.SharedGroupsDataChangedNotification",
-          "observe org.quenfold.kit.SharedQFMenuPrefsChangedNotification",
-          "read quenfold-lists.plist", "read quenfold-lists.plist", "trusted? with a prompt",
-          "log Process not trusted on launch - user needs to mark it to work properly",
-          "hot key 122", "hot key 96", "frontmost?", "frontmost?", "status item",
-          "status item's menu", "not highlighted", "image none", "enabled"));
+      ElementsAre("crash reporter", "read quenfold-menu.plist", "services provider",
+                  "observe org.quenfold.kit.SharedQFMenuPrefsChangedNotification",
+                  "observe org.quenfold.kit.SharedGroupsDataChangedNotification",
+                  "observe org.quenfold.kit.SharedQFMenuPrefsChangedNotification",
+                  "read quenfold-lists.plist", "read quenfold-lists.plist",
+                  "trusted? with a prompt",
+                  "log Process not trusted on launch - user needs to mark it to work properly",
+                  "hot key 122", "hot key 96", "frontmost?", "frontmost?", "status item",
+                  "status item's menu", "not highlighted", "image none", "enabled"));
   EXPECT_EQ(host.userDefaults.standard.registered,
             (Dictionary{{"NSApplicationCrashOnExceptions", true}}));
   EXPECT_THAT(host.statusBar.lengths, ElementsAre(-1.0));

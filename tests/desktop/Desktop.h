@@ -43,8 +43,8 @@ class Program {
 class Editor {
  public:
   /// Opens the program with the text, in the place of "%text" in the command or else in a file,
-  /// whose path goes to "%file" or to the end, or to "%page" as that of a web page; throws std::runtime_error when no window with it
-  /// comes up.
+  /// whose path goes to "%file" or to the end, or to "%page" as that of a web page; throws
+  /// std::runtime_error when no window with it comes up.
   Editor(const QString& command, const QString& text);
 
   Program& program() { return _program; }
