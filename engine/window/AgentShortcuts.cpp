@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/window/AgentShortcuts.h"
 
-#include "engine/window/Reasons.h"
+#include "hosts/qt/Reasons.h"
 
 namespace qf {
 

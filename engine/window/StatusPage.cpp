@@ -5,9 +5,9 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include "engine/window/Reasons.h"
 #include "engine/window/WindowModels.h"
 #include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/Reasons.h"
 
 namespace qf {
 namespace {

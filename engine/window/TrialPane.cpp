@@ -4,7 +4,7 @@
 #include <QGridLayout>
 #include <utility>
 
-#include "engine/window/Reasons.h"
+#include "hosts/qt/Reasons.h"
 
 namespace qf {
 

@@ -42,6 +42,7 @@
 #include "hosts/qt/QtPaletteWindows.h"
 #include "hosts/qt/QtSound.h"
 #include "hosts/qt/QtStatusBar.h"
+#include "hosts/qt/Reasons.h"
 #include "hosts/qt/Translations.h"
 
 namespace qf {
@@ -150,8 +151,9 @@ struct LinuxHost::Services {
 
   void tell(const std::string& failure) {
     latestFailure = failure;
-    statusBar.setNotice(failure);
-    notice.tell(failure);
+    const std::string text = reasonText(QString::fromStdString(failure)).toStdString();
+    statusBar.setNotice(text);
+    notice.tell(text);
   }
 
   LocalCrashReporter crashReporter;

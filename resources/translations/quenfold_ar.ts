@@ -543,6 +543,202 @@
         <source>its elements are nested too deeply</source>
         <translation>عناصره متداخلة بعمق زائد</translation>
     </message>
+    <message>
+        <source>The text in %1 cannot be cleaned, because %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The text cannot be cleaned, because %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it does not answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it answers too slowly</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it shows no window on the accessibility bus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no window of another application has had the input yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is not on the accessibility bus; where it can be made to use it, start it anew</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has not copied its text within 1 s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>nothing is selected in it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it takes no text there; it may be read-only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is nothing to select in it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it opens no context menu; if its menu bar is hidden, show it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its context menu does not offer that</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>nothing is left of it, and its Paste deletes nothing; delete it there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it refuses to tell its text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the clipboard could not be taken</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it refuses to select its text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it refuses to copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its menu refuses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no text on the clipboard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it refuses the text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has kept the old text too; Undo there takes the new one away</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has taken only a part of the new text; the whole is on the clipboard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has refused the new text after it gave up the old one; Undo there brings that back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its window has no menu bar with Copy and Paste, and nothing in it has the focus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a password field has the focus, which keeps its text to itself</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the accessibility bus is off; install at-spi2-core, then log out and in again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>screen readers are not told what was recorded: this program is not on the accessibility bus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the command holds more than 16 MiB of data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quenfold is not running; is it installed?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the session bus did not take the command</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quenfold is not running any more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quenfold ended before it had answered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quenfold refused the command: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the application is not installed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot connect to the X server %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no X server: DISPLAY is not set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the X server lacks the XFIXES extension</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no X display; hot keys work in an X11 session only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the X server lacks the XKEYBOARD extension</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the X server does not answer; %1 is not registered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>another program holds the keyboard: its combinations, and the desktop&apos;s, cannot be recorded; close its menu or let go of all keys</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>in a Wayland session shortcuts are heard only while an X11 application has the input; log in to an X11 session to have them everywhere</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its window has no menu bar with Copy and Paste, and what has the focus there does not offer its text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no D-Bus session bus; start the programs from a desktop session or with dbus-run-session</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no X display; the windows of other applications can be reached in an X11 session only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quenfold did not answer within %1 s; it may still carry out the command later</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be started: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it ended before it appeared on the bus</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>qf::ReorderableList</name>

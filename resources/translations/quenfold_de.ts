@@ -543,6 +543,202 @@
         <source>its elements are nested too deeply</source>
         <translation>seine Elemente sind zu tief verschachtelt</translation>
     </message>
+    <message>
+        <source>The text in %1 cannot be cleaned, because %2</source>
+        <translation>Der Text in %1 kann nicht bereinigt werden: %2</translation>
+    </message>
+    <message>
+        <source>The text cannot be cleaned, because %1</source>
+        <translation>Der Text kann nicht bereinigt werden: %1</translation>
+    </message>
+    <message>
+        <source>it does not answer</source>
+        <translation>sie antwortet nicht</translation>
+    </message>
+    <message>
+        <source>it answers too slowly</source>
+        <translation>sie antwortet zu langsam</translation>
+    </message>
+    <message>
+        <source>it shows no window on the accessibility bus</source>
+        <translation>sie zeigt auf dem Bus für Barrierefreiheit kein Fenster</translation>
+    </message>
+    <message>
+        <source>no window of another application has had the input yet</source>
+        <translation>noch kein Fenster einer anderen Anwendung hatte die Eingabe</translation>
+    </message>
+    <message>
+        <source>it is not on the accessibility bus; where it can be made to use it, start it anew</source>
+        <translation>sie ist nicht auf dem Bus für Barrierefreiheit; wo sie ihn benutzen kann, bitte neu starten</translation>
+    </message>
+    <message>
+        <source>it has not copied its text within 1 s</source>
+        <translation>sie hat ihren Text nicht binnen 1 s kopiert</translation>
+    </message>
+    <message>
+        <source>nothing is selected in it</source>
+        <translation>darin ist nichts ausgewählt</translation>
+    </message>
+    <message>
+        <source>it takes no text there; it may be read-only</source>
+        <translation>sie nimmt dort keinen Text an; vielleicht ist er nur zu lesen</translation>
+    </message>
+    <message>
+        <source>there is nothing to select in it</source>
+        <translation>darin gibt es nichts auszuwählen</translation>
+    </message>
+    <message>
+        <source>it opens no context menu; if its menu bar is hidden, show it</source>
+        <translation>sie öffnet kein Kontextmenü; ist ihre Menüleiste ausgeblendet, bitte einblenden</translation>
+    </message>
+    <message>
+        <source>its context menu does not offer that</source>
+        <translation>ihr Kontextmenü bietet das nicht an</translation>
+    </message>
+    <message>
+        <source>nothing is left of it, and its Paste deletes nothing; delete it there</source>
+        <translation>es bleibt nichts davon, und ihr Einfügen löscht nichts; bitte dort löschen</translation>
+    </message>
+    <message>
+        <source>it refuses to tell its text</source>
+        <translation>sie gibt ihren Text nicht preis</translation>
+    </message>
+    <message>
+        <source>the clipboard could not be taken</source>
+        <translation>die Zwischenablage war nicht zu übernehmen</translation>
+    </message>
+    <message>
+        <source>it refuses to select its text</source>
+        <translation>sie wählt ihren Text nicht aus</translation>
+    </message>
+    <message>
+        <source>it refuses to copy</source>
+        <translation>sie kopiert nicht</translation>
+    </message>
+    <message>
+        <source>its menu refuses</source>
+        <translation>ihr Menü weigert sich</translation>
+    </message>
+    <message>
+        <source>there is no text on the clipboard</source>
+        <translation>in der Zwischenablage ist kein Text</translation>
+    </message>
+    <message>
+        <source>it refuses the text</source>
+        <translation>sie nimmt den Text nicht an</translation>
+    </message>
+    <message>
+        <source>it has kept the old text too; Undo there takes the new one away</source>
+        <translation>sie hat auch den alten Text behalten; Rückgängig nimmt dort den neuen fort</translation>
+    </message>
+    <message>
+        <source>it has taken only a part of the new text; the whole is on the clipboard</source>
+        <translation>sie hat nur einen Teil des neuen Textes genommen; der ganze ist in der Zwischenablage</translation>
+    </message>
+    <message>
+        <source>it has refused the new text after it gave up the old one; Undo there brings that back</source>
+        <translation>sie hat den neuen Text nicht angenommen, nachdem sie den alten hergegeben hatte; Rückgängig bringt ihn dort zurück</translation>
+    </message>
+    <message>
+        <source>its window has no menu bar with Copy and Paste, and nothing in it has the focus</source>
+        <translation>ihr Fenster hat keine Menüleiste mit Kopieren und Einfügen, und nichts darin hat den Fokus</translation>
+    </message>
+    <message>
+        <source>a password field has the focus, which keeps its text to itself</source>
+        <translation>den Fokus hat ein Passwortfeld, das seinen Text für sich behält</translation>
+    </message>
+    <message>
+        <source>the accessibility bus is off; install at-spi2-core, then log out and in again</source>
+        <translation>der Bus für Barrierefreiheit ist aus; bitte at-spi2-core installieren, dann ab- und wieder anmelden</translation>
+    </message>
+    <message>
+        <source>screen readers are not told what was recorded: this program is not on the accessibility bus</source>
+        <translation>Bildschirmleser erfahren nicht, was aufgenommen wurde: dieses Programm ist nicht auf dem Bus für Barrierefreiheit</translation>
+    </message>
+    <message>
+        <source>the command holds more than 16 MiB of data</source>
+        <translation>der Befehl enthält mehr als 16 MiB</translation>
+    </message>
+    <message>
+        <source>Quenfold is not running; is it installed?</source>
+        <translation>Quenfold läuft nicht; ist es installiert?</translation>
+    </message>
+    <message>
+        <source>the session bus did not take the command</source>
+        <translation>der Sitzungsbus hat den Befehl nicht angenommen</translation>
+    </message>
+    <message>
+        <source>Quenfold is not running any more</source>
+        <translation>Quenfold läuft nicht mehr</translation>
+    </message>
+    <message>
+        <source>Quenfold ended before it had answered</source>
+        <translation>Quenfold endete, bevor es geantwortet hatte</translation>
+    </message>
+    <message>
+        <source>Quenfold refused the command: %1</source>
+        <translation>Quenfold hat den Befehl abgelehnt: %1</translation>
+    </message>
+    <message>
+        <source>the application is not installed</source>
+        <translation>die Anwendung ist nicht installiert</translation>
+    </message>
+    <message>
+        <source>cannot connect to the X server %1</source>
+        <translation>keine Verbindung zum X-Server %1</translation>
+    </message>
+    <message>
+        <source>no X server: DISPLAY is not set</source>
+        <translation>kein X-Server: DISPLAY ist nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>the X server lacks the XFIXES extension</source>
+        <translation>dem X-Server fehlt die Erweiterung XFIXES</translation>
+    </message>
+    <message>
+        <source>there is no X display; hot keys work in an X11 session only</source>
+        <translation>es gibt keine X-Anzeige; Tastenkürzel wirken nur in einer X11-Sitzung</translation>
+    </message>
+    <message>
+        <source>the X server lacks the XKEYBOARD extension</source>
+        <translation>dem X-Server fehlt die Erweiterung XKEYBOARD</translation>
+    </message>
+    <message>
+        <source>the X server does not answer; %1 is not registered</source>
+        <translation>der X-Server antwortet nicht; %1 ist nicht angemeldet</translation>
+    </message>
+    <message>
+        <source>another program holds the keyboard: its combinations, and the desktop&apos;s, cannot be recorded; close its menu or let go of all keys</source>
+        <translation>ein anderes Programm hält die Tastatur: seine Tasten und die des Desktops sind nicht aufzunehmen; bitte sein Menü schließen oder alle Tasten loslassen</translation>
+    </message>
+    <message>
+        <source>in a Wayland session shortcuts are heard only while an X11 application has the input; log in to an X11 session to have them everywhere</source>
+        <translation>in einer Wayland-Sitzung sind Tastenkürzel nur zu hören, solange eine X11-Anwendung die Eingabe hat; für alle anderen bitte an einer X11-Sitzung anmelden</translation>
+    </message>
+    <message>
+        <source>its window has no menu bar with Copy and Paste, and what has the focus there does not offer its text</source>
+        <translation>ihr Fenster hat keine Menüleiste mit Kopieren und Einfügen, und was darin den Fokus hat, bietet seinen Text nicht an</translation>
+    </message>
+    <message>
+        <source>there is no D-Bus session bus; start the programs from a desktop session or with dbus-run-session</source>
+        <translation>es gibt keinen D-Bus-Sitzungsbus; bitte die Programme aus einer Desktop-Sitzung oder mit dbus-run-session starten</translation>
+    </message>
+    <message>
+        <source>there is no X display; the windows of other applications can be reached in an X11 session only</source>
+        <translation>es gibt keine X-Anzeige; die Fenster anderer Anwendungen sind nur in einer X11-Sitzung zu erreichen</translation>
+    </message>
+    <message>
+        <source>Quenfold did not answer within %1 s; it may still carry out the command later</source>
+        <translation>Quenfold hat nicht binnen %1 s geantwortet; vielleicht führt es den Befehl noch aus</translation>
+    </message>
+    <message>
+        <source>%1 cannot be started: %2</source>
+        <translation>%1 ist nicht zu starten: %2</translation>
+    </message>
+    <message>
+        <source>it ended before it appeared on the bus</source>
+        <translation>es endete, bevor es auf dem Bus erschien</translation>
+    </message>
 </context>
 <context>
     <name>qf::ReorderableList</name>

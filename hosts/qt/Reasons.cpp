@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/qt/Reasons.h"
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+#include <optional>
+
+namespace qf {
+namespace {
+
+// As services, applications that were not reached, and cleaners word them.
+constexpr const char* known[] = {
+    QT_TRANSLATE_NOOP("qf::Reasons", "no tray on this desktop"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "another program holds %1; choose other keys here or there"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "this keyboard has no key for %1"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the X server tells nothing of its keyboard"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the X server closed the connection"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the connection to the X display was lost; log in again"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "the connection to the accessibility bus was lost; start the program anew"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the accessibility bus refuses connections: %1"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "the connection to the D-Bus session bus was lost; log out and in again"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "no window manager here tells which window is active; start one that knows "
+                      "_NET_ACTIVE_WINDOW"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "The list of cleaners could not be published: %1"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "finding took too long"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "finding took too much memory"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the result is too large"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the replacement names a group that the expression has not"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it cannot be read"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it cannot be read as Markdown"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it is no Base64"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "its elements are nested too deeply"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "The text in %1 cannot be cleaned, because %2"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "The text cannot be cleaned, because %1"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it does not answer"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it answers too slowly"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it shows no window on the accessibility bus"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "no window of another application has had the input yet"),
+    QT_TRANSLATE_NOOP(
+        "qf::Reasons",
+        "it is not on the accessibility bus; where it can be made to use it, start it anew"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it has not copied its text within 1 s"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "nothing is selected in it"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it takes no text there; it may be read-only"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "there is nothing to select in it"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "it opens no context menu; if its menu bar is hidden, show it"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "its context menu does not offer that"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "nothing is left of it, and its Paste deletes nothing; delete it there"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it refuses to tell its text"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the clipboard could not be taken"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it refuses to select its text"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it refuses to copy"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "its menu refuses"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "there is no text on the clipboard"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it refuses the text"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "it has kept the old text too; Undo there takes the new one away"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "it has taken only a part of the new text; the whole is on the clipboard"),
+    QT_TRANSLATE_NOOP(
+        "qf::Reasons",
+        "it has refused the new text after it gave up the old one; Undo there brings that back"),
+    QT_TRANSLATE_NOOP(
+        "qf::Reasons",
+        "its window has no menu bar with Copy and Paste, and nothing in it has the focus"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "a password field has the focus, which keeps its text to itself"),
+    QT_TRANSLATE_NOOP(
+        "qf::Reasons",
+        "the accessibility bus is off; install at-spi2-core, then log out and in again"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "screen readers are not told what was recorded: this program is not on the "
+                      "accessibility bus"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the command holds more than 16 MiB of data"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "Quenfold is not running; is it installed?"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the session bus did not take the command"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "Quenfold is not running any more"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "Quenfold ended before it had answered"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "Quenfold refused the command: %1"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the application is not installed"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "cannot connect to the X server %1"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "no X server: DISPLAY is not set"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the X server lacks the XFIXES extension"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "there is no X display; hot keys work in an X11 session only"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the X server lacks the XKEYBOARD extension"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the X server does not answer; %1 is not registered"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "another program holds the keyboard: its combinations, and the desktop's, "
+                      "cannot be recorded; close its menu or let go of all keys"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "in a Wayland session shortcuts are heard only while an X11 application has "
+                      "the input; log in to an X11 session to have them everywhere"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "its window has no menu bar with Copy and Paste, and what has the focus "
+                      "there does not offer its text"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "there is no D-Bus session bus; start the programs from a desktop session or "
+                      "with dbus-run-session"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "there is no X display; the windows of other applications can be reached in "
+                      "an X11 session only"),
+    QT_TRANSLATE_NOOP(
+        "qf::Reasons",
+        "Quenfold did not answer within %1 s; it may still carry out the command later"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "%1 cannot be started: %2"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it ended before it appeared on the bus"),
+};
+
+/// What stands in the places of "%1" and "%2"; nothing for another text.
+std::optional<QStringList> fillings(const QString& text, const QString& pattern) {
+  QString form = QRegularExpression::escape(pattern);
+  for (const char* place : {"\\%1", "\\%2"}) form.replace(QLatin1String(place), "(.+)");
+  const QRegularExpression expression(QRegularExpression::anchoredPattern(form),
+                                      QRegularExpression::DotMatchesEverythingOption);
+  const auto match = expression.match(text);
+  if (!match.hasMatch()) return std::nullopt;
+  return match.capturedTexts().mid(1);
+}
+
+}  // namespace
+
+QString reasonText(const QString& english) {
+  for (const char* pattern : known) {
+    const auto parts = fillings(english, pattern);
+    if (!parts) continue;
+    QString text = QCoreApplication::translate("qf::Reasons", pattern);
+    // One reason may hold another.
+    for (const QString& part : *parts) text = text.arg(reasonText(part));
+    return text;
+  }
+  return english;
+}
+
+}  // namespace qf
