@@ -10,11 +10,13 @@ namespace qf {
 
 void AtspiObstacle::note(std::int32_t processIdentifier, const std::string& why) {
   const auto application = _workspace.runningApplication(processIdentifier);
-  const std::string place = application ? " in " + application->localizedName
-                            : processIdentifier > 0
-                                ? " in process " + std::to_string(processIdentifier)
-                                : "";
-  const std::string sentence = "The text" + place + " cannot be cleaned, because " + why;
+  std::string place;
+  if (processIdentifier > 0) place = "process " + std::to_string(processIdentifier);
+  if (application) place = application->localizedName;
+  const std::string sentence =
+      (place.empty() ? "The text cannot be cleaned, because "
+                     : "The text in " + place + " cannot be cleaned, because ") +
+      why;
   _isUntold = true;
   if (sentence == _sentence) return;
   _sentence = sentence;

@@ -38,14 +38,14 @@ TEST(RealStart, GoesThroughItsStepsInTheirOrder) {
   file.close();
 
   ASSERT_TRUE(LinuxHost::desktop().isAvailable);
-  auto& host = *new LinuxHost(argumentCount, arguments,
-                              {.bundleIdentifier = agentBundleIdentifier,
-                               .name = "quenfold-menu",
-                               .version = "test",
-                               .activationPolicy = ActivationPolicy::accessory});
+  static LinuxHost& host = *new LinuxHost(argumentCount, arguments,
+                                          {.bundleIdentifier = agentBundleIdentifier,
+                                           .name = "quenfold-menu",
+                                           .version = "test",
+                                           .activationPolicy = ActivationPolicy::accessory});
   ASSERT_TRUE(host.registerOnlyInstance());
-  auto& noting = *new NotingHost(host.services());
-  QTimer::singleShot(0, [&noting] { noting.host.application.terminate(); });
+  static NotingHost& noting = *new NotingHost(host.services());
+  QTimer::singleShot(0, [] { noting.host.application.terminate(); });
   EXPECT_EQ(applicationMain(noting.host), 0);
 
   EXPECT_THAT(
