@@ -9,6 +9,7 @@ namespace qf {
 namespace {
 
 // As services, applications that were not reached, and cleaners word them.
+// NOLINTBEGIN(bugprone-suspicious-missing-comma): long sentences stand on several lines
 constexpr const char* known[] = {
     QT_TRANSLATE_NOOP("qf::Reasons", "no tray on this desktop"),
     QT_TRANSLATE_NOOP("qf::Reasons", "another program holds %1; choose other keys here or there"),
@@ -110,6 +111,7 @@ constexpr const char* known[] = {
     QT_TRANSLATE_NOOP("qf::Reasons", "%1 cannot be started: %2"),
     QT_TRANSLATE_NOOP("qf::Reasons", "it ended before it appeared on the bus"),
 };
+// NOLINTEND(bugprone-suspicious-missing-comma)
 
 /// What stands in the places of "%1" and "%2"; nothing for another text.
 std::optional<QStringList> fillings(const QString& text, const QString& pattern) {
