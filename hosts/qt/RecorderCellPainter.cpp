@@ -53,7 +53,7 @@ void paintNativeBezel(QPainter& painter, const RecorderCell& cell, const QRectF&
 void paintBezel(QPainter& painter, const RecorderCell& cell, const QRectF& frame,
                 const QWidget& widget) {
   const auto group = groupOf(cell, widget);
-  const QPalette palette = widget.palette();
+  const QPalette& palette = widget.palette();
   const QColor button = palette.color(group, QPalette::Button);
   QBrush ground = cell.isOn ? palette.color(group, QPalette::Highlight) : button;
   if (cell.style == RecorderStyle::texturedRounded && !cell.isOn) {
