@@ -2,6 +2,9 @@
 #include "tests/desktop/Agent.h"
 
 #include <QCoreApplication>
+#include <QDBusArgument>
+#include <QDBusInterface>
+#include <QDBusReply>
 #include <QDir>
 #include <QFile>
 #include <QThread>
@@ -23,6 +26,28 @@ QRect geometryOfWindow(const QString& window) {
 
 QString Agent::builtProgram(const QString& name) {
   return QCoreApplication::applicationDirPath() + "/" + name;
+}
+
+QString Agent::services() {
+  QDBusInterface status("org.quenfold.Menu", "/org/quenfold/Status",
+                        "org.freedesktop.DBus.Properties");
+  const QDBusReply<QDBusVariant> reply = status.call("Get", "org.quenfold.Status1", "Services");
+  const auto map = reply.value().variant().value<QDBusArgument>();
+  QString text;
+  map.beginMap();
+  while (!map.atEnd()) {
+    QString name, reason;
+    bool isAvailable = false;
+    map.beginMapEntry();
+    map >> name;
+    map.beginStructure();
+    map >> isAvailable >> reason;
+    map.endStructure();
+    map.endMapEntry();
+    text += QString("\"%1\" %2 \"%3\" ").arg(name, isAvailable ? "true" : "false", reason);
+  }
+  map.endMap();
+  return text;
 }
 
 Agent::Agent(const QString& program) : _program(program, {}) {

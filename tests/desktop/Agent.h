@@ -27,6 +27,8 @@ class Agent {
   Accessible menuEntry(const QString& title) const;
   bool shows(const QString& title) const { return findEntry(title).has_value(); }
 
+  /// What the running agent tells of its services, one after the other: "NAME" true "REASON".
+  static QString services();
   static QString builtProgram(const QString& name);
 
  private:

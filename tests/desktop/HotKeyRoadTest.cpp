@@ -169,14 +169,11 @@ TEST(HotKeysOfTheAgent, TellOfAnotherHolderAndGoWithTheAgent) {
   Agent agent;
   const QString reason = "another program holds Ctrl+Alt+K";
   EXPECT_TRUE(until([&] { return agent.program().printed().contains("HotKeys: " + reason); }));
-  const auto told = [] {
-    return output("busctl", {"--user", "get-property", "org.quenfold.Menu", "/org/quenfold/Status",
-                             "org.quenfold.Status1", "Services"});
-  };
-  EXPECT_TRUE(told().contains("\"HotKeys\" false \"" + reason)) << told().toStdString();
+  EXPECT_TRUE(Agent::services().contains("\"HotKeys\" false \"" + reason))
+      << qPrintable(Agent::services());
 
   settings.set(keyJ, 0, "#SWAPCASE");
-  EXPECT_TRUE(until([&] { return told().contains("\"HotKeys\" true"); }));
+  EXPECT_TRUE(until([&] { return Agent::services().contains("\"HotKeys\" true"); }));
   EXPECT_FALSE(other.grab(KEY_J, controlAndAlt));
   agent.program().signal(SIGKILL);
   EXPECT_TRUE(until([&] { return other.grab(KEY_J, controlAndAlt); }));
