@@ -16,8 +16,8 @@ void logIgnored(std::string_view command, std::string_view reason) {
   log("Command " + std::string(command) + " ignored: " + std::string(reason));
 }
 
-const std::string* stringIn(const std::optional<Value>& value) {
-  return value ? value->string() : nullptr;
+std::optional<std::string_view> stringIn(const std::optional<Value>& value) {
+  return value ? value->string() : std::nullopt;
 }
 
 }  // namespace
@@ -74,7 +74,7 @@ std::optional<Value> QFEngine::processReceivedCommand(std::optional<std::string_
   } else if (name == "cleanPasteboard:cleaner:") {
     cleanPasteboard(param1, param2);
   } else if (name == "cleanFiles:cleaner:") {
-    const std::string* cleaner = stringIn(param2);
+    const auto cleaner = stringIn(param2);
     cleanFiles(param1, cleaner ? *cleaner : "", "");
   } else if (name == "cleanFiles:options:") {
     cleanFilesWithOptions(param1, param2);
@@ -86,8 +86,8 @@ std::optional<Value> QFEngine::processReceivedCommand(std::optional<std::string_
 
 void QFEngine::cleanPasteboard(const std::optional<Value>& name,
                                const std::optional<Value>& cleaner) {
-  const std::string* pasteboardName = stringIn(name);
-  const std::string* token = stringIn(cleaner);
+  const auto pasteboardName = stringIn(name);
+  const auto token = stringIn(cleaner);
   if (!pasteboardName || !token) {
     return logIgnored("cleanPasteboard:cleaner:", "it needs a pasteboard's name and a cleaner");
   }
@@ -97,9 +97,9 @@ void QFEngine::cleanPasteboard(const std::optional<Value>& name,
 void QFEngine::cleanFilesWithOptions(const std::optional<Value>& files,
                                      const std::optional<Value>& options) {
   const Dictionary* entries = options ? options->dictionary() : nullptr;
-  const std::string* cleaner = entries ? entries->string("cleanerName") : nullptr;
-  const std::string* encoding = entries ? entries->string("encodingName") : nullptr;
-  cleanFiles(files, cleaner ? *cleaner : "", encoding ? *encoding : "");
+  const auto cleaner = entries ? entries->string("cleanerName") : std::nullopt;
+  const auto encoding = entries ? entries->string("encodingName") : std::nullopt;
+  cleanFiles(files, cleaner.value_or(""), encoding.value_or(""));
 }
 
 void QFEngine::cleanFiles(const std::optional<Value>& files, std::string_view cleaner,
@@ -109,7 +109,7 @@ void QFEngine::cleanFiles(const std::optional<Value>& files, std::string_view cl
     return logIgnored("cleanFiles", "it needs a list of paths and a cleaner");
   }
   for (const Value& value : *paths) {
-    const std::filesystem::path path = value.string() ? *value.string() : "";
+    const std::filesystem::path path = value.string().value_or("");
     if (!path.is_absolute()) {
       logIgnored("cleanFiles", value.description() + " is no absolute path");
     } else if (const auto error = _fileCleaner.clean(path, cleaner, encoding)) {

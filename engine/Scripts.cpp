@@ -15,9 +15,8 @@ int listCleaners(const Dictionary& listData, std::ostream& out) {
   const Dictionary* cleaners = listData.dictionary(listKey::tokenInfo);
   if (!cleaners) return 1;
   for (const auto& [token, info] : *cleaners) {
-    const std::string* name =
-        info.dictionary() ? info.dictionary()->string(listKey::name) : nullptr;
-    out << token << '\t' << (name ? *name : token) << '\n';
+    const auto name = info.dictionary() ? info.dictionary()->string(listKey::name) : std::nullopt;
+    out << std::string_view(token) << '\t' << name.value_or(token) << '\n';
   }
   return 0;
 }

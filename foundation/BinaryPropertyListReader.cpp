@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -9,7 +10,6 @@
 #include "foundation/DateText.h"
 #include "foundation/DecodedObject.h"
 #include "foundation/Failure.h"
-#include "foundation/KeyAllowance.h"
 #include "foundation/Unicode.h"
 
 namespace qf {
@@ -22,15 +22,15 @@ constexpr std::size_t trailerSize = 32;
 class BinaryReader {
  public:
   BinaryReader(std::span<const std::uint8_t> bytes, PropertyListLimits limits)
-      : _bytes(bytes), _limits(DecodedObject::bounded(limits)), _keys(bytes.size()) {}
+      : _bytes(bytes), _limits(DecodedObject::bounded(limits)) {}
 
   Result<Value> read() {
     const DenseMemory memory;
     if (!readTrailer()) return _error;
     _objects.resize(_objectCount);
-    const DecodedObject* root = object(_rootIndex, 1);
-    if (!root) return _error;
-    return root->value;
+    Value root = false;
+    if (!object(root, _rootIndex, 1)) return _error;
+    return root;
   }
 
  private:
@@ -83,7 +83,8 @@ class BinaryReader {
     return true;
   }
 
-  const DecodedObject* object(std::uint64_t index, std::size_t depth) {
+  // Puts the object into that place, which must stay where it is: a later one shares its content.
+  const DecodedObject* object(Value& place, std::uint64_t index, std::size_t depth) {
     const std::size_t entry = _table + static_cast<std::size_t>(index) * _offsetSize;
     DecodedObject& object = _objects[index];
     if (object.state == DecodedObject::State::open) {
@@ -95,36 +96,39 @@ class BinaryReader {
         return fail("an object outside the objects' part of the file", entry);
       }
       object.state = DecodedObject::State::open;
-      if (!decode(object, static_cast<std::size_t>(offset), depth)) return nullptr;
+      if (!decode(place, object, static_cast<std::size_t>(offset), depth)) return nullptr;
       object.state = DecodedObject::State::done;
+      object.value = &place;
+    } else {
+      place = *object.value;
     }
     if (!object.fits(depth, _limits)) return fail("nested too deeply", entry);
     return &object;
   }
 
-  bool decode(DecodedObject& object, std::size_t offset, std::size_t depth) {
+  bool decode(Value& place, DecodedObject& object, std::size_t offset, std::size_t depth) {
     const std::uint8_t size = _bytes[offset] & 0x0F;
     switch (_bytes[offset] >> 4) {
       case 0x0:
-        return decodeSingle(object.value, offset);
+        return decodeSingle(place, offset);
       case 0x1:
-        return decodeInteger(object.value, offset, size);
+        return decodeInteger(place, offset, size);
       case 0x2:
-        return decodeReal(object.value, offset, size);
+        return decodeReal(place, offset, size);
       case 0x3:
-        return decodeDate(object.value, offset, size);
+        return decodeDate(place, offset, size);
       case 0x8:
-        return decodeUID(object.value, offset, std::size_t{size} + 1);
+        return decodeUID(place, offset, std::size_t{size} + 1);
       case 0x4:
-        return decodeData(object.value, offset);
+        return decodeData(place, offset);
       case 0x5:
-        return decodeText(object.value, offset);
+        return decodeText(place, offset);
       case 0x6:
-        return decodeUTF16(object.value, offset);
+        return decodeUTF16(place, offset);
       case 0xA:
-        return decodeArray(object, offset, depth);
+        return decodeArray(place, object, offset, depth);
       case 0xD:
-        return decodeDictionary(object, offset, depth);
+        return decodeDictionary(place, object, offset, depth);
       default:
         return fail("an unknown kind of object", offset);
     }
@@ -252,14 +256,14 @@ class BinaryReader {
     return true;
   }
 
-  // What a container refers to, counted as a part of the container.
-  const Value* part(DecodedObject& container, std::size_t reference, std::size_t depth) {
+  // Puts what a container refers to into its place there, counted as a part of the container.
+  bool part(Value& place, DecodedObject& container, std::size_t reference, std::size_t depth) {
     const std::uint64_t index = number(reference, _referenceSize);
     if (index >= _objectCount) return fail("a reference to no object", reference);
-    const DecodedObject* found = object(index, depth + 1);
-    if (!found) return nullptr;
+    const DecodedObject* found = object(place, index, depth + 1);
+    if (!found) return false;
     if (!container.add(*found, _limits)) return fail("too many values", reference);
-    return &found->value;
+    return true;
   }
 
   bool mayOpen(std::size_t offset, std::size_t depth, std::size_t count) {
@@ -268,22 +272,22 @@ class BinaryReader {
     return true;
   }
 
-  bool decodeArray(DecodedObject& object, std::size_t offset, std::size_t depth) {
+  bool decodeArray(Value& place, DecodedObject& object, std::size_t offset, std::size_t depth) {
     const auto content = extent(offset, _referenceSize);
     if (!content || !mayOpen(offset, depth, content->count)) return false;
     object.height = 1;
-    Array items;
-    items.reserve(content->count);
-    for (std::size_t i = 0; i < content->count; ++i) {
-      const Value* item = part(object, content->start + i * _referenceSize, depth);
-      if (!item) return false;
-      items.push_back(*item);
+    Array items(content->count, false);
+    std::size_t reference = content->start;
+    for (Value& item : items) {
+      if (!part(item, object, reference, depth)) return false;
+      reference += _referenceSize;
     }
-    object.value = Value(std::move(items));
+    place = Value(std::move(items));
     return true;
   }
 
-  bool decodeDictionary(DecodedObject& object, std::size_t offset, std::size_t depth) {
+  bool decodeDictionary(Value& place, DecodedObject& object, std::size_t offset,
+                        std::size_t depth) {
     const auto content = extent(offset, _referenceSize * 2);
     if (!content || !mayOpen(offset, depth, content->count)) return false;
     object.height = 1;
@@ -292,36 +296,36 @@ class BinaryReader {
     std::size_t reference = content->start;
     const std::size_t toValue = content->count * _referenceSize;
     for (std::size_t i = 0; i < content->count; ++i, reference += _referenceSize) {
-      const std::string* name = key(reference);
+      const Value* name = key(reference);
       if (!name) return false;
-      const Value* value = part(object, reference + toValue, depth);
-      if (!value) return false;
-      entries.emplace_back(*name, *value);
+      Value& value = entries.emplace_back(Key::of(*name), false).second;
+      if (!part(value, object, reference + toValue, depth)) return false;
     }
     Dictionary dictionary(std::move(entries));
     if (dictionary.size() != content->count) return fail("a key that comes twice", offset);
-    object.value = Value(std::move(dictionary));
+    place = Value(std::move(dictionary));
     return true;
   }
 
   bool isString(std::uint64_t index) const {
     const DecodedObject& object = _objects[index];
-    if (object.state == DecodedObject::State::done) return object.value.string() != nullptr;
+    if (object.state == DecodedObject::State::done) return object.value->string().has_value();
     const std::uint64_t offset =
         number(_table + static_cast<std::size_t>(index) * _offsetSize, _offsetSize);
     const std::uint8_t kind = offset < _table ? _bytes[offset] >> 4 : 0;
     return kind == 0x5 || kind == 0x6;
   }
 
-  const std::string* key(std::size_t reference) {
+  const Value* key(std::size_t reference) {
     const std::uint64_t index = number(reference, _referenceSize);
     if (index >= _objectCount) return fail("a reference to no object", reference);
     if (!isString(index)) return fail("a key that is not a string", reference);
-    const DecodedObject* found = object(index, 1);
-    if (!found) return nullptr;
-    const std::string& name = *found->value.string();
-    if (!_keys.spend(name.size())) return fail("too many keys", reference);
-    return &name;
+    const DecodedObject& known = _objects[index];
+    if (known.state != DecodedObject::State::done &&
+        !object(_names.emplace_back(false), index, 1)) {
+      return nullptr;
+    }
+    return known.value;
   }
 
   std::span<const std::uint8_t> _bytes;
@@ -332,8 +336,8 @@ class BinaryReader {
   std::uint64_t _rootIndex = 0;
   std::size_t _table = 0;      // where the objects end and the offset table starts
   std::size_t _unclaimed = 0;  // bytes of the objects' part that no object has taken
-  KeyAllowance _keys;
   std::vector<DecodedObject> _objects;
+  std::deque<Value> _names;  // the keys that were not a value before
   Error _error;
 };
 

@@ -15,9 +15,9 @@ namespace qf {
 struct DecodedObject {
   enum class State : std::uint8_t { unread, open, done };  // open: a reference to it closes a cycle
 
-  Value value = false;
-  std::uint32_t nodes = 1;   ///< values in all
-  std::uint16_t height = 0;  ///< containers inside one another, 0 for a scalar
+  const Value* value = nullptr;  ///< where it was decoded to, once it is done
+  std::uint32_t nodes = 1;       ///< values in all
+  std::uint16_t height = 0;      ///< containers inside one another, 0 for a scalar
   State state = State::unread;
 
   /// What these counts can hold.

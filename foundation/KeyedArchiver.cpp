@@ -67,8 +67,8 @@ class KeyedArchiver {
     return slot;
   }
 
-  std::size_t addString(const std::string& text) {
-    const auto [known, isNew] = _strings.try_emplace(text, _objects.size());
+  std::size_t addString(std::string_view text) {
+    const auto [known, isNew] = _strings.try_emplace(std::string(text), _objects.size());
     if (isNew) append(text);
     return known->second;
   }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <deque>
 #include <string>
 #include <utility>
 #include <vector>
@@ -7,7 +8,6 @@
 #include "foundation/DateText.h"
 #include "foundation/DecodedObject.h"
 #include "foundation/Failure.h"
-#include "foundation/KeyAllowance.h"
 #include "foundation/KeyedArchive.h"
 
 namespace qf {
@@ -33,17 +33,16 @@ constexpr std::size_t archiveNodesPerNode = 8;
 
 class KeyedUnarchiver {
  public:
-  KeyedUnarchiver(std::size_t size, PropertyListLimits limits)
-      : _limits(DecodedObject::bounded(limits)), _keys(size) {}
+  explicit KeyedUnarchiver(PropertyListLimits limits) : _limits(DecodedObject::bounded(limits)) {}
 
   Result<Value> unarchive(const Value& archive) {
     const DenseMemory memory;
     const auto root = rootIndex(archive);
     if (!root) return _error;
     _decoded.resize(_objects->size());
-    const DecodedObject* object = decoded(*root, 1);
-    if (!object) return _error;
-    return object->value;
+    Value result = false;
+    if (!decoded(result, *root, 1)) return _error;
+    return result;
   }
 
  private:
@@ -65,7 +64,7 @@ class KeyedUnarchiver {
       return std::nullopt;
     }
     const Value* version = content->find("$version");
-    const std::string* archiver = content->string("$archiver");
+    const auto archiver = content->string("$archiver");
     const Dictionary* top = content->dictionary("$top");
     const Value* root = top ? top->find("root") : nullptr;
     _objects = content->array("$objects");
@@ -90,44 +89,50 @@ class KeyedUnarchiver {
     return &(*_objects)[index];
   }
 
-  const DecodedObject* decoded(std::uint64_t index, std::size_t depth) {
+  // Puts the object into that place, which must stay where it is: a later one shares its content.
+  const DecodedObject* decoded(Value& place, std::uint64_t index, std::size_t depth) {
     const Value* coded = object(index);
     if (!coded) return nullptr;
     DecodedObject& result = _decoded[index];
     if (result.state == DecodedObject::State::open) return fail("contains itself", index);
     if (result.state == DecodedObject::State::unread) {
       result.state = DecodedObject::State::open;
-      if (!decode(result, *coded, index, depth)) return nullptr;
+      if (!decode(place, result, *coded, index, depth)) return nullptr;
       result.state = DecodedObject::State::done;
+      result.value = &place;
+    } else {
+      place = *result.value;
     }
     if (!result.fits(depth, _limits)) return fail("nested too deeply", index);
     return &result;
   }
 
-  bool decode(DecodedObject& result, const Value& coded, std::uint64_t index, std::size_t depth) {
+  bool decode(Value& place, DecodedObject& result, const Value& coded, std::uint64_t index,
+              std::size_t depth) {
     const Dictionary* fields = coded.dictionary();
     if (!fields) {
       if (coded.uid() || coded.array()) return fail("neither a value nor an object", index);
-      _decoded[index].value = coded;
+      place = coded;
       return true;
     }
     const auto codedClass = classOf(*fields, index);
     if (!codedClass) return false;
     switch (*codedClass) {
       case CodedClass::string:
-        return decodeWrapped(*fields, "NS.string", Value::Kind::string, index);
+        return decodeWrapped(place, *fields, "NS.string", Value::Kind::string, index);
       case CodedClass::data:
-        return decodeWrapped(*fields, "NS.data", Value::Kind::data, index);
+        return decodeWrapped(place, *fields, "NS.data", Value::Kind::data, index);
       case CodedClass::date:
-        return decodeDate(*fields, index);
+        return decodeDate(place, *fields, index);
       default:
         break;
     }
     if (depth > _limits.depth) return fail("nested too deeply", index);
     result.height = 1;
-    if (*codedClass == CodedClass::array) return decodeArray(result, *fields, index, depth);
-    if (*codedClass == CodedClass::shortcut) return decodeFields(result, *fields, index, depth);
-    return decodeDictionary(result, *fields, index, depth);
+    if (*codedClass == CodedClass::array) return decodeArray(place, result, *fields, index, depth);
+    if (*codedClass == CodedClass::shortcut)
+      return decodeFields(place, result, *fields, index, depth);
+    return decodeDictionary(place, result, *fields, index, depth);
   }
 
   std::optional<CodedClass> classOf(const Dictionary& fields, std::uint64_t index) {
@@ -139,7 +144,7 @@ class KeyedUnarchiver {
     const Value* record = object(reference->uid()->index);
     if (!record) return std::nullopt;
     const Dictionary* description = record->dictionary();
-    const std::string* name = description ? description->string("$classname") : nullptr;
+    const auto name = description ? description->string("$classname") : std::nullopt;
     const Array* classes = description ? description->array("$classes") : nullptr;
     if (!name || !classes || classes->empty() || classes->front() != Value(*name)) {
       fail("a class that is not described", index);
@@ -148,12 +153,12 @@ class KeyedUnarchiver {
     for (const auto& [className, codedClass] : codedClasses) {
       if (*name == className) return codedClass;
     }
-    fail("of the class \"" + name->substr(0, 80) + "\", which is not read", index);
+    fail("of the class \"" + std::string(name->substr(0, 80)) + "\", which is not read", index);
     return std::nullopt;
   }
 
   // The one field of a string or data object, in its place or by reference.
-  bool decodeWrapped(const Dictionary& fields, std::string_view key, Value::Kind kind,
+  bool decodeWrapped(Value& place, const Dictionary& fields, std::string_view key, Value::Kind kind,
                      std::uint64_t index) {
     const Value* content = fields.find(key);
     if (content && content->uid()) {
@@ -161,27 +166,27 @@ class KeyedUnarchiver {
       if (!content) return false;
     }
     if (!content || content->kind() != kind) return fail("an object without its content", index);
-    _decoded[index].value = *content;
+    place = *content;
     return true;
   }
 
-  bool decodeDate(const Dictionary& fields, std::uint64_t index) {
+  bool decodeDate(Value& place, const Dictionary& fields, std::uint64_t index) {
     const Value* time = fields.find("NS.time");
     if (!time || !time->real() || !isStorableDate(Date{*time->real()})) {
       return fail("a date without its time", index);
     }
-    _decoded[index].value = Value(Date{*time->real()});
+    place = Value(Date{*time->real()});
     return true;
   }
 
-  // What the reference stands for, counted as a part of the container.
-  const Value* part(DecodedObject& container, const Value& reference, std::uint64_t index,
-                    std::size_t depth) {
+  // Puts what the reference stands for into its place, counted as a part of the container.
+  bool part(Value& place, DecodedObject& container, const Value& reference, std::uint64_t index,
+            std::size_t depth) {
     if (!reference.uid()) return fail("a part that is no reference", index);
-    const DecodedObject* found = decoded(reference.uid()->index, depth + 1);
-    if (!found) return nullptr;
+    const DecodedObject* found = decoded(place, reference.uid()->index, depth + 1);
+    if (!found) return false;
     if (!container.add(*found, _limits)) return fail("too many values", index);
-    return &found->value;
+    return true;
   }
 
   const Array* references(const Dictionary& fields, std::string_view key, std::uint64_t index) {
@@ -191,72 +196,66 @@ class KeyedUnarchiver {
     return list;
   }
 
-  bool decodeArray(DecodedObject& result, const Dictionary& fields, std::uint64_t index,
-                   std::size_t depth) {
+  bool decodeArray(Value& place, DecodedObject& result, const Dictionary& fields,
+                   std::uint64_t index, std::size_t depth) {
     const Array* objects = references(fields, "NS.objects", index);
     if (!objects) return false;
-    Array items;
-    items.reserve(objects->size());
-    for (const Value& reference : *objects) {
-      const Value* item = part(result, reference, index, depth);
-      if (!item) return false;
-      items.push_back(*item);
+    Array items(objects->size(), false);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+      if (!part(items[i], result, (*objects)[i], index, depth)) return false;
     }
-    _decoded[index].value = Value(std::move(items));
+    place = Value(std::move(items));
     return true;
   }
 
-  bool decodeDictionary(DecodedObject& result, const Dictionary& fields, std::uint64_t index,
-                        std::size_t depth) {
+  bool decodeDictionary(Value& place, DecodedObject& result, const Dictionary& fields,
+                        std::uint64_t index, std::size_t depth) {
     const Array* keys = references(fields, "NS.keys", index);
     const Array* objects = references(fields, "NS.objects", index);
     if (!keys || !objects) return false;
     if (keys->size() != objects->size()) return fail("not as many values as keys", index);
-    Dictionary entries;
+    Dictionary::Entries entries;
     entries.reserve(keys->size());
     for (std::size_t i = 0; i < keys->size(); ++i) {
-      const std::string* key = decodedKey((*keys)[i], index, depth);
+      const Value* key = decodedKey((*keys)[i], index, depth);
       if (!key) return false;
-      if (entries.contains(*key)) return fail("a key that comes twice", index);
-      const Value* value = part(result, (*objects)[i], index, depth);
-      if (!value) return false;
-      entries.set(*key, *value);
+      Value& value = entries.emplace_back(Key::of(*key), false).second;
+      if (!part(value, result, (*objects)[i], index, depth)) return false;
     }
-    _decoded[index].value = Value(std::move(entries));
+    Dictionary dictionary(std::move(entries));
+    if (dictionary.size() != keys->size()) return fail("a key that comes twice", index);
+    place = Value(std::move(dictionary));
     return true;
   }
 
-  const std::string* decodedKey(const Value& reference, std::uint64_t index, std::size_t depth) {
+  const Value* decodedKey(const Value& reference, std::uint64_t index, std::size_t depth) {
     if (!reference.uid()) return fail("a key that is no reference", index);
-    const DecodedObject* found = decoded(reference.uid()->index, depth + 1);
-    if (!found) return nullptr;
-    const std::string* key = found->value.string();
-    if (!key) return fail("a key that is not a string", index);
-    if (!_keys.spend(key->size())) return fail("too many keys", index);
-    return key;
+    Value& key = _names.emplace_back(false);
+    if (!decoded(key, reference.uid()->index, depth + 1)) return nullptr;
+    if (!key.string()) return fail("a key that is not a string", index);
+    return &key;
   }
 
   // The fields of an object that codes itself by keys.
-  bool decodeFields(DecodedObject& result, const Dictionary& fields, std::uint64_t index,
-                    std::size_t depth) {
-    Dictionary entries;
+  bool decodeFields(Value& place, DecodedObject& result, const Dictionary& fields,
+                    std::uint64_t index, std::size_t depth) {
+    Dictionary::Entries entries;
+    entries.reserve(fields.size());
     for (const auto& [key, field] : fields) {
       if (key == "$class") continue;
-      if (!_keys.spend(key.size())) return fail("too many keys", index);
+      Value& value = entries.emplace_back(key, field).second;
       const bool isInline = field.boolean() || field.integer() || field.real();
-      const Value* value = isInline ? &field : part(result, field, index, depth);
-      if (!value) return false;
+      if (!isInline && !part(value, result, field, index, depth)) return false;
       if (isInline && !result.add({}, _limits)) return fail("too many values", index);
-      entries.set(key, *value);
     }
-    _decoded[index].value = Value(std::move(entries));
+    place = Value(Dictionary(std::move(entries)));
     return true;
   }
 
   PropertyListLimits _limits;
-  KeyAllowance _keys;
   const Array* _objects = nullptr;
   std::vector<DecodedObject> _decoded;  // by the object's number
+  std::deque<Value> _names;             // the decoded keys
   Error _error;
 };
 
@@ -268,7 +267,7 @@ Result<Value> unarchiveKeyed(std::span<const std::uint8_t> bytes, PropertyListLi
   archiveLimits.nodes *= archiveNodesPerNode;
   const auto archive = readBinaryPropertyList(bytes, archiveLimits);
   if (!archive) return archive.error();
-  return KeyedUnarchiver(bytes.size(), limits).unarchive(*archive);
+  return KeyedUnarchiver(limits).unarchive(*archive);
 }
 
 }  // namespace qf

@@ -18,8 +18,7 @@ Result<StringTable> StringTable::read(std::span<const std::uint8_t> bytes) {
 }
 
 std::string StringTable::localized(std::string_view key) const {
-  const std::string* text = find(key);
-  return text ? *text : std::string(key);
+  return std::string(find(key).value_or(key));
 }
 
 }  // namespace qf

@@ -19,8 +19,8 @@ class StringTable {
   /// An empty file is an empty table. The error says what is wrong and where.
   static Result<StringTable> read(std::span<const std::uint8_t> bytes);
 
-  /// The text for the key, or null when the table has none. Lives as long as the table.
-  const std::string* find(std::string_view key) const { return _texts.string(key); }
+  /// The text for the key, or nothing when the table has none. Lasts as long as the table.
+  std::optional<std::string_view> find(std::string_view key) const { return _texts.string(key); }
   /// The text for the key; the key itself when the table has none.
   std::string localized(std::string_view key) const;
 

@@ -6,6 +6,7 @@
 #include <cctype>
 #include <charconv>
 #include <cmath>
+#include <stdexcept>
 #include <utility>
 
 #include "foundation/KeyedHash.h"
@@ -20,6 +21,8 @@ std::string_view withoutLeadingBlanks(std::string_view text) {
   const auto first = text.find_first_not_of(" \t\n\r\v\f");
   return first == std::string_view::npos ? std::string_view() : text.substr(first);
 }
+
+std::uint32_t indexHash(std::string_view key) { return static_cast<std::uint32_t>(keyedHash(key)); }
 
 std::int64_t integerFromReal(double value) {
   if (std::isnan(value)) return 0;
@@ -55,11 +58,11 @@ std::string decimal(double number) {
   return {buffer, result.ptr};
 }
 
-std::string quoted(const std::string& text) {
+std::string quoted(std::string_view text) {
   const bool isWord = !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
     return std::isalnum(c) || c == '_' || c == '.' || c == '/';
   });
-  if (isWord) return text;
+  if (isWord) return std::string(text);
   std::string result = "\"";
   for (const char c : text) {
     if (c == '"' || c == '\\') result += '\\';
@@ -102,34 +105,47 @@ std::string describe(const Data& data) {
 
 }  // namespace
 
-Value::Value(std::string value)
-    : _content{.shared = new Node<std::string>(std::move(value))}, _kind(Kind::string) {}
-Value::Value(Data value)
-    : _content{.shared = new Node<Data>(std::move(value))}, _kind(Kind::data) {}
+Value::Value(std::string_view value) : Value(Kind::string, {.bits = 0}) {
+  if (value.size() <= sizeof _form.brief.characters) {
+    _form.brief = {Kind::string, static_cast<std::uint8_t>(value.size()), {}};
+    std::copy(value.begin(), value.end(), _form.brief.characters);
+  } else {
+    _form.wide = {Kind::string, shared, {.node = Text::make(value)}};
+  }
+}
+Value::Value(Data value) : Value(Kind::data, {.node = new Node<Data>(std::move(value))}, shared) {}
 Value::Value(Array value)
-    : _content{.shared = new Node<Array>(std::move(value))}, _kind(Kind::array) {}
+    : Value(Kind::array, {.node = new Node<Array>(std::move(value))}, shared) {}
 Value::Value(Dictionary value)
-    : _content{.shared = new Node<Dictionary>(std::move(value))}, _kind(Kind::dictionary) {}
+    : Value(Kind::dictionary, {.node = new Node<Dictionary>(std::move(value))}, shared) {}
+
+const Value::Text* Value::Text::make(std::string_view content) {
+  if (content.size() > UINT32_MAX) throw std::length_error("a string of more than 4 GiB");
+  void* piece = DenseMemory::take(sizeof(Text) + content.size());
+  auto* text = new (piece) Text(static_cast<std::uint32_t>(content.size()));
+  std::copy(content.begin(), content.end(), reinterpret_cast<char*>(text + 1));
+  return text;
+}
 
 void Value::release() {
-  const Shared* shared = _content.shared;
+  const Shared* last = node();
   // Who owns it alone need not tell others.
-  if (shared->owners.load(std::memory_order_acquire) != 1 &&
-      shared->owners.fetch_sub(1, std::memory_order_acq_rel) != 1) {
+  if (last->owners.load(std::memory_order_acquire) != 1 &&
+      last->owners.fetch_sub(1, std::memory_order_acq_rel) != 1) {
     return;
   }
-  switch (_kind) {
+  switch (kind()) {
     case Kind::string:
-      delete static_cast<const Node<std::string>*>(shared);
+      DenseMemory::giveBack(const_cast<Shared*>(last));
       break;
     case Kind::data:
-      delete static_cast<const Node<Data>*>(shared);
+      delete static_cast<const Node<Data>*>(last);
       break;
     case Kind::array:
-      delete static_cast<const Node<Array>*>(shared);
+      delete static_cast<const Node<Array>*>(last);
       break;
     case Kind::dictionary:
-      delete static_cast<const Node<Dictionary>*>(shared);
+      delete static_cast<const Node<Dictionary>*>(last);
       break;
     default:
       break;
@@ -171,7 +187,7 @@ std::string Value::description() const {
     case Kind::uid:
       return std::to_string(uid()->index);
     case Kind::string:
-      return *string();
+      return std::string(*string());
     case Kind::data:
       return describe(*data());
     case Kind::array:
@@ -220,7 +236,7 @@ Dictionary::Dictionary(Entries entries) : _entries(std::move(entries)) {
 
 std::optional<std::size_t> Dictionary::position(std::string_view key) const {
   if (_index.empty()) return positionAmongFirst(_entries.size(), key);
-  const std::uint32_t found = _index[indexPlace(key)];
+  const std::uint32_t found = _index[indexPlace(key, indexHash(key))].position;
   return found != 0 ? std::optional<std::size_t>(found - 1) : std::nullopt;
 }
 
@@ -233,10 +249,12 @@ std::optional<std::size_t> Dictionary::positionAmongFirst(std::size_t count,
 }
 
 // The place in the index that leads to the key, or the free one where it would.
-std::size_t Dictionary::indexPlace(std::string_view key) const {
+std::size_t Dictionary::indexPlace(std::string_view key, std::uint32_t hash) const {
   const std::size_t mask = _index.size() - 1;
-  std::size_t place = keyedHash(key) & mask;
-  while (_index[place] != 0 && _entries[_index[place] - 1].first != key) place = (place + 1) & mask;
+  std::size_t place = hash & mask;
+  for (; _index[place].position != 0; place = (place + 1) & mask) {
+    if (_index[place].hash == hash && _entries[_index[place].position - 1].first == key) break;
+  }
   return place;
 }
 
@@ -250,9 +268,11 @@ bool Dictionary::buildIndex() {
       if (positionAmongFirst(i, _entries[i].first)) return false;
       continue;
     }
-    std::uint32_t& found = _index[indexPlace(_entries[i].first)];
-    if (found != 0) return false;
-    found = static_cast<std::uint32_t>(i + 1);
+    const std::string_view key = _entries[i].first;
+    const std::uint32_t hash = indexHash(key);
+    IndexEntry& found = _index[indexPlace(key, hash)];
+    if (found.position != 0) return false;
+    found = {hash, static_cast<std::uint32_t>(i + 1)};
   }
   return true;
 }
@@ -262,9 +282,9 @@ const Value* Dictionary::find(std::string_view key) const {
   return index ? &_entries[*index].second : nullptr;
 }
 
-const std::string* Dictionary::string(std::string_view key) const {
+std::optional<std::string_view> Dictionary::string(std::string_view key) const {
   const Value* value = find(key);
-  return value ? value->string() : nullptr;
+  return value ? value->string() : std::nullopt;
 }
 
 const Array* Dictionary::array(std::string_view key) const {
@@ -282,12 +302,13 @@ void Dictionary::set(std::string_view key, Value value) {
     _entries[*index].second = std::move(value);
     return;
   }
-  _entries.emplace_back(std::string(key), std::move(value));
+  _entries.emplace_back(key, std::move(value));
   if (_entries.size() <= searchableSize) return;
   if (_entries.size() * 2 > _index.size()) {
     buildIndex();
   } else {
-    _index[indexPlace(_entries.back().first)] = static_cast<std::uint32_t>(_entries.size());
+    const std::uint32_t hash = indexHash(key);
+    _index[indexPlace(key, hash)] = {hash, static_cast<std::uint32_t>(_entries.size())};
   }
 }
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <atomic>
+#include <compare>
+#include <concepts>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -68,54 +70,52 @@ class Value {
     dictionary
   };
 
-  Value(bool value) : _content{.boolean = value}, _kind(Kind::boolean) {}
+  Value(bool value) : Value(Kind::boolean, {.boolean = value}) {}
   Value(int value) : Value(Integer(value)) {}
   Value(std::int64_t value) : Value(Integer(value)) {}
   Value(std::uint64_t value) : Value(Integer::fromUnsigned(value)) {}
-  Value(Integer value)
-      : _content{.bits = value.bits()}, _kind(Kind::integer), _isNegative(value.isNegative()) {}
-  Value(double value) : _content{.real = value}, _kind(Kind::real) {}
-  Value(Date value) : _content{.date = value}, _kind(Kind::date) {}
-  Value(UID value) : _content{.uid = value}, _kind(Kind::uid) {}
-  Value(const char* value) : Value(std::string(value)) {}
-  Value(std::string_view value) : Value(std::string(value)) {}
-  Value(std::string value);
+  Value(Integer value) : Value(Kind::integer, {.bits = value.bits()}, value.isNegative()) {}
+  Value(double value) : Value(Kind::real, {.real = value}) {}
+  Value(Date value) : Value(Kind::date, {.date = value}) {}
+  Value(UID value) : Value(Kind::uid, {.uid = value}) {}
+  Value(const char* value) : Value(std::string_view(value)) {}
+  Value(const std::string& value) : Value(std::string_view(value)) {}
+  Value(std::string_view value);
   Value(Data value);
   Value(Array value);
   Value(Dictionary value);
   Value(const void*) = delete;  // no pointer becomes a boolean unasked
 
-  Value(const Value& other)
-      : _content(other._content), _kind(other._kind), _isNegative(other._isNegative) {
-    if (isShared()) _content.shared->owners.fetch_add(1, std::memory_order_relaxed);
+  Value(const Value& other) : _form(other._form) {
+    if (isShared()) node()->owners.fetch_add(1, std::memory_order_relaxed);
   }
   /// Leaves false behind.
-  Value(Value&& other) noexcept
-      : _content(std::exchange(other._content, Content{.bits = 0})),
-        _kind(std::exchange(other._kind, Kind::boolean)),
-        _isNegative(other._isNegative) {}
+  Value(Value&& other) noexcept : _form(std::exchange(other._form, Value(false)._form)) {}
   Value& operator=(Value other) noexcept {
-    std::swap(_content, other._content);
-    std::swap(_kind, other._kind);
-    std::swap(_isNegative, other._isNegative);
+    std::swap(_form, other._form);
     return *this;
   }
   ~Value() {
     if (isShared()) release();
   }
 
-  Kind kind() const { return _kind; }
+  Kind kind() const { return _form.wide.kind; }
 
   // The content when it is of that kind, else nothing: a value of the wrong kind reads as missing.
-  const bool* boolean() const { return _kind == Kind::boolean ? &_content.boolean : nullptr; }
+  const bool* boolean() const { return scalar(Kind::boolean, &Content::boolean); }
   std::optional<Integer> integer() const {
-    if (_kind != Kind::integer) return std::nullopt;
-    return Integer(_content.bits, _isNegative);
+    if (kind() != Kind::integer) return std::nullopt;
+    return Integer(_form.wide.content.bits, _form.wide.detail != 0);
   }
-  const double* real() const { return _kind == Kind::real ? &_content.real : nullptr; }
-  const Date* date() const { return _kind == Kind::date ? &_content.date : nullptr; }
-  const UID* uid() const { return _kind == Kind::uid ? &_content.uid : nullptr; }
-  const std::string* string() const { return content<std::string>(Kind::string); }
+  const double* real() const { return scalar(Kind::real, &Content::real); }
+  const Date* date() const { return scalar(Kind::date, &Content::date); }
+  const UID* uid() const { return scalar(Kind::uid, &Content::uid); }
+  /// Lasts until this value is changed, moved or gone.
+  std::optional<std::string_view> string() const {
+    if (kind() != Kind::string) return std::nullopt;
+    if (isShared()) return static_cast<const Text*>(node())->content();
+    return std::string_view(_form.brief.characters, _form.brief.detail);
+  }
   const Data* data() const { return content<Data>(Kind::data); }
   const Array* array() const { return content<Array>(Kind::array); }
   const Dictionary* dictionary() const;
@@ -149,32 +149,87 @@ class Value {
     static void operator delete(void* piece) { DenseMemory::giveBack(piece); }
     const T content;
   };
+  // The characters follow it, so that a string is one piece.
+  struct Text final : Shared {
+    explicit Text(std::uint32_t size_) : size(size_) {}
+    static const Text* make(std::string_view content);
+
+    const std::uint32_t size;
+
+    std::string_view content() const { return {reinterpret_cast<const char*>(this + 1), size}; }
+  };
   union Content {
     bool boolean;
     std::uint64_t bits;  // of an integer
     double real;
     Date date;
     UID uid;
-    const Shared* shared;  // a node, of the other kinds
+    const Shared* node;
   };
+  // Two forms in 16 bytes, which begin alike. A short string needs no node: most of the names and
+  // keys in a list are short, and each stands in many places.
+  struct Wide {
+    Kind kind;
+    std::uint8_t detail;  // `shared`, or whether an integer is negative
+    Content content;
+  };
+  struct Brief {
+    Kind kind;
+    std::uint8_t detail;  // the length
+    char characters[14];
+  };
+  union Form {
+    Wide wide;
+    Brief brief;
+  };
+  static constexpr std::uint8_t shared = UINT8_MAX;  // the content is a node
 
-  bool isShared() const { return _kind >= Kind::string; }
+  Value(Kind kind, Content content, std::uint8_t detail = 0)
+      : _form{.wide = {kind, detail, content}} {}
+
+  bool isShared() const { return _form.wide.detail == shared; }
+  const Shared* node() const { return _form.wide.content.node; }
   void release();
 
   template <class T>
-  const T* content(Kind kind) const {
-    return _kind == kind ? &static_cast<const Node<T>*>(_content.shared)->content : nullptr;
+  const T* scalar(Kind wanted, T Content::*member) const {
+    return kind() == wanted ? &(_form.wide.content.*member) : nullptr;
+  }
+  template <class T>
+  const T* content(Kind wanted) const {
+    return kind() == wanted ? &static_cast<const Node<T>*>(node())->content : nullptr;
   }
 
-  Content _content;
-  Kind _kind;
-  bool _isNegative = false;  // of an integer
+  Form _form;
+};
+
+/// A key of a dictionary: a string value. Dictionaries of the same shape can share their keys.
+class Key {
+ public:
+  Key(const char* text) : _text(text) {}
+  Key(const std::string& text) : _text(text) {}
+  Key(std::string_view text) : _text(text) {}
+  /// Shares a value that is a string.
+  static Key of(const Value& text) { return Key(text); }
+
+  operator std::string_view() const { return *_text.string(); }
+  bool operator==(const std::convertible_to<std::string_view> auto& other) const {
+    return std::string_view(*this) == std::string_view(other);
+  }
+  auto operator<=>(const Key& other) const {
+    return std::string_view(*this) <=> std::string_view(other);
+  }
+
+ private:
+  explicit Key(const Value& text) : _text(text) {}
+
+  Value _text;
 };
 
 /// String keys with their values, in the order in which the keys first came.
 class Dictionary {
  public:
-  using Entry = std::pair<std::string, Value>;
+  using Entry = std::pair<Key, Value>;
   using Entries = std::vector<Entry, DenseAllocator<Entry>>;
   using const_iterator = Entries::const_iterator;
 
@@ -188,8 +243,8 @@ class Dictionary {
   const Value* find(std::string_view key) const;
   bool contains(std::string_view key) const { return find(key) != nullptr; }
 
-  // The value when it is there and of that kind, else null.
-  const std::string* string(std::string_view key) const;
+  // The value when it is there and of that kind, else nothing.
+  std::optional<std::string_view> string(std::string_view key) const;
   const Array* array(std::string_view key) const;
   const Dictionary* dictionary(std::string_view key) const;
 
@@ -211,13 +266,17 @@ class Dictionary {
  private:
   std::optional<std::size_t> position(std::string_view key) const;
   std::optional<std::size_t> positionAmongFirst(std::size_t count, std::string_view key) const;
-  std::size_t indexPlace(std::string_view key) const;
+  std::size_t indexPlace(std::string_view key, std::uint32_t hash) const;
   bool buildIndex();
 
   Entries _entries;
-  // For more keys than a search from front to back is good for: positions counted from 1 (0 is
-  // free), at the key's hash or in the next free place behind it.
-  std::vector<std::uint32_t> _index;
+  // For more keys than a search from front to back is good for: at the key's hash or in the next
+  // free place behind it. The hash keeps a search away from the keys of others, which lie anywhere.
+  struct IndexEntry {
+    std::uint32_t hash = 0;
+    std::uint32_t position = 0;  // counted from 1; 0 is free
+  };
+  std::vector<IndexEntry> _index;
 };
 
 inline const Dictionary* Value::dictionary() const { return content<Dictionary>(Kind::dictionary); }

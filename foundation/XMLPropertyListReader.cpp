@@ -284,7 +284,7 @@ class XMLReader : private TextScanner {
   }
 
   std::optional<Value> scalar(std::string_view name, std::string_view text) {
-    if (name == "string") return Value(std::string(text));
+    if (name == "string") return Value(text);
     if (name == "integer") {
       if (const auto number = parseInteger(trimmed(text))) return Value(*number);
       return fail("not a whole number of 64 bits");

@@ -99,7 +99,7 @@ std::optional<Value> QFKAEConnector::answerTo(const Value& message) {
   const Dictionary* fields = message.dictionary();
   if (!fields) return std::nullopt;
   std::optional<std::string_view> command;
-  if (const std::string* name = fields->string("command")) command = *name;
+  if (const auto name = fields->string("command")) command = *name;
   return processReceivedCommand(command, valueForKey(*fields, "param1"),
                                 valueForKey(*fields, "param2"));
 }

@@ -14,7 +14,7 @@ std::optional<std::string> QFKInvertedDictionary::objectForKey(const Value& key)
   const auto found =
       std::find_if(last, first, [&key](const auto& entry) { return entry.second == key; });
   if (found == first) return std::nullopt;
-  return found->first;
+  return std::string(found->first);
 }
 
 }  // namespace qf

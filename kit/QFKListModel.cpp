@@ -38,7 +38,7 @@ QFKListModel::Names namesForKey(const Dictionary& info, std::string_view key) {
   if (!values) return std::nullopt;
   std::vector<std::string> names;
   for (const Value& value : *values) {
-    if (value.string()) names.push_back(*value.string());
+    if (value.string()) names.emplace_back(*value.string());
   }
   return names;
 }
@@ -58,9 +58,10 @@ void QFKListModel::setListInfo(Dictionary data) {
 
   for (const Value& entry : dictionariesOf(lists->info.array(listKey::master))) {
     const Dictionary& groupInfo = *entry.dictionary();
-    if (const std::string* name = groupInfo.string(listKey::name)) {
+    if (const auto name = groupInfo.string(listKey::name)) {
       lists->groups.insert_or_assign(
-          *name, Group{dictionariesOf(groupInfo.array(listKey::richList)), std::nullopt});
+          std::string(*name),
+          Group{dictionariesOf(groupInfo.array(listKey::richList)), std::nullopt});
     }
   }
   _lists = std::move(lists);
@@ -85,8 +86,8 @@ std::vector<std::string> QFKListModel::tokenListForGroup(std::string_view name) 
   if (!known) return tokens;
   tokens.reserve(known->items.size());
   for (const Value& item : known->items) {
-    if (const std::string* token = item.dictionary()->string(listKey::token)) {
-      tokens.push_back(*token);
+    if (const auto token = item.dictionary()->string(listKey::token)) {
+      tokens.emplace_back(*token);
     }
   }
   return tokens;
@@ -105,8 +106,8 @@ const Dictionary* QFKListModel::infoForToken(std::string_view token) const {
 std::string QFKListModel::nameForToken(std::string_view token, std::int64_t) const {
   if (tokenIsLabel(token)) return std::string(token.substr(specialToken::labelPrefix.size()));
   const Dictionary* info = infoForToken(token);
-  const std::string* name = info ? info->string(listKey::name) : nullptr;
-  return name ? *name : std::string(token);
+  const auto name = info ? info->string(listKey::name) : std::nullopt;
+  return std::string(name.value_or(token));
 }
 
 std::string QFKListModel::labelNameForToken(std::string_view token) const {
@@ -115,8 +116,8 @@ std::string QFKListModel::labelNameForToken(std::string_view token) const {
 
 std::string QFKListModel::descriptionForToken(std::string_view token) const {
   const Dictionary* info = infoForToken(token);
-  const std::string* description = info ? info->string(listKey::description) : nullptr;
-  return description ? *description : nameForToken(token);
+  const auto description = info ? info->string(listKey::description) : std::nullopt;
+  return description ? std::string(*description) : nameForToken(token);
 }
 
 std::string QFKListModel::tokenForName(std::string_view name) const {
@@ -153,7 +154,7 @@ Color QFKListModel::colorAtIndex(std::int64_t index, std::string_view name) cons
   const Group* known = group(name);
   if (!known || static_cast<std::uint64_t>(index) >= known->items.size()) return Color::black();
   const Dictionary& item = *known->items[static_cast<std::size_t>(index)].dictionary();
-  const std::string* color = item.string(listKey::hexColor);
+  const auto color = item.string(listKey::hexColor);
   return color ? colorWithHexColorString(*color) : Color::black();
 }
 
@@ -163,15 +164,15 @@ Color QFKListModel::colorForItem(std::string_view token, std::string_view name) 
   if (!known->colors) {
     ColorIndex& index = known->colors.emplace(known->items.size());
     for (const Value& item : known->items) {
-      const std::string* itemToken = item.dictionary()->string(listKey::token);
-      const std::string* color = item.dictionary()->string(listKey::hexColor);
-      if (itemToken && color) index[*itemToken].push_back(color);
+      const auto itemToken = item.dictionary()->string(listKey::token);
+      const auto color = item.dictionary()->string(listKey::hexColor);
+      if (itemToken && color) index[*itemToken].push_back(*color);
     }
   }
   Color result = Color::black();
   const auto found = known->colors->find(token);
   if (found == known->colors->end()) return result;
-  for (const std::string* color : found->second) result = colorWithHexColorString(*color);
+  for (const std::string_view color : found->second) result = colorWithHexColorString(color);
   return result;
 }
 

@@ -74,8 +74,8 @@ class QFKListModel {
   bool isValidTextEncoding(std::string_view name) const;
 
  private:
-  // Colours by token. The views and pointers lead into the group's own items.
-  using ColorIndex = std::unordered_map<std::string_view, std::vector<const std::string*>>;
+  // Colours by token. The views lead into the group's own items.
+  using ColorIndex = std::unordered_map<std::string_view, std::vector<std::string_view>>;
 
   struct Group {
     Array items;

@@ -56,7 +56,7 @@ void QFKMenuSettingsManager::readSettings() {
   const Array* list = shortcuts->array(listKey);
   if (!list) return;
   for (const Value& key : *list) {
-    if (key.string()) _shortcutIDList.push_back(*key.string());
+    if (key.string()) _shortcutIDList.emplace_back(*key.string());
   }
 }
 

@@ -13,10 +13,10 @@ QFKShortcutActionItem::QFKShortcutActionItem(const Dictionary* record) : QFKShor
     const Value* value = record->find(key);
     return value ? *value : Value(0);
   };
-  const std::string* storedTypeValue = record->string("typeValue");
-  const std::string* storedUUID = record->string("uuid");
+  const auto storedTypeValue = record->string("typeValue");
+  const auto storedUUID = record->string("uuid");
   type = number("type").integerValue();
-  typeValue = storedTypeValue ? *storedTypeValue : std::string();
+  typeValue = storedTypeValue.value_or("");
   hasShortcut = number("hasShortcut").boolValue();
   keycode = number("keycode").unsignedIntegerValue();
   modifiers = number("modifiers").unsignedIntegerValue();

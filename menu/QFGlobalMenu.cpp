@@ -39,7 +39,7 @@ QFGlobalMenu::QFGlobalMenu(Collaborators collaborators)
       _builder(_with.client, _with.bundle, *this, _with.paletteKeyEquivalent) {
   _statusMenu.delegate = this;
   const auto selected = _with.userDefaults.objectForKey(selectedGroupKey);
-  if (const std::string* name = selected ? selected->string() : nullptr) _currentGroup = *name;
+  if (const auto name = selected ? selected->string() : std::nullopt) _currentGroup = *name;
 }
 
 QFGlobalMenu::~QFGlobalMenu() { _statusMenu.delegate = nullptr; }

@@ -85,13 +85,13 @@ std::vector<MenuItemRef> QFMenuBuilder::menuItemsForGroup(
   std::vector<MenuItemRef> items;
   for (const Value& value : _lists.namedRichList(group)) {
     const Dictionary* entry = value.dictionary();
-    const std::string* token = entry ? entry->string(listKey::token) : nullptr;
+    const auto token = entry ? entry->string(listKey::token) : std::nullopt;
     if (!token) continue;
     if (_lists.tokenIsSeparator(*token)) {
       items.push_back(MenuItem::separatorItem());
       continue;
     }
-    auto item = entryItem(*token);
+    auto item = entryItem(std::string(*token));
     item->attributedTitle = AttributedTitle{item->title, foregroundColor(*entry), menuFont};
     items.push_back(std::move(item));
   }
@@ -99,8 +99,7 @@ std::vector<MenuItemRef> QFMenuBuilder::menuItemsForGroup(
 }
 
 std::optional<Color> QFMenuBuilder::foregroundColor(const Dictionary& entry) const {
-  std::optional<std::string_view> hexColor;
-  if (const std::string* text = entry.string(listKey::hexColor)) hexColor = *text;
+  const auto hexColor = entry.string(listKey::hexColor);
   // Black is what menus are written in, so it is left to the host's theme.
   if (hexColor == "#000000") return std::nullopt;
   return _lists.colorWithHexColorString(hexColor);

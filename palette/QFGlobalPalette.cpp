@@ -42,8 +42,8 @@ void QFGlobalPalette::loadWindow() {
 
 void QFGlobalPalette::windowDidLoad() {
   const auto position = _with.userDefaults.objectForKey(palettePositionKey);
-  if (const std::string* frame = position ? position->string() : nullptr) {
-    _window->setFrameFromString(*frame);
+  if (const auto frame = position ? position->string() : std::nullopt) {
+    _window->setFrameFromString(std::string(*frame));
   }
   setSelectedListName(_with.globalMenu.currentGroup());
   _window->cleanerListTableView().setIntercellSpacing(intercellSpacing);

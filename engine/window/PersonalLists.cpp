@@ -81,22 +81,21 @@ std::vector<std::string> PersonalLists::builtInTokens() const {
   return tokens;
 }
 
-const std::string* PersonalLists::infoText(std::string_view token, std::string_view key) const {
+std::optional<std::string_view> PersonalLists::infoText(std::string_view token,
+                                                        std::string_view key) const {
   const Dictionary* tokens = _defaults.dictionary(listKey::tokenInfo);
   const Dictionary* info = tokens ? tokens->dictionary(token) : nullptr;
-  return info ? info->string(key) : nullptr;
+  return info ? info->string(key) : std::nullopt;
 }
 
 QString PersonalLists::nameOf(std::string_view token) const {
   if (const CustomCleaner* own = cleaner(token)) return toQString(own->name);
-  const std::string* name = infoText(token, listKey::name);
-  return toQString(name ? *name : token);
+  return toQString(infoText(token, listKey::name).value_or(token));
 }
 
 QString PersonalLists::descriptionOf(std::string_view token) const {
   if (const CustomCleaner* own = cleaner(token)) return toQString(own->description);
-  const std::string* description = infoText(token, listKey::description);
-  return description ? toQString(*description) : QString();
+  return toQString(infoText(token, listKey::description).value_or(""));
 }
 
 std::optional<Error> PersonalLists::stored(const std::optional<Error>& failure) {

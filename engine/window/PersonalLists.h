@@ -59,7 +59,7 @@ class PersonalLists final : public QObject {
  private:
   std::optional<Error> stored(const std::optional<Error>& failure);
   std::optional<Error> nameFault(const std::string& name) const;
-  const std::string* infoText(std::string_view token, std::string_view key) const;
+  std::optional<std::string_view> infoText(std::string_view token, std::string_view key) const;
 
   QFCleanerLibrary _builtIn;
   Dictionary _defaults;

@@ -33,7 +33,7 @@ class DefaultList : public testing::Test {
       const Dictionary& entry = *value.dictionary();
       if (*entry.string(listKey::name) != group) continue;
       for (const Value& item : *entry.array(listKey::richList)) {
-        tokens.push_back(*item.dictionary()->string(listKey::token));
+        tokens.emplace_back(*item.dictionary()->string(listKey::token));
       }
     }
     return tokens;
@@ -48,9 +48,11 @@ TEST_F(DefaultList, namesEveryCleanerAndNoOther) {
   for (const auto& [token, clean] : library.builtInCleaners()) able.insert(token);
   std::set<std::string> named, names;
   for (const auto& [token, info] : *list.dictionary(listKey::tokenInfo)) {
-    named.insert(token);
-    EXPECT_TRUE(names.insert(*info.dictionary()->string(listKey::name)).second) << token;
-    EXPECT_FALSE(info.dictionary()->string(listKey::description)->empty()) << token;
+    named.emplace(token);
+    EXPECT_TRUE(names.emplace(*info.dictionary()->string(listKey::name)).second)
+        << std::string_view(token);
+    EXPECT_FALSE(info.dictionary()->string(listKey::description)->empty())
+        << std::string_view(token);
   }
   EXPECT_EQ(named, able);
   EXPECT_GE(able.size(), 80u);
@@ -62,13 +64,13 @@ TEST_F(DefaultList, libraryHoldsEachCleanerOnce) {
     if (!isSpecial(token)) tokens.insert(token);
   }
   std::multiset<std::string> all;
-  for (const auto& [token, info] : *list.dictionary(listKey::tokenInfo)) all.insert(token);
+  for (const auto& [token, info] : *list.dictionary(listKey::tokenInfo)) all.emplace(token);
   EXPECT_EQ(tokens, all);
 }
 
 TEST_F(DefaultList, groupsThatTheMenuAsksForAreThereAndHoldKnownCleaners) {
   std::vector<std::string> names;
-  for (const Value& name : *list.array(listKey::automaticNames)) names.push_back(*name.string());
+  for (const Value& name : *list.array(listKey::automaticNames)) names.emplace_back(*name.string());
   for (const char* needed : {"Library", "Standard", "Basics"}) {
     EXPECT_NE(std::find(names.begin(), names.end(), needed), names.end()) << needed;
   }

@@ -44,7 +44,7 @@ std::string sharedReferences() {
 }
 
 // Many dictionaries of one key that is long.
-std::string copiedKeys() {
+std::string sharedKey() {
   std::vector<std::string> objects{"\xAF\x11" + bigEndian(30000, 2)};
   for (unsigned i = 0; i < 30000; ++i) objects[0] += bigEndian(i + 2, 2);
   objects.push_back("\x5F\x12" + bigEndian(100'000, 4) + std::string(100'000, 'k'));
@@ -136,14 +136,14 @@ std::string readInChild(const std::string& input) {
   return answer.substr(0, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
 }
 
-TEST(HostileInput, IsRefusedQuicklyAndInLittleMemory) {
+TEST(HostileInput, IsDealtWithQuicklyAndInLittleMemory) {
   const struct {
     const char* name;
     std::string input;
-    const char* error;
+    const char* result;
   } cases[] = {
       {"shared references", sharedReferences(), "too many values"},
-      {"copied keys", copiedKeys(), "too many keys"},
+      {"a long key of many dictionaries", sharedKey(), "read"},
       {"overlapping objects", overlappingObjects(), "overlap"},
       {"deep binary", deepBinary(), "nested too deeply"},
       {"deep XML", "<plist>" + repeated("<array>", 100'000), "nested too deeply"},
@@ -158,8 +158,8 @@ TEST(HostileInput, IsRefusedQuicklyAndInLittleMemory) {
       {"deep archive", bombArchive(5000, 1, false), "nested too deeply"},
       {"cyclic archive", bombArchive(30, 1, true), "contains itself"},
   };
-  for (const auto& [name, input, error] : cases) {
-    EXPECT_THAT(readInChild(input), testing::HasSubstr(error)) << name;
+  for (const auto& [name, input, result] : cases) {
+    EXPECT_THAT(readInChild(input), testing::HasSubstr(result)) << name;
   }
 }
 

@@ -276,7 +276,7 @@ TEST(StringTable, LooksUpTextsByKey) {
   EXPECT_EQ(table->localized("None"), "Keine");
   EXPECT_EQ(table->localized("Space"), "Leerä");
   EXPECT_EQ(table->localized("Quit"), "Quit");
-  EXPECT_EQ(table->find("Quit"), nullptr);
+  EXPECT_FALSE(table->find("Quit"));
   EXPECT_EQ(read("\xFF\xFE\"\0a\0\"\0=\0\"\0\xE4\0\"\0;\0"s)->localized("a"), "ä");
   EXPECT_TRUE(read("") && read("// nothing"));
   EXPECT_THAT(errorOf(read("\n\"a\" = ;")), HasSubstr("line 2"));

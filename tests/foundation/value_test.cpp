@@ -70,7 +70,9 @@ TEST(Value, ReadsAsANumberOrATruthValue) {
 }
 
 TEST(Value, CopiesAndMovesOfEveryKindAreIndependent) {
-  const Value values[] = {true, 1, 1.5, Date{1}, UID{1}, "text", Data{1}, Array{1}, Dictionary{}};
+  const Value values[] = {
+      true, -1,      1.5,      Date{1},     UID{1}, "14 characters.", "15 characters..",
+      "",   Data{1}, Array{1}, Dictionary{}};
   for (const Value& first : values) {
     for (const Value& second : values) {
       Value copy = first;
@@ -88,10 +90,21 @@ TEST(Value, CopiesAndMovesOfEveryKindAreIndependent) {
             "{\"a b\" = (x, 1, <ff>);}");
 }
 
+TEST(Value, KeepsStringsOfEveryLength) {
+  std::string text;
+  for (int i = 0; i < 600; ++i, text += static_cast<char>(i)) {
+    const Value value(text);
+    const Value copy(value);
+    ASSERT_EQ(value.string(), text);
+    ASSERT_EQ(Dictionary({{text, copy}}).string(text), text);
+  }
+}
+
 // Values made and let go on several threads, in blocks that the threads share.
 TEST(Value, IsSharedBetweenThreads) {
-  const Data bytes = *writePropertyList(Array{"one", Dictionary{{"two", Data{2}}}, Array{"three"}},
-                                        PropertyListFormat::binary);
+  const Data bytes =
+      *writePropertyList(Array{"a string of its own", Dictionary{{"two", Data{2}}}, Array{"three"}},
+                         PropertyListFormat::binary);
   std::vector<Value> lists;
   for (int i = 0; i < 50; ++i) lists.push_back(*readPropertyList(bytes));
   const auto work = [lists] {

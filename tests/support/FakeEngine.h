@@ -36,8 +36,7 @@ class FakeEngine {
       return;
     }
     const auto text = [&](std::string_view key) {
-      const std::string* value = message->dictionary()->string(key);
-      return value ? *value : std::string();
+      return std::string(message->dictionary()->string(key).value_or(""));
     };
     std::string line = text("command");
     if (line == "cleanPasteboard:cleaner:") {

@@ -5,6 +5,7 @@
 
 #include "hosts/linux/accessibility/AtspiMessages.h"
 #include "hosts/linux/accessibility/AtspiRole.h"
+#include "hosts/linux/bus/SessionBus.h"
 
 namespace qf {
 namespace {
@@ -63,8 +64,7 @@ bool AtspiObjectElement::setAttributeValue(std::string_view attribute,
   const auto* plain = std::get_if<Value>(&value);
   const auto* focused = std::get_if<bool>(&value);
   if (attribute == "AXValue" && plain && plain->string())
-    return atspi::truth(
-        application.ask(atspi::setText(_object, QString::fromStdString(*plain->string()))));
+    return atspi::truth(application.ask(atspi::setText(_object, toQString(*plain->string()))));
   if (attribute == "AXFocused" && focused && *focused)
     return atspi::truth(application.ask(atspi::grabFocus(_object)));
   return false;
