@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <bit>
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -47,12 +48,14 @@ void appendMarker(Data& bytes, std::uint8_t kind, std::size_t count) {
 class BinaryWriter {
  public:
   Result<Data> write(const Value& root) {
-    if (!add(root, 0)) return Error{"binary property list: " + _problem};
+    _references.resize(1);
+    if (!add(0, root, 0) || !addWaiting(0)) return Error{"binary property list: " + _problem};
     return assemble();
   }
 
  private:
   using Index = std::uint32_t;
+  static constexpr std::size_t mostWaiting = 16;
 
   // A scalar with its place in `_scalars`, or a container with its place in `_references`.
   struct Object {
@@ -67,19 +70,29 @@ class BinaryWriter {
     std::size_t start = 0;
   };
 
-  std::nullopt_t fail(std::string_view problem) {
+  // A string and the reference to it. It is looked up a few strings later, when its place in the
+  // index has come from memory: waiting for that would cost more than all the rest.
+  struct Waiting {
+    std::string_view text;
+    std::uint32_t hash;
+    std::size_t reference;
+  };
+
+  bool fail(std::string_view problem) {
     _problem = problem;
-    return std::nullopt;
+    return false;
   }
 
-  std::optional<Index> add(const Value& value, std::size_t depth) {
+  // Adds what the reference at that place shall lead to.
+  bool add(std::size_t reference, const Value& value, std::size_t depth) {
     if (_nodes++ == PropertyListLimits::file().nodes) return fail("too many values");
-    if (value.string()) return addString(*value.string());
-    if (value.array()) return addArray(*value.array(), depth);
-    if (value.dictionary()) return addDictionary(*value.dictionary(), depth);
+    if (const auto text = value.string()) return addString(reference, *text);
+    if (value.array()) return addArray(reference, *value.array(), depth);
+    if (value.dictionary()) return addDictionary(reference, *value.dictionary(), depth);
     const std::size_t start = _scalars.size();
-    if (!encode(value)) return std::nullopt;
-    return addScalar(start);
+    if (!encode(value)) return false;
+    _references[reference] = addScalar(start, hashOf(scalar(start, _scalars.size() - start)));
+    return true;
   }
 
   bool encode(const Value& value) {
@@ -91,7 +104,7 @@ class BinaryWriter {
       _scalars.push_back(0x23);
       appendNumber(_scalars, std::bit_cast<std::uint64_t>(*value.real()), 8);
     } else if (value.date()) {
-      if (!isStorableDate(*value.date())) return fail("a date that is no date"), false;
+      if (!isStorableDate(*value.date())) return fail("a date that is no date");
       _scalars.push_back(0x33);
       const double seconds = value.date()->secondsSinceReferenceDate;
       appendNumber(_scalars, std::bit_cast<std::uint64_t>(seconds), 8);
@@ -106,27 +119,47 @@ class BinaryWriter {
     return true;
   }
 
-  std::optional<Index> addString(std::string_view text) {
-    const std::size_t start = _scalars.size();
+  static std::uint32_t hashOf(std::string_view bytes) {
+    return static_cast<std::uint32_t>(keyedHash(bytes));
+  }
+
+  bool addString(std::size_t reference, std::string_view text) {
+    const std::uint32_t hash = hashOf(text);
+    if (!_known.empty()) __builtin_prefetch(&_known[hash & (_known.size() - 1)]);
+    _waiting.push_back({text, hash, reference});
+    return addWaiting(mostWaiting);
+  }
+
+  // Looks the oldest strings up until that many wait.
+  bool addWaiting(std::size_t rest) {
+    for (; _waiting.size() > rest; _waiting.pop_front()) {
+      const auto& [text, hash, reference] = _waiting.front();
+      const std::size_t start = _scalars.size();
+      if (!encodeText(text)) return false;
+      _references[reference] = addScalar(start, hash);
+    }
+    return true;
+  }
+
+  bool encodeText(std::string_view text) {
     if (isASCII(text)) {
       appendMarker(_scalars, 0x50, text.size());
       _scalars.insert(_scalars.end(), text.begin(), text.end());
-    } else {
-      if (invalidUTF8Offset(text)) return fail("text that is not UTF-8");
-      const std::u16string units = utf16FromUTF8(text);
-      appendMarker(_scalars, 0x60, units.size());
-      for (const char16_t unit : units) appendNumber(_scalars, unit, 2);
+      return true;
     }
-    return addScalar(start);
+    if (invalidUTF8Offset(text)) return fail("text that is not UTF-8");
+    const std::u16string units = utf16FromUTF8(text);
+    appendMarker(_scalars, 0x60, units.size());
+    for (const char16_t unit : units) appendNumber(_scalars, unit, 2);
+    return true;
   }
 
   // The object whose bytes have been put at the end of `_scalars`; they are taken back when an
   // equal one stands there already.
-  Index addScalar(std::size_t start) {
+  Index addScalar(std::size_t start, std::uint32_t hash) {
     const std::size_t count = _scalars.size() - start;
     if (_scalarCount == _known.size() / 4 * 3) growIndex();
     const std::string_view bytes = scalar(start, count);
-    const auto hash = static_cast<std::uint32_t>(keyedHash(bytes));
     std::size_t place = hash & (_known.size() - 1);
     for (; _known[place].number != 0; place = (place + 1) & (_known.size() - 1)) {
       if (_known[place].hash != hash) continue;
@@ -156,41 +189,33 @@ class BinaryWriter {
     }
   }
 
-  // A container with room for its references; they start where `_references` ended.
-  std::optional<Index> open(std::uint8_t kind, std::size_t count, std::size_t references,
-                            std::size_t depth) {
+  // A container with room for its references, where `_references` ended.
+  bool open(std::size_t reference, std::uint8_t kind, std::size_t count, std::size_t references,
+            std::size_t depth) {
     if (depth == PropertyListLimits::file().depth) return fail("nested too deeply");
+    _references[reference] = static_cast<Index>(_objects.size());
     _objects.push_back({kind, _references.size(), count});
     _references.resize(_references.size() + references);
-    return static_cast<Index>(_objects.size() - 1);
+    return true;
   }
 
-  std::optional<Index> addArray(const Array& items, std::size_t depth) {
-    std::size_t reference = _references.size();
-    const auto container = open(0xA0, items.size(), items.size(), depth);
-    if (!container) return container;
+  bool addArray(std::size_t reference, const Array& items, std::size_t depth) {
+    std::size_t part = _references.size();
+    if (!open(reference, 0xA0, items.size(), items.size(), depth)) return false;
     for (const Value& item : items) {
-      const auto index = add(item, depth + 1);
-      if (!index) return index;
-      _references[reference++] = *index;
+      if (!add(part++, item, depth + 1)) return false;
     }
-    return container;
+    return true;
   }
 
-  std::optional<Index> addDictionary(const Dictionary& entries, std::size_t depth) {
-    std::size_t reference = _references.size();
-    const auto container = open(0xD0, entries.size(), entries.size() * 2, depth);
-    if (!container) return container;
+  bool addDictionary(std::size_t reference, const Dictionary& entries, std::size_t depth) {
+    std::size_t part = _references.size();
+    if (!open(reference, 0xD0, entries.size(), entries.size() * 2, depth)) return false;
     for (const auto& [key, value] : entries) {
-      const auto name = addString(key);
-      if (!name) return name;
-      const auto index = add(value, depth + 1);
-      if (!index) return index;
-      _references[reference] = *name;
-      _references[reference + entries.size()] = *index;
-      ++reference;
+      if (!addString(part, key) || !add(part + entries.size(), value, depth + 1)) return false;
+      ++part;
     }
-    return container;
+    return true;
   }
 
   std::size_t referencesOf(const Object& container) const {
@@ -225,7 +250,7 @@ class BinaryWriter {
     appendNumber(bytes, offsetSize, 1);
     appendNumber(bytes, referenceSize, 1);
     appendNumber(bytes, _objects.size(), 8);
-    appendNumber(bytes, 0, 8);
+    appendNumber(bytes, _references.front(), 8);
     appendNumber(bytes, table, 8);
     return bytes;
   }
@@ -243,7 +268,8 @@ class BinaryWriter {
   }
 
   std::vector<Object> _objects;
-  std::vector<Index> _references;
+  std::vector<Index> _references;  // first the one to the root
+  std::deque<Waiting> _waiting;
   Data _scalars;
   // The scalars by their bytes' hash, at its place or the next free one; a number of 0 is free.
   std::vector<Known> _known;
