@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // What it costs to read and write list data, by the number of cleaners in it.
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 #include "bench/foundation_list_data.h"
 #include "foundation/KeyedArchive.h"
@@ -47,3 +48,12 @@ BENCHMARK(unarchive) QF_SIZES;
 
 }  // namespace
 }  // namespace qf::bench
+
+int main(int argc, char** argv) {
+  // The C library gives large blocks back to the system and takes fresh pages for the next ones,
+  // which costs more than to fill them: the largest lists alone would pay for that.
+  mallopt(M_MMAP_MAX, 0);
+  mallopt(M_TRIM_THRESHOLD, -1);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}
