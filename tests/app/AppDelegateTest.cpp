@@ -15,12 +15,16 @@ class AppDelegateTest : public MenuTest {
  protected:
   void addIcon(const std::string& name) { host.bundle.images[name] = {name, name + ".svg"}; }
 
-  /// As if the engine had written the settings.
-  void changeIconElsewhere(std::int64_t iconID) {
-    QFKMenuSettingsManager engine(container, host.fileManager, host.distributedNotificationCenter);
+  /// As the engine writes the settings.
+  void changeElsewhere(const std::function<void(QFKMenuSettingsManager&)>& change) {
+    QFKMenuSettingsManager engine(host.container, host.fileManager,
+                                  host.distributedNotificationCenter);
     engine.readSettings();
-    engine.setMenuIconID(iconID);
+    change(engine);
     host.distributedNotificationCenter.deliver();
+  }
+  void changeIconElsewhere(std::int64_t iconID) {
+    changeElsewhere([&](auto& engine) { engine.setMenuIconID(iconID); });
   }
 
   AppDelegate::SharedObjects sharedObjects() {
@@ -35,17 +39,17 @@ class AppDelegateTest : public MenuTest {
     };
   }
 
-  /// As if the engine had written a shortcut for the key with Control; answers its identifier.
+  /// A shortcut for the key with Control; answers its identifier.
   std::string addElsewhere(std::uint64_t keycode, std::int64_t type, const char* typeValue) {
-    QFKMenuSettingsManager engine(container, host.fileManager, host.distributedNotificationCenter);
-    engine.readSettings();
-    QFKShortcutActionItem item = *engine.shortcutForKey(engine.addShortcut());
-    item.keycode = keycode;
-    item.modifiers = modifier::control;
-    item.type = type;
-    item.typeValue = typeValue;
-    engine.setShortcut(item);
-    host.distributedNotificationCenter.deliver();
+    QFKShortcutActionItem item;
+    changeElsewhere([&](auto& engine) {
+      item = *engine.shortcutForKey(engine.addShortcut());
+      item.keycode = keycode;
+      item.modifiers = modifier::control;
+      item.type = type;
+      item.typeValue = typeValue;
+      engine.setShortcut(item);
+    });
     return *item.uuid;
   }
   void press(std::uint32_t keyCode) {
@@ -94,7 +98,7 @@ TEST_F(AppDelegateTest, ShowsTheIconOfTheSettings) {
 
 TEST_F(AppDelegateTest, TakesSettingsThatChangeWhileItStarts) {
   addIcon("qfmenu-icon03");
-  host.accessibility.onTrustCheck = [this](bool) { changeIconElsewhere(3); };
+  host.accessibility.onTrustCheck = [this] { changeIconElsewhere(3); };
   delegate->applicationDidFinishLaunching();
   EXPECT_EQ(host.statusBar.button.image->name, "qfmenu-icon03");
   EXPECT_FALSE(host.statusBar.itemImage);
@@ -108,13 +112,6 @@ TEST_F(AppDelegateTest, SecondStartShowsThePaletteAndNeverHidesIt) {
     delegate->applicationDidReopen();
     EXPECT_TRUE(palette.isVisible());
   }
-}
-
-TEST_F(AppDelegateTest, KnowsTheCurrentGroup) {
-  EXPECT_EQ(delegate->currentGroup(), std::nullopt);
-  delegate->applicationDidFinishLaunching();
-  menu.changeGroupTo("Basics");
-  EXPECT_EQ(delegate->currentGroup(), "Basics");
 }
 
 TEST_F(AppDelegateTest, RegistersTheHotKeysOfTheSettings) {
@@ -138,9 +135,11 @@ TEST_F(AppDelegateTest, RegistersTheHotKeysOfTheSettings) {
 }
 
 TEST_F(AppDelegateTest, DoesWhatTheHotKeyStandsForNow) {
+  EXPECT_EQ(delegate->currentGroup(), std::nullopt);
   delegate->applicationDidFinishLaunching();
   const std::string identifier = addElsewhere(40, 1, "#current");
   menu.changeGroupTo("Standard");
+  EXPECT_EQ(delegate->currentGroup(), "Standard");
   press(40);
   ASSERT_EQ(host.menuPresenter.popUps.size(), 1u);
   EXPECT_EQ(host.menuPresenter.popUps[0].menu->title, "popup");

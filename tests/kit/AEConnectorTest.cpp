@@ -46,7 +46,7 @@ class AEConnector : public testing::Test {
   KitHost host;
   LogCapture log;
   Delegate delegate;
-  QFKAEConnector connector{host.appleEvents, host.workspace, host.distributedCenter};
+  QFKAEConnector connector{host.appleEvents, host.workspace, host.distributedNotificationCenter};
 };
 
 TEST_F(AEConnector, SendsTheCommandAndDecodesTheAnswer) {
@@ -125,10 +125,10 @@ TEST_F(AEConnector, StartsTheEngineWithItsWindows) {
   installEngine();
   host.runEngine(1, ActivationPolicy::regular);
   EXPECT_EQ(flags(), 0x10000u);
-  EXPECT_THAT(host.distributedCenter.posted, IsEmpty());
+  EXPECT_THAT(host.distributedNotificationCenter.posted, IsEmpty());
   host.runEngine(2);
   EXPECT_EQ(flags(), 0x90000u);
-  EXPECT_THAT(host.distributedCenter.posted,
+  EXPECT_THAT(host.distributedNotificationCenter.posted,
               ElementsAre("org.quenfold.kit.SharedGroupsDataChangedNotification"));
   // Without an agent mode there is only one way to start it.
   delegate.hasAgentMode = false;

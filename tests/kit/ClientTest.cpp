@@ -39,7 +39,7 @@ class Client : public testing::Test {
 
 TEST_F(Client, ReadsOnlyTheDefaultsInItsBaseClass) {
   host.put(listsFile, listOf("#SHARED"));
-  QFKClientBase client(host.services);
+  QFKClientBase client(host.clientServices);
   client.setupConnection();
   client.qfmenuSettingsChangedNotification();
   EXPECT_THAT(client.cleanerApplyList(), ElementsAre("#DEFAULT"));
@@ -48,7 +48,7 @@ TEST_F(Client, ReadsOnlyTheDefaultsInItsBaseClass) {
 }
 
 TEST_F(Client, ReadsTheSharedListElseTheDefaultOneElseNone) {
-  QFMenuClient client(host.services);
+  QFMenuClient client(host.clientServices);
   host.put(listsFile, listOf("#SHARED"));
   client.setupConnection();
   EXPECT_THAT(client.cleanerApplyList(), ElementsAre("#SHARED"));
@@ -63,7 +63,7 @@ TEST_F(Client, ReadsTheSharedListElseTheDefaultOneElseNone) {
 }
 
 TEST_F(Client, PassesNewsOnOnceTheNewDataAreInPlace) {
-  QFMenuClient client(host.services);
+  QFMenuClient client(host.clientServices);
   client.setupConnection();
   auto& center = NotificationCenter::defaultCenter();
   std::vector<std::string> seen;
@@ -73,11 +73,11 @@ TEST_F(Client, PassesNewsOnOnceTheNewDataAreInPlace) {
     seen.push_back(Value(client.menuSettings()).description());
   });
   host.put(listsFile, listOf("#A"));
-  host.distributedCenter.deliver(SharedGroupsDataChangedNotification);
-  host.distributedCenter.deliver(SharedGroupsDataChangedNotification);
-  host.distributedCenter.deliver(SharedQFMenuPrefsChangedNotification);
+  host.distributedNotificationCenter.deliver(SharedGroupsDataChangedNotification);
+  host.distributedNotificationCenter.deliver(SharedGroupsDataChangedNotification);
+  host.distributedNotificationCenter.deliver(SharedQFMenuPrefsChangedNotification);
   host.put(menuFile, Dictionary{{"menuStyle", 1}});
-  host.distributedCenter.deliver(SharedQFMenuPrefsChangedNotification);
+  host.distributedNotificationCenter.deliver(SharedQFMenuPrefsChangedNotification);
   EXPECT_THAT(seen,
               ElementsAre("#A", "#A", "{menuIconID = 0; menuStyle = 0;}", "{menuStyle = 1;}"));
   center.removeObserver(groups);
@@ -86,17 +86,17 @@ TEST_F(Client, PassesNewsOnOnceTheNewDataAreInPlace) {
 
 TEST_F(Client, LeavesNothingDanglingWhenItGoes) {
   {
-    QFMenuClient client(host.services);
+    QFMenuClient client(host.clientServices);
     client.setupConnection();
-    EXPECT_EQ(host.distributedCenter.observerCount, 2);
+    EXPECT_EQ(host.distributedNotificationCenter.observerCount, 2);
     EXPECT_TRUE(receive({{"command", "listData"}}));
   }
-  EXPECT_EQ(host.distributedCenter.observerCount, 0);
+  EXPECT_EQ(host.distributedNotificationCenter.observerCount, 0);
   EXPECT_FALSE(receive({{"command", "listData"}}));
 }
 
 TEST_F(Client, SendsCommandsOnceConnected) {
-  QFMenuClient client(host.services);
+  QFMenuClient client(host.clientServices);
   client.launchConnectedApp();
   EXPECT_FALSE(client.sendRemoteCommand("quitEngine"));
   EXPECT_THAT(log.lines,
@@ -108,7 +108,7 @@ TEST_F(Client, SendsCommandsOnceConnected) {
 }
 
 TEST_F(Client, AnswersWhatItIsAskedAndSendsActionsOn) {
-  QFMenuClient client(host.services);
+  QFMenuClient client(host.clientServices);
   client.setupConnection();
   EXPECT_EQ(receive({{"command", "listData"}}), Value(listOf("#DEFAULT")));
   EXPECT_EQ(receive({{"command", "menuSettings"}}), Value(Dictionary()));
@@ -138,7 +138,7 @@ TEST_F(Client, AnswersWhatItIsAskedAndSendsActionsOn) {
 }
 
 TEST_F(Client, AgentLeavesOutTheOptionWithoutAName) {
-  QFAgent agent(host.services);
+  QFAgent agent(host.clientServices);
   agent.setupConnection();
   agent.cleanFile("f", Dictionary{{"", 1}, {"cleanerName", "X"}});
   EXPECT_EQ(host.lastMessage(),
@@ -149,12 +149,12 @@ TEST_F(Client, AgentLeavesOutTheOptionWithoutAName) {
 
 TEST(SharedClient, IsOfTheClassThatWasAskedFirst) {
   KitHost& host = *new KitHost;  // the shared client is never destroyed either
-  QFKClientBase::setSharedServices(host.services);
+  QFKClientBase::setSharedServices(host.clientServices);
   QFKClientBase& client = QFMenuClient::sharedClient();
   EXPECT_NE(dynamic_cast<QFMenuClient*>(&client), nullptr);
   EXPECT_EQ(&QFKClientBase::sharedClient(), &client);
   EXPECT_EQ(&QFAgent::sharedClient(), &client);
-  EXPECT_EQ(host.distributedCenter.observerCount, 2);
+  EXPECT_EQ(host.distributedNotificationCenter.observerCount, 2);
 }
 
 }  // namespace

@@ -10,12 +10,7 @@
 #include "kit/QFKIdentifiers.h"
 #include "kit/QFKMenuSettingsManager.h"
 #include "kit/QFKSharedContainer.h"
-#include "tests/support/FakeAppleEvents.h"
-#include "tests/support/FakeBundle.h"
-#include "tests/support/FakeDistributedNotificationCenter.h"
-#include "tests/support/FakeFileManager.h"
-#include "tests/support/FakeUserDefaults.h"
-#include "tests/support/FakeWorkspace.h"
+#include "tests/support/FakeHost.h"
 
 namespace qf {
 
@@ -23,8 +18,8 @@ inline const std::filesystem::path dataFolder = "/data/group.org.quenfold/Data";
 inline const std::filesystem::path listsFile = dataFolder / "quenfold-lists.plist";
 inline const std::filesystem::path menuFile = dataFolder / "quenfold-menu.plist";
 
-/// The parts of a host that the kit stands on, all in memory.
-struct KitHost {
+/// A host in memory with what the kit asks of it.
+struct KitHost : FakeHost {
   void put(const std::filesystem::path& path, const Value& value) {
     fileManager.files[path] = *writePropertyList(value, PropertyListFormat::binary);
   }
@@ -38,14 +33,8 @@ struct KitHost {
     return unarchiveKeyed(appleEvents.sent.back().event.data)->description();
   }
 
-  FakeAppleEvents appleEvents;
-  FakeBundle bundle;
-  FakeDistributedNotificationCenter distributedCenter;
-  FakeFileManager fileManager;
-  FakeUserDefaultsDomains userDefaults;
-  FakeWorkspace workspace;
-
-  QFKClientServices services{appleEvents, bundle, distributedCenter, fileManager, workspace};
+  QFKClientServices clientServices{appleEvents, bundle, distributedNotificationCenter, fileManager,
+                                   workspace};
   QFKSharedContainer container{fileManager, userDefaults};
 };
 

@@ -3,12 +3,10 @@
 
 #include <gmock/gmock.h>
 
-#include "kit/QFKMenuSettingsManager.h"
-#include "kit/QFKSharedContainer.h"
 #include "kit/QFMenuClient.h"
 #include "menu/PaletteControl.h"
 #include "menu/QFGlobalMenu.h"
-#include "tests/support/FakeHost.h"
+#include "tests/kit/KitHost.h"
 #include "tests/support/LogCapture.h"
 #include "textaccess/QFCurrentAppTracker.h"
 #include "textaccess/QFTextAccess.h"
@@ -77,17 +75,11 @@ class MenuTest : public testing::Test {
     item->target->performAction(item->action, *item);
   }
 
-  FakeHost host;
+  KitHost host;
   LogCapture log;
-  QFMenuClient client{{
-      .appleEvents = host.appleEvents,
-      .bundle = host.bundle,
-      .distributedNotificationCenter = host.distributedNotificationCenter,
-      .fileManager = host.fileManager,
-      .workspace = host.workspace,
-  }};
-  QFKSharedContainer container{host.fileManager, host.userDefaults};
-  QFKMenuSettingsManager settings{container, host.fileManager, host.distributedNotificationCenter};
+  QFMenuClient client{host.clientServices};
+  QFKMenuSettingsManager settings{host.container, host.fileManager,
+                                  host.distributedNotificationCenter};
   QFCurrentAppTracker tracker{host.workspace};
   QFTextAccess textAccess{host.accessibility, host.pasteboards.generalPasteboard(), host.workspace};
 };

@@ -2,12 +2,11 @@
 #include <gmock/gmock.h>
 
 #include "host/EventState.h"
-#include "kit/QFKIdentifiers.h"
 #include "kit/QFMenuClient.h"
 #include "palette/QFGlobalPalette.h"
+#include "tests/kit/KitHost.h"
 #include "tests/palette/FakeGlobalMenu.h"
 #include "tests/support/FakeEngine.h"
-#include "tests/support/FakeHost.h"
 
 namespace qf {
 namespace {
@@ -53,16 +52,10 @@ class PaletteTest : public testing::Test {
     }
   }
 
-  FakeHost host;
+  KitHost host;
   FakePaletteWindows& window = host.paletteWindows;
   FakeGlobalMenu menu;
-  QFMenuClient client{{
-      .appleEvents = host.appleEvents,
-      .bundle = host.bundle,
-      .distributedNotificationCenter = host.distributedNotificationCenter,
-      .fileManager = host.fileManager,
-      .workspace = host.workspace,
-  }};
+  QFMenuClient client{host.clientServices};
   QFGlobalPalette palette{{
       .client = client,
       .bundle = host.bundle,

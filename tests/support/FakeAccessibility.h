@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "host/AccessibilityElement.h"
+#include "tests/support/Journal.h"
 
 namespace qf {
 
@@ -99,7 +100,8 @@ class FakeAccessibility : public Accessibility {
                                        : found->second;
   }
   bool isProcessTrusted(bool prompt) override {
-    if (onTrustCheck) onTrustCheck(prompt);
+    journal.emplace_back(prompt ? "trusted? with a prompt" : "trusted?");
+    if (onTrustCheck) onTrustCheck();
     return isTrusted;
   }
 
@@ -108,7 +110,7 @@ class FakeAccessibility : public Accessibility {
   int systemWideElements = 0;       ///< how often it was created
   std::vector<std::int32_t> roads;  ///< the processes asked for
   bool isTrusted = true;
-  std::function<void(bool prompt)> onTrustCheck;
+  std::function<void()> onTrustCheck;
 };
 
 }  // namespace qf

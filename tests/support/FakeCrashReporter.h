@@ -2,14 +2,13 @@
 #pragma once
 
 #include "host/CrashReporter.h"
+#include "tests/support/Journal.h"
 
 namespace qf {
 
 class FakeCrashReporter : public CrashReporter {
  public:
-  void start() override { ++starts; }
-
-  int starts = 0;
+  void start() override { journal.emplace_back("crash reporter"); }
 };
 
 }  // namespace qf

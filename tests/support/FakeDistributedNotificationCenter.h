@@ -2,10 +2,12 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "foundation/NotificationCenter.h"
 #include "host/DistributedNotificationCenter.h"
+#include "tests/support/Journal.h"
 
 namespace qf {
 
@@ -13,12 +15,24 @@ namespace qf {
 class FakeDistributedNotificationCenter : public DistributedNotificationCenter {
  public:
   Availability availability() const override { return Availability::available(); }
-  ObserverID addObserver(std::string name, Handler handler) override;
-  void removeObserver(ObserverID observer) override;
+  ObserverID addObserver(std::string name, Handler handler) override {
+    ++observerCount;
+    journal.push_back("observe " + name);
+    return _observers.addObserver(std::move(name), std::move(handler));
+  }
+  void removeObserver(ObserverID observer) override {
+    --observerCount;
+    _observers.removeObserver(observer);
+  }
   void post(std::string_view name) override { posted.emplace_back(name); }
 
   /// Runs the observers for everything posted so far, and for what they post themselves.
-  void deliver();
+  void deliver() {
+    while (!posted.empty()) {
+      const auto names = std::exchange(posted, {});
+      for (const std::string& name : names) _observers.post(name);
+    }
+  }
   /// As if another process had posted it, delivered at once.
   void deliver(std::string_view name) { _observers.post(name); }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/HotKeys.h"
+#include "tests/support/Journal.h"
 
 namespace qf {
 
@@ -24,6 +25,7 @@ class FakeHotKeys : public HotKeys {
   }
   HotKeyStatus registerEventHotKey(std::uint32_t keyCode, std::uint32_t modifiers, HotKeyID id,
                                    Ref& ref) override {
+    journal.push_back("hot key " + std::to_string(keyCode));
     if (held.contains({keyCode, modifiers})) {
       refused.insert({keyCode, modifiers});
       return HotKeyStatus::eventHotKeyExists;

@@ -2,14 +2,15 @@
 #pragma once
 
 #include "host/Services.h"
+#include "tests/support/Journal.h"
 
 namespace qf {
 
 class FakeServices : public Services {
  public:
-  void setServicesProvider(ServicesProvider* newProvider) override { provider = newProvider; }
-
-  ServicesProvider* provider = nullptr;
+  void setServicesProvider(ServicesProvider* provider) override {
+    journal.emplace_back(provider ? "services provider" : "no services provider");
+  }
 };
 
 }  // namespace qf

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/StatusBar.h"
+#include "tests/support/Journal.h"
 
 namespace qf {
 
@@ -9,22 +10,26 @@ namespace qf {
 class FakeStatusBar : public StatusBar {
  public:
   struct Button : StatusItemButton {
-    void setHighlighted(bool highlighted) override { isHighlighted = highlighted; }
-    void setImage(std::optional<Image> newImage) override { image = std::move(newImage); }
-    void setEnabled(bool enabled) override { isEnabled = enabled; }
+    void setHighlighted(bool highlighted) override {
+      journal.emplace_back(highlighted ? "highlighted" : "not highlighted");
+    }
+    void setImage(std::optional<Image> newImage) override {
+      journal.push_back("image " + (newImage ? newImage->name : "none"));
+      image = std::move(newImage);
+    }
+    void setEnabled(bool enabled) override {
+      journal.emplace_back(enabled ? "enabled" : "disabled");
+    }
 
-    bool isHighlighted = true;
-    bool isEnabled = false;
     std::optional<Image> image;
   };
 
   Availability availability() const override { return Availability::available(); }
   std::unique_ptr<StatusItem> statusItemWithLength(double length) override {
-    lengths.push_back(length);
+    journal.emplace_back(length == variableLength ? "status item" : "narrow status item");
     return std::make_unique<Item>(*this);
   }
 
-  std::vector<double> lengths;  ///< one for each item ever asked for
   Button button;
   std::optional<Image> itemImage;  ///< as set on the item, not on its button
   Menu* menu = nullptr;
@@ -34,7 +39,10 @@ class FakeStatusBar : public StatusBar {
     explicit Item(FakeStatusBar& owner) : bar(owner) {}
     StatusItemButton& button() override { return bar.button; }
     void setImage(std::optional<Image> image) override { bar.itemImage = std::move(image); }
-    void setMenu(Menu* newMenu) override { bar.menu = newMenu; }
+    void setMenu(Menu* newMenu) override {
+      journal.emplace_back("status item's menu");
+      bar.menu = newMenu;
+    }
 
     FakeStatusBar& bar;
   };

@@ -15,9 +15,22 @@ class FakeUserDefaults : public UserDefaults {
   explicit FakeUserDefaults(std::shared_ptr<Dictionary> storage = std::make_shared<Dictionary>())
       : stored(std::move(storage)) {}
 
-  std::optional<Value> objectForKey(std::string_view key) const override;
-  void setObject(std::optional<Value> value, std::string_view key) override;
-  void registerDefaults(const Dictionary& defaults) override;
+  std::optional<Value> objectForKey(std::string_view key) const override {
+    if (const Value* value = stored->find(key)) return *value;
+    if (const Value* value = registered.find(key)) return *value;
+    return std::nullopt;
+  }
+  void setObject(std::optional<Value> value, std::string_view key) override {
+    if (value)
+      stored->set(key, *std::move(value));
+    else
+      stored->remove(key);
+    changes.post("changed");
+  }
+  void registerDefaults(const Dictionary& defaults) override {
+    for (const auto& [key, value] : defaults) registered.set(key, value);
+    changes.post("changed");
+  }
   ObserverID addObserver(std::function<void()> handler) override {
     return changes.addObserver("changed", std::move(handler));
   }
@@ -31,7 +44,11 @@ class FakeUserDefaults : public UserDefaults {
 class FakeUserDefaultsDomains : public UserDefaultsDomains {
  public:
   UserDefaults& standardUserDefaults() override { return standard; }
-  std::unique_ptr<UserDefaults> suite(std::string_view suiteName) override;
+  std::unique_ptr<UserDefaults> suite(std::string_view suiteName) override {
+    auto& storage = suites[std::string(suiteName)];
+    if (!storage) storage = std::make_shared<Dictionary>();
+    return std::make_unique<FakeUserDefaults>(storage);
+  }
 
   FakeUserDefaults standard;
   std::map<std::string, std::shared_ptr<Dictionary>, std::less<>> suites;
