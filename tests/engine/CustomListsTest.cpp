@@ -10,9 +10,10 @@
 #include "engine/FileWatch.h"
 #include "engine/ListData.h"
 #include "engine/QFCustomFile.h"
+#include "hosts/linux/files/XdgFileManager.h"
 #include "kit/QFKListFormat.h"
-#include "tests/engine/TemporaryFolder.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryHome.h"
 
 namespace qf {
 namespace {
@@ -23,7 +24,7 @@ using testing::HasSubstr;
 class CustomListsOf : public testing::Test {
  protected:
   CustomLists read(std::string_view text) {
-    folder.put("cleaners.json", text);
+    TemporaryHome::write(home / "cleaners.json", text);
     Result<CustomLists> lists = file.read(library.builtInCleaners());
     EXPECT_TRUE(lists) << (lists ? "" : lists.error().localizedDescription);
     return lists ? *lists : CustomLists();
@@ -37,12 +38,12 @@ class CustomListsOf : public testing::Test {
     return library.clean("#CUSTOM:x", text);
   }
 
-  std::string written() const { return TemporaryFolder::read(file.path()); }
+  std::string written() const { return TemporaryHome::text(file.path()); }
 
-  TemporaryFolder folder;
-  FolderFileManager fileManager{folder.path};
+  TemporaryHome home;
+  XdgFileManager fileManager;
   QFCleanerLibrary library;
-  QFCustomFile file{folder.path / "cleaners.json", fileManager};
+  QFCustomFile file{home / "cleaners.json", fileManager};
 };
 
 TEST_F(CustomListsOf, stepsRunInTheirOrder) {
@@ -147,7 +148,7 @@ TEST_F(CustomListsOf, renamingKeepsTokensPlacesAndWhatIsNotUnderstood) {
 }
 
 TEST_F(CustomListsOf, aFileThatIsNoJSONIsNeitherReadNorWritten) {
-  folder.put("cleaners.json", "{\"cleaners\": [\n  {]}");
+  TemporaryHome::write(home / "cleaners.json", "{\"cleaners\": [\n  {]}");
   const auto lists = file.read(library.builtInCleaners());
   ASSERT_FALSE(lists);
   EXPECT_THAT(lists.error().localizedDescription, HasSubstr("line 2, column 4"));
@@ -195,13 +196,13 @@ TEST_F(CustomListsOf, everyKindOfChangeToTheFileIsNoticed) {
     }
     return changes > before;
   };
-  folder.put("cleaners.json", "{}");
+  TemporaryHome::write(home / "cleaners.json", "{}");
   EXPECT_TRUE(awaitChange());
-  folder.put("cleaners.json", "{ }");
+  TemporaryHome::write(home / "cleaners.json", "{ }");
   EXPECT_TRUE(awaitChange());
   EXPECT_FALSE(file.storeCleaner({"A", "#CUSTOM:A", "", "", {"#TRIM"}}));
   EXPECT_TRUE(awaitChange());
-  folder.put("cleaners.json", "{}");
+  TemporaryHome::write(home / "cleaners.json", "{}");
   EXPECT_TRUE(awaitChange());
   std::filesystem::remove(file.path());
   EXPECT_TRUE(awaitChange());

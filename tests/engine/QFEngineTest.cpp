@@ -7,15 +7,16 @@
 #include "engine/QFEngine.h"
 #include "foundation/KeyedArchive.h"
 #include "foundation/PropertyList.h"
+#include "hosts/linux/files/XdgFileManager.h"
 #include "kit/QFKIdentifiers.h"
 #include "kit/QFKListFormat.h"
-#include "tests/engine/TemporaryFolder.h"
 #include "tests/support/FakeAppleEvents.h"
 #include "tests/support/FakeBundle.h"
 #include "tests/support/FakeDistributedNotificationCenter.h"
 #include "tests/support/FakePasteboard.h"
 #include "tests/support/FakeWorkspace.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryHome.h"
 
 namespace qf {
 namespace {
@@ -24,18 +25,9 @@ using testing::ElementsAre;
 
 constexpr FourCharCode commandClass = fourCharCode("Fold");
 constexpr FourCharCode currentForm = fourCharCode("qfS2");
-constexpr FourCharCode oldForm = fourCharCode("qfSv");
-
-Dictionary message(std::string_view command, const std::optional<Value>& param1 = {},
-                   const std::optional<Value>& param2 = {}) {
-  Dictionary result = {{"command", command}};
-  if (param1) result.set("param1", *param1);
-  if (param2) result.set("param2", *param2);
-  return result;
-}
 
 Dictionary defaultList() {
-  const std::string text = TemporaryFolder::read(QF_DEFAULT_LIST);
+  const std::string text = TemporaryHome::text(QF_DEFAULT_LIST);
   return *readPropertyList(Data(text.begin(), text.end()))->dictionary();
 }
 
@@ -54,20 +46,22 @@ class Engine : public testing::Test {
 
   std::optional<Value> send(std::string_view command, const std::optional<Value>& param1 = {},
                             const std::optional<Value>& param2 = {}) {
-    const auto reply = appleEvents.receive(commandClass, currentForm,
-                                           *archiveKeyed(message(command, param1, param2)));
+    Dictionary message = {{"command", command}};
+    if (param1) message.set("param1", *param1);
+    if (param2) message.set("param2", *param2);
+    const auto reply = appleEvents.receive(commandClass, currentForm, *archiveKeyed(message));
     if (!reply) return std::nullopt;
     return *unarchiveKeyed(*reply);
   }
 
   std::filesystem::path listFile() const {
-    return folder.path / applicationGroupIdentifier / "Data" / "quenfold-lists.plist";
+    return home / ".local/share" / applicationGroupIdentifier / "Data" / "quenfold-lists.plist";
   }
   Value published() const { return *readPropertyList(*fileManager.contents(listFile())); }
 
   LogCapture log;
-  TemporaryFolder folder;
-  FolderFileManager fileManager{folder.path};
+  TemporaryHome home;
+  XdgFileManager fileManager;
   FakeAppleEvents appleEvents;
   FakeBundle bundle;
   FakeDistributedNotificationCenter center;
@@ -75,7 +69,7 @@ class Engine : public testing::Test {
   FakeWorkspace workspace;
   FakeWindow window;
   int terminations = 0;
-  std::filesystem::path customFile = folder.path / "cleaners.json";
+  std::filesystem::path customFile = home / "cleaners.json";
   QFEngine engine{
       {appleEvents, bundle, center, fileManager, pasteboards, workspace, window, customFile},
       [this] { ++terminations; }};
@@ -88,10 +82,11 @@ TEST_F(Engine, publishesItsListAtStartAndTellsEveryone) {
 }
 
 TEST_F(Engine, aPersonsOwnCleanersWorkAndStayThroughABrokenFile) {
-  folder.put("cleaners.json", R"({"cleaners": [{"name": "Shout", "steps": ["#UPPERCASE"]}, 1]})");
+  TemporaryHome::write(home / "cleaners.json",
+                       R"({"cleaners": [{"name": "Shout", "steps": ["#UPPERCASE"]}, 1]})");
   engine.reload();
   EXPECT_THAT(log.lines, ElementsAre(customFile.string() + ": cleaners[1]: must be an object"));
-  folder.put("cleaners.json", "{");
+  TemporaryHome::write(home / "cleaners.json", "{");
   engine.reload();
   EXPECT_EQ(log.lines.size(), 2u);
   pasteboards.generalPasteboard().setString("abc");
@@ -103,7 +98,7 @@ TEST_F(Engine, aPersonsOwnCleanersWorkAndStayThroughABrokenFile) {
 
 TEST_F(Engine, resetPublishesAgainAndErasesNothing) {
   const auto settings = listFile().parent_path() / "quenfold-menu.plist";
-  folder.put(settings.string(), "{ menuStyle = 1; }");
+  TemporaryHome::write(settings, "{ menuStyle = 1; }");
   std::filesystem::remove(listFile());
   EXPECT_FALSE(send("resetEngine"));
   EXPECT_TRUE(std::filesystem::exists(listFile()));
@@ -115,15 +110,8 @@ TEST_F(Engine, answersQuestions) {
   EXPECT_EQ(send("listData"), published());
   EXPECT_EQ(send("textEncodingList"), *published().dictionary()->find(listKey::textEncoding));
   EXPECT_EQ(send("menuSettings"), Value(Dictionary{{"menuIconID", 0}, {"menuStyle", 0}}));
-  folder.put((listFile().parent_path() / "quenfold-menu.plist").string(), "{ menuStyle = 1; }");
+  TemporaryHome::write(listFile().parent_path() / "quenfold-menu.plist", "{ menuStyle = 1; }");
   EXPECT_EQ(send("menuSettings"), Value(Dictionary{{"menuStyle", "1"}}));
-}
-
-TEST_F(Engine, answersTheOldFormToo) {
-  const Data question = *writePropertyList(message("textEncodingList"), PropertyListFormat::xml);
-  const auto reply = appleEvents.receive(commandClass, oldForm, question);
-  ASSERT_TRUE(reply);
-  EXPECT_EQ(*readPropertyList(*reply), *published().dictionary()->find(listKey::textEncoding));
 }
 
 TEST_F(Engine, cleansPasteboardAndFiles) {
@@ -131,26 +119,24 @@ TEST_F(Engine, cleansPasteboardAndFiles) {
   EXPECT_FALSE(send("cleanPasteboard:cleaner:", NSGeneralPboard, "#UPPERCASE"));
   EXPECT_EQ(pasteboards.generalPasteboard().string(), "ABC");
 
-  const std::string first = folder.put("first", "a b"), second = folder.put("second", "c");
-  const Value paths = Array{first, (folder.path / "missing").string(), second, "relative", 7};
+  const std::string first = TemporaryHome::write(home / "first", "a b"),
+                    second = TemporaryHome::write(home / "second", "c");
+  const Value paths = Array{first, (home / "missing").string(), second, "relative", 7};
   EXPECT_FALSE(send("cleanFiles:cleaner:", paths, "#UPPERCASE"));
-  EXPECT_EQ(TemporaryFolder::read(first) + TemporaryFolder::read(second), "A BC");
+  EXPECT_EQ(TemporaryHome::text(first) + TemporaryHome::text(second), "A BC");
   EXPECT_THAT(log.lines, ElementsAre(testing::HasSubstr("missing left as it is: it cannot be read"),
                                      "Command cleanFiles ignored: relative is no absolute path",
                                      "Command cleanFiles ignored: 7 is no absolute path"));
   send("cleanFiles:options:", Array{first}, Dictionary{{"cleanerName", "#LOWERCASE"}});
-  EXPECT_EQ(TemporaryFolder::read(first), "a b");
+  EXPECT_EQ(TemporaryHome::text(first), "a b");
 }
 
-TEST_F(Engine, quitsWhenAsked) {
-  EXPECT_FALSE(send("quitEngine"));
-  EXPECT_EQ(terminations, 1);
-}
-
-TEST_F(Engine, showsItsWindowWhenAsked) {
+TEST_F(Engine, showsItsWindowAndQuitsWhenAsked) {
   EXPECT_FALSE(send("launchQuenfoldApp"));
   EXPECT_FALSE(send("showQuenfoldPreferences"));
   EXPECT_EQ(window.shown, "window preferences ");
+  EXPECT_FALSE(send("quitEngine"));
+  EXPECT_EQ(terminations, 1);
 }
 
 TEST_F(Engine, logsWhatItCannotDoAndNeverSends) {

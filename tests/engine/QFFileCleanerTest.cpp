@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "engine/QFCleanerLibrary.h"
 #include "engine/QFFileCleaner.h"
-#include "tests/engine/TemporaryFolder.h"
+#include "hosts/linux/files/XdgFileManager.h"
+#include "tests/support/TemporaryHome.h"
 
 namespace qf {
 namespace {
@@ -15,14 +15,14 @@ namespace fs = std::filesystem;
 class FileCleaner : public testing::Test {
  protected:
   std::string cleaned(std::string_view contents, std::string_view encoding = {}) {
-    const fs::path file = folder.put("text", contents);
+    const fs::path file = TemporaryHome::write(home / "text", contents);
     const auto error = cleaner.clean(file, "#UPPERCASE", encoding);
     EXPECT_FALSE(error) << (error ? error->localizedDescription : "");
-    return TemporaryFolder::read(file);
+    return TemporaryHome::text(file);
   }
 
-  TemporaryFolder folder;
-  FolderFileManager fileManager{folder.path};
+  TemporaryHome home;
+  XdgFileManager fileManager;
   QFCleanerLibrary library;
   QFFileCleaner cleaner{fileManager, library};
 };
@@ -39,38 +39,34 @@ TEST_F(FileCleaner, keepsEncodingAndMark) {
 TEST_F(FileCleaner, leavesWhatIsNoTextAsItIs) {
   for (const std::string& contents :
        {"\xFF\xD8\xFF\xE0 picture"s, "nul\0nul"s, "\xFF\xFE\x41"s, "\xFF\xFE\x00\xD8\x41\x00"s}) {
-    const fs::path file = folder.put("data", contents);
+    const fs::path file = TemporaryHome::write(home / "data", contents);
     EXPECT_TRUE(cleaner.clean(file, "#UPPERCASE"));
-    EXPECT_EQ(TemporaryFolder::read(file), contents);
+    EXPECT_EQ(TemporaryHome::text(file), contents);
   }
-  const fs::path latin = folder.put("latin", "\xFF");
+  const fs::path latin = TemporaryHome::write(home / "latin", "\xFF");
   EXPECT_TRUE(cleaner.clean(latin, "#UPPERCASE", "ISO-8859-1"));  // its capital is not in there
   EXPECT_TRUE(cleaner.clean(latin, "#UPPERCASE", "no-such-encoding"));
-  EXPECT_EQ(TemporaryFolder::read(latin), "\xFF");
-  EXPECT_TRUE(cleaner.clean(folder.path / "missing", "#UPPERCASE"));
-  EXPECT_TRUE(cleaner.clean(folder.path, "#UPPERCASE"));
-  EXPECT_TRUE(cleaner.clean(folder.put("text", "a"), "#NO-SUCH-CLEANER"));
+  EXPECT_EQ(TemporaryHome::text(latin), "\xFF");
+  EXPECT_TRUE(cleaner.clean(home / "missing", "#UPPERCASE"));
+  EXPECT_TRUE(cleaner.clean(home.path(), "#UPPERCASE"));
+  EXPECT_TRUE(cleaner.clean(TemporaryHome::write(home / "text", "a"), "#NO-SUCH-CLEANER"));
 }
 
 TEST_F(FileCleaner, keepsPermissionsAndLinks) {
-  const fs::path file = folder.put("script", "echo");
-  chmod(file.c_str(), 0750);
-  const fs::path link = folder.path / "link";
+  const fs::path file = TemporaryHome::write(home / "script", "echo");
+  fs::permissions(file, fs::perms(0750));
+  const fs::path link = home / "link";
   fs::create_symlink("script", link);
   EXPECT_FALSE(cleaner.clean(link, "#UPPERCASE"));
   EXPECT_TRUE(fs::is_symlink(link));
-  EXPECT_EQ(TemporaryFolder::read(file), "ECHO");
-  struct stat status {};
-  stat(file.c_str(), &status);
-  EXPECT_EQ(status.st_mode & 07777, 0750u);
+  EXPECT_EQ(TemporaryHome::text(file), "ECHO");
+  EXPECT_EQ(TemporaryHome::permissions(file), 0750u);
 }
 
 TEST_F(FileCleaner, replacesWithoutLeavingTraces) {
   cleaned("abc");
-  int entries = 0;
-  for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder.path)) ++entries;
-  EXPECT_EQ(entries, 1);
-  const fs::path same = folder.put("same", "ABC");
+  EXPECT_EQ(std::distance(fs::directory_iterator(home.path()), {}), 1);
+  const fs::path same = TemporaryHome::write(home / "same", "ABC");
   fs::last_write_time(same, fs::file_time_type::min() + std::chrono::hours(1));
   const auto before = fs::last_write_time(same);
   EXPECT_FALSE(cleaner.clean(same, "#UPPERCASE"));

@@ -41,7 +41,7 @@ TEST(ShortcutActionItem, BeginsWithDefaultsAndAUUID) {
 class MenuSettings : public testing::Test {
  protected:
   QFKMenuSettingsManager newManager() {
-    return {host.container, host.fileManager, host.distributedCenter};
+    return {host.container, host.fileManager, host.distributedNotificationCenter};
   }
   /// What the file holds now.
   Dictionary file() const {
@@ -72,13 +72,15 @@ TEST_F(MenuSettings, ReadsTheFile) {
   EXPECT_EQ(host.fileManager.writes, 0);
 }
 
-TEST_F(MenuSettings, IsEmptyWhenTheFileIsMissingOrOfAnotherKind) {
-  for (const Value& content :
-       {Value(Array{1}), Value(Dictionary{{"menuIconID", Array{}}, {"user-shortcuts", "x"}})}) {
+TEST_F(MenuSettings, IsEmptyWhenTheFileIsMissingDamagedOrOfAnotherKind) {
+  for (const char* content :
+       {"", "bplist00\xff\xff", "(1)", "{menuIconID = (); \"user-shortcuts\" = x;}", "missing"}) {
     manager.setMenuStyle(1);
-    host.put(menuFile, content);
+    manager.addShortcut();
+    host.fileManager.put(menuFile, content);
+    if (content == std::string_view("missing")) host.fileManager.files.erase(menuFile);
     manager.readSettings();
-    EXPECT_EQ(manager.menuIconID(), 0);
+    EXPECT_EQ(manager.menuIconID(), 0) << content;
     EXPECT_EQ(manager.menuStyle(), 0);
     EXPECT_THAT(manager.shortcutIDList(), IsEmpty());
   }
@@ -99,12 +101,12 @@ TEST_F(MenuSettings, WritesAndAnnouncesEveryChangeButNoOther) {
   manager.setMenuIconID(0);
   manager.readSettings();
   manager.setMenuStyle(0);
-  EXPECT_THAT(host.distributedCenter.posted,
+  EXPECT_THAT(host.distributedNotificationCenter.posted,
               ElementsAre("org.quenfold.kit.SharedQFMenuPrefsChangedNotification"));
   manager.setMenuStyle(1);
   manager.removeShortcutForKey("unknown");
   EXPECT_EQ(host.fileManager.writes, 2);
-  EXPECT_EQ(host.distributedCenter.posted.size(), 2u);
+  EXPECT_EQ(host.distributedNotificationCenter.posted.size(), 2u);
 }
 
 TEST_F(MenuSettings, KeepsShortcutsInTheirOrder) {
@@ -137,7 +139,7 @@ TEST_F(MenuSettings, TriesAFailedWriteAgain) {
   manager.setMenuStyle(1);
   EXPECT_THAT(log.lines, ElementsAre("Error writing qfmenu.plist : read-only"));
   EXPECT_EQ(manager.menuStyle(), 1);
-  EXPECT_THAT(host.distributedCenter.posted, IsEmpty());
+  EXPECT_THAT(host.distributedNotificationCenter.posted, IsEmpty());
   host.fileManager.writeError.reset();
   manager.setMenuStyle(1);
   EXPECT_EQ(*file().find("menuStyle"), Value(1));

@@ -11,7 +11,7 @@
 #include <thread>
 
 #include "hosts/linux/files/LocalCrashReporter.h"
-#include "tests/hosts/files/TemporaryHome.h"
+#include "tests/support/TemporaryHome.h"
 
 namespace qf {
 namespace {

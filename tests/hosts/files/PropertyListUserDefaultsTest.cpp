@@ -3,23 +3,15 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <string>
-#include <vector>
-
-#include "foundation/Log.h"
 #include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
-#include "tests/hosts/files/TemporaryHome.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryHome.h"
 
 namespace qf {
 namespace {
 
 class PropertyListUserDefaultsTest : public testing::Test {
  protected:
-  PropertyListUserDefaultsTest() {
-    setLogSink([this](std::string_view line) { lines.emplace_back(line); });
-  }
-  ~PropertyListUserDefaultsTest() override { setLogSink({}); }
-
   static void inAnotherProcess(const std::function<void(UserDefaults&)>& act) {
     const pid_t child = fork();
     if (child == 0) {
@@ -36,7 +28,7 @@ class PropertyListUserDefaultsTest : public testing::Test {
   const std::filesystem::path file = home / ".config/org.example.Program.plist";
   PropertyListUserDefaultsDomains domains{"org.example.Program"};
   UserDefaults& defaults = domains.standardUserDefaults();
-  std::vector<std::string> lines;
+  LogCapture log;
 };
 
 TEST_F(PropertyListUserDefaultsTest, storesAtOnceInAPrivateXMLFile) {
@@ -47,7 +39,7 @@ TEST_F(PropertyListUserDefaultsTest, storesAtOnceInAPrivateXMLFile) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(file.parent_path()), {}), 1);
   defaults.setObject(std::nullopt, "SelectedGroup");
   EXPECT_EQ(defaults.objectForKey("SelectedGroup"), std::nullopt);
-  EXPECT_TRUE(lines.empty());
+  EXPECT_TRUE(log.lines.empty());
 }
 
 TEST_F(PropertyListUserDefaultsTest,
@@ -93,8 +85,8 @@ TEST_F(PropertyListUserDefaultsTest, aDamagedFileReadsAsEmptyAndIsKeptAside) {
   TemporaryHome::write(file, "<plist><dict><key>a</key>");
   EXPECT_EQ(defaults.objectForKey("a"), std::nullopt);
   EXPECT_EQ(defaults.objectForKey("a"), std::nullopt);
-  ASSERT_EQ(lines.size(), 1u);
-  EXPECT_TRUE(lines[0].starts_with("Error reading " + file.string() + " : ")) << lines[0];
+  ASSERT_EQ(log.lines.size(), 1u);
+  EXPECT_TRUE(log.lines[0].starts_with("Error reading " + file.string() + " : ")) << log.lines[0];
   defaults.setObject(1, "b");
   EXPECT_EQ(TemporaryHome::text(file.string() + ".damaged"), "<plist><dict><key>a</key>");
   EXPECT_EQ(defaults.objectForKey("b"), Value(1));
@@ -105,7 +97,7 @@ TEST_F(PropertyListUserDefaultsTest, aDamagedFileReadsAsEmptyAndIsKeptAside) {
 TEST_F(PropertyListUserDefaultsTest, aStoreThatFailsIsLoggedRememberedAndTriedAgainWithTheNext) {
   TemporaryHome::write(home / ".config", "no folder");
   defaults.setObject(1, "a");
-  EXPECT_EQ(lines.size(), 1u);
+  EXPECT_EQ(log.lines.size(), 1u);
   EXPECT_EQ(defaults.objectForKey("a"), Value(1));
   std::filesystem::remove(home / ".config");
   defaults.setObject(2, "b");

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
-#include "foundation/Log.h"
 #include "hosts/linux/files/XdgBundle.h"
-#include "tests/hosts/files/TemporaryHome.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryHome.h"
 
 namespace qf {
 namespace {
@@ -13,7 +13,6 @@ class XdgBundleTest : public testing::Test {
   XdgBundleTest() {
     for (const char* name : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"}) unsetenv(name);
   }
-  ~XdgBundleTest() override { setLogSink({}); }
 
   std::string textIn(const char* variable, const char* locale) {
     setenv(variable, locale, 1);
@@ -63,12 +62,11 @@ TEST_F(XdgBundleTest, whatIsInstalledSpeaksGermanAndArabicAndLeavesDataAlone) {
 }
 
 TEST_F(XdgBundleTest, aTableThatCannotBeReadIsLoggedAndLeavesTheKeys) {
-  std::string lines;
-  setLogSink([&](std::string_view line) { lines += line; });
+  const LogCapture log;
   TemporaryHome::write(home / "de.lproj/Localizable.strings", "\"Quit\" = ");
   EXPECT_EQ(textIn("LANG", "de"), "Quit");
-  EXPECT_TRUE(
-      lines.starts_with("Error reading " + (home / "de.lproj/Localizable.strings").string()));
+  EXPECT_TRUE(log.lines.at(0).starts_with("Error reading " +
+                                          (home / "de.lproj/Localizable.strings").string()));
 }
 
 }  // namespace

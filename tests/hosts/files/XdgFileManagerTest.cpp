@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <csignal>
 #include <fstream>
 #include <iterator>
 
 #include "hosts/linux/files/XdgFileManager.h"
-#include "tests/hosts/files/TemporaryHome.h"
+#include "tests/support/TemporaryHome.h"
 
 namespace qf {
 namespace {
@@ -56,6 +58,18 @@ TEST_F(XdgFileManagerTest, saysWhatFailed) {
   EXPECT_NE(noFolder->localizedDescription.find("file/below: Not a directory"), std::string::npos);
   EXPECT_TRUE(files.createDirectory(home / "file"));
   EXPECT_TRUE(files.write(home / "missing/f", Data{}));
+}
+
+TEST_F(XdgFileManagerTest, keepsTheOldContentsOnAFullDisk) {
+  TemporaryHome::write(home / "file", "before");
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit full{8, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &full);
+  EXPECT_TRUE(files.write(home / "file", Data(100, 'x')));
+  setrlimit(RLIMIT_FSIZE, &before);
+  EXPECT_EQ(TemporaryHome::text(home / "file"), "before");
 }
 
 TEST_F(XdgFileManagerTest, readsRegularFilesOnlyAndWaitsForNone) {

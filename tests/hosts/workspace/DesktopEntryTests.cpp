@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-
 #include "hosts/linux/workspace/DesktopEntries.h"
 #include "hosts/linux/workspace/DesktopEntry.h"
+#include "tests/support/TemporaryHome.h"
 
 namespace qf {
 namespace {
@@ -57,14 +54,8 @@ TEST(DesktopEntry, ReadsTheMainGroupInTheUsersLanguage) {
 
 class Entries : public ::testing::Test {
  protected:
-  Entries() {
-    fs::create_directories(first);
-    fs::create_directories(second);
-  }
-  ~Entries() override { fs::remove_all(root); }
-
   static void write(const fs::path& file, const std::string& lines) {
-    std::ofstream(file) << "[Desktop Entry]\nType=Application\n" << lines;
+    TemporaryHome::write(file, "[Desktop Entry]\nType=Application\n" + lines);
   }
   std::string match(std::string_view windowClass, std::string_view instance,
                     std::string_view process) const {
@@ -72,10 +63,9 @@ class Entries : public ::testing::Test {
     return entry ? entry->identifier : "";
   }
 
-  fs::path root = fs::temp_directory_path() / fs::path("quenfold-entries-XXXXXX");
-  fs::path first = (root = mkdtemp(std::string(root).data())) / "first";
-  fs::path second = root / "second";
-  DesktopEntries entries{{first, second, root / "missing"}};
+  TemporaryHome home;
+  fs::path first = home / "first", second = home / "second";
+  DesktopEntries entries{{first, second, home / "missing"}};
 };
 
 TEST_F(Entries, EarlierFoldersHideLaterOnes) {
