@@ -72,13 +72,6 @@ TEST_F(ApplyCleanerTest, CleansTheClipboardOnlyWithOption) {
   EXPECT_EQ(palette.resignations, 1);
 }
 
-TEST_F(ApplyCleanerTest, CleansEverythingWhereNothingIsSelected) {
-  editor.selection.clear();
-  pickFromStatusMenu(0);
-  EXPECT_EQ(editor.text, "ONE TWO");
-  EXPECT_THAT(editor.presses, ElementsAre("Select All", "Copy", "Paste"));
-}
-
 TEST_F(ApplyCleanerTest, GoesOnAfterACopyThatNeverReachesTheClipboard) {
   pasteboard.setString("old");
   editor.copyReaches = false;

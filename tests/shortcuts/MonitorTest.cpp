@@ -87,12 +87,7 @@ TEST_F(Monitor, Unregisters) {
   monitor.reset();
   EXPECT_TRUE(keys.registered.empty());
   EXPECT_FALSE(keys.handler);
-}
-
-TEST(MonitorWithoutEvents, IsNone) {
-  FakeHotKeys keys;
   keys.delivers = false;
-  FakeMainQueue queue;
   EXPECT_EQ(MASShortcutMonitor::init(keys, queue), nullptr);
 }
 
