@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
-#include <xcb/xcb.h>
 
 #include <QAccessible>
 #include <QApplication>
 #include <QScreen>
 #include <QTest>
-#include <cstdlib>
 
 #include "host/EventState.h"
 #include "hosts/qt/MenuColor.h"
 #include "hosts/qt/QtMenu.h"
 #include "hosts/qt/QtMenuPresenter.h"
+#include "tests/desktop/Keyboard.h"
 #include "tests/hosts/qt/SampleMenu.h"
 
 namespace qf {
@@ -21,19 +20,6 @@ using testing::ElementsAre;
 
 constexpr Color red{0.8, 0, 0};
 const QColor drawnRed(204, 0, 0);
-
-/// Whether another program could now take the pointer.
-bool pointerIsFree() {
-  xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
-  const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-  const auto cookie = xcb_grab_pointer(connection, 0, root, 0, XCB_GRAB_MODE_ASYNC,
-                                       XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
-  xcb_grab_pointer_reply_t* reply = xcb_grab_pointer_reply(connection, cookie, nullptr);
-  const bool isFree = reply != nullptr && reply->status == XCB_GRAB_STATUS_SUCCESS;
-  std::free(reply);
-  xcb_disconnect(connection);
-  return isFree;
-}
 
 /// An opened menu on the screen.
 class OpenMenu {
@@ -80,19 +66,17 @@ QColor themeText() {
 }
 
 TEST(Menu, DrawsRowsAsTheModelSays) {
-  SampleMenu* sample = nullptr;
-  SampleMenu model([&](Menu& menu) {
-    menu.addItem(sample->item("Case & more", "doLabel:", 0, red));
-    menu.addItem(sample->item("Plain", "applyItem:", 1));
-    menu.addItem(sample->item("Red", "applyItem:", 1, red));
-    menu.addItem(std::make_shared<MenuItem>("Leave Results on Clipboard", "", ""));
-    menu.addItem(MenuItem::separatorItem());
-    menu.addItem(sample->item("Standard", "changeGroup:"));
-    menu.addItem(sample->item("Show Palette", "togglePalette:"));
-    menu.items().back()->keyEquivalent = "K";
-    menu.items().back()->keyEquivalentModifierMask = modifier::control | modifier::option;
+  SampleMenu model([](SampleMenu& sample) {
+    sample.add("Case & more", "doLabel:", 0, red);
+    sample.add("Plain", "applyItem:", 1);
+    sample.add("Red", "applyItem:", 1, red);
+    sample.menu->addItem(std::make_shared<MenuItem>("Leave Results on Clipboard", "", ""));
+    sample.menu->addItem(MenuItem::separatorItem());
+    sample.add("Standard", "changeGroup:");
+    MenuItem& palette = sample.add("Show Palette", "togglePalette:");
+    palette.keyEquivalent = "K";
+    palette.keyEquivalentModifierMask = modifier::control | modifier::option;
   });
-  sample = &model;
   const OpenMenu menu(model);
   EXPECT_THAT(model.calls, ElementsAre("update", "open"));
 
@@ -120,12 +104,9 @@ TEST(Menu, DrawsRowsAsTheModelSays) {
 }
 
 TEST(Menu, IsFoundByItsTitlesAlone) {
-  SampleMenu* sample = nullptr;
-  SampleMenu model([&](Menu& menu) {
-    menu.addItem(sample->item("Fold & Wrap", "applyItem:", 1));
-    menu.items().back()->keyEquivalent = "Space";
+  SampleMenu model([](SampleMenu& sample) {
+    sample.add("Fold & Wrap", "applyItem:", 1).keyEquivalent = "Space";
   });
-  sample = &model;
   const OpenMenu menu(model);
   const QAccessibleInterface* application = QAccessible::queryAccessibleInterface(qApp);
   EXPECT_EQ(application->child(application->childCount() - 1)->object(), menu.operator->())
@@ -140,20 +121,18 @@ TEST(Menu, IsFoundByItsTitlesAlone) {
 }
 
 TEST(Menu, PickActsOnceTheMenuIsGone) {
-  SampleMenu* sample = nullptr;
-  SampleMenu model([&](Menu& menu) {
-    menu.addItem(sample->item("First", "applyItem:"));
-    menu.addItem(sample->item("Second", "applyItem:"));
+  SampleMenu model([](SampleMenu& sample) {
+    sample.add("First");
+    sample.add("Second");
   });
-  sample = &model;
   bool wasFree = false;
   bool wasOpen = true;
   const OpenMenu menu(model);
   model.whenPicked = [&] {
-    wasFree = pointerIsFree();
+    wasFree = desktop::Keyboard().canTakeAll();
     wasOpen = menu.isOpen();
   };
-  EXPECT_FALSE(pointerIsFree());
+  EXPECT_FALSE(desktop::Keyboard().canTakeAll());
   menu.click(1);
   EXPECT_THAT(model.calls, ElementsAre("update", "open")) << "not from inside the click";
   EXPECT_TRUE(QTest::qWaitFor([&] { return model.calls.size() == 3; }));
@@ -163,16 +142,11 @@ TEST(Menu, PickActsOnceTheMenuIsGone) {
 }
 
 TEST(Menu, SubmenuIsDrawnWhenOpenedFromTheItemsOfTheOpening) {
-  SampleMenu* sample = nullptr;
-  SampleMenu model([&](Menu& menu) {
-    auto groups = sample->item("Groups", "unknown:");
-    groups->submenu = std::make_shared<Menu>("subgroup");
-    for (const char* name : {"Basics", "Standard"}) {
-      groups->submenu->addItem(sample->item(name, "changeGroup:"));
-    }
-    menu.addItem(groups);
+  SampleMenu model([](SampleMenu& sample) {
+    const auto submenu = std::make_shared<Menu>("subgroup");
+    sample.add("Groups", "unknown:").submenu = submenu;
+    for (const char* name : {"Basics", "Standard"}) sample.addTo(*submenu, name, "changeGroup:");
   });
-  sample = &model;
   const OpenMenu menu(model);
   EXPECT_TRUE(menu.row(0)->isEnabled());
   EXPECT_TRUE(menu.submenu(0)->isEmpty());
@@ -192,13 +166,9 @@ TEST(Menu, SubmenuIsDrawnWhenOpenedFromTheItemsOfTheOpening) {
 TEST(Menu, StaysOnTheScreenAtAnyLength) {
   const QRect screen = QGuiApplication::primaryScreen()->geometry();
   for (const int count : {3, 400}) {
-    SampleMenu* sample = nullptr;
-    SampleMenu model([&](Menu& menu) {
-      for (int i = 1; i <= count; ++i) {
-        menu.addItem(sample->item("Item " + std::to_string(i), "applyItem:"));
-      }
+    SampleMenu model([&](SampleMenu& sample) {
+      for (int i = 1; i <= count; ++i) sample.add("Item " + std::to_string(i));
     });
-    sample = &model;
     QtMenuPresenter presenter;
     presenter.popUpMenu(model.menu, {screen.right() - 2.0, screen.bottom() - 2.0});
     QPointer<QWidget> popup = QApplication::activePopupWidget();
