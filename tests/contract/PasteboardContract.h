@@ -6,7 +6,6 @@
 
 #include <chrono>
 #include <functional>
-#include <future>
 #include <thread>
 #include <utility>
 
@@ -124,16 +123,9 @@ TYPED_TEST_P(PasteboardContract, keepsSeveralItems) {
   EXPECT_EQ(this->pasteboard().string(), std::nullopt);
 }
 
-TYPED_TEST_P(PasteboardContract, servesOthersWhileTheCallersThreadWaits) {
-  this->pasteboard().setString("served");
-  auto read = std::async(std::launch::async, [&] { return this->other().string(); });
-  EXPECT_EQ(read.get(), "served");
-}
-
 REGISTER_TYPED_TEST_SUITE_P(PasteboardContract, isTheGeneralOneAndThere,
                             givesTextBackToItselfAndToOthers, countsEveryChangeByWhomever,
                             readsAtOnceWhatOthersPutThere, isEmptyOnceCleared,
-                            keepsEveryFormInItsOrder, keepsSeveralItems,
-                            servesOthersWhileTheCallersThreadWaits);
+                            keepsEveryFormInItsOrder, keepsSeveralItems);
 
 }  // namespace qf

@@ -36,6 +36,16 @@ std::optional<Accessible> Accessible::application(qint64 processIdentifier) {
   return std::nullopt;
 }
 
+std::optional<Accessible> Accessible::showing(qint64 processIdentifier, const QString& name,
+                                              const QString& role) {
+  const auto application = Accessible::application(processIdentifier);
+  if (!application) return std::nullopt;
+  return application->find([&](const Accessible& node) {
+    return node.name().trimmed() == name && (role.isEmpty() || node.role() == role) &&
+           node.isShowing();
+  });
+}
+
 QVariant Accessible::call(const QString& interface, const QString& method,
                           const QVariantList& arguments) const {
   auto message = QDBusMessage::createMethodCall(_service, _path, interface, method);

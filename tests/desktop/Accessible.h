@@ -20,6 +20,9 @@ class Accessible {
   /// The desktop node, whose children are the applications.
   static Accessible desktop();
   static std::optional<Accessible> application(qint64 processIdentifier);
+  /// What the application shows under that name, in that role if one is given.
+  static std::optional<Accessible> showing(qint64 processIdentifier, const QString& name,
+                                           const QString& role = {});
 
   QString name() const;
   QString role() const;

@@ -72,25 +72,13 @@ QPoint Agent::trayIcon() const {
 void Agent::openMenu(const QString& heldKey) {
   if (!heldKey.isEmpty()) keyboard::hold(heldKey);
   mouse::click(trayIcon());
-  const bool isOpen = until([this] {
-    const auto application = Accessible::application(_program.processIdentifier());
-    return application && application->find([](const Accessible& node) {
-      return node.name() == "Quit" && node.isShowing();
-    });
-  });
+  const bool isOpen = until([this] { return shows("Quit"); });
   if (!heldKey.isEmpty()) keyboard::release(heldKey);
   if (!isOpen) throw std::runtime_error("the menu did not open");
 }
 
-std::optional<Accessible> Agent::findEntry(const QString& title) const {
-  const auto application = Accessible::application(_program.processIdentifier());
-  return application->find([&](const Accessible& node) {
-    return node.name().trimmed() == title && node.isShowing() && node.role().contains("menu item");
-  });
-}
-
 Accessible Agent::menuEntry(const QString& title) const {
-  auto entry = findEntry(title);
+  auto entry = showing(title);
   if (!entry) throw std::runtime_error("no entry \"" + title.toStdString() + "\" in the menu");
   return *entry;
 }
@@ -99,6 +87,11 @@ void Agent::pick(const QString& title, const QString& heldKey, const QString& pi
   openMenu(heldKey);
   if (!picture.isEmpty()) screenshot(picture);
   mouse::click(menuEntry(title).screenExtents().center());
+}
+
+QStringList engines() {
+  QDBusInterface bus("org.freedesktop.DBus", "/", "org.freedesktop.DBus");
+  return QDBusReply<QStringList>(bus.call("ListQueuedOwners", "org.quenfold.Quenfold")).value();
 }
 
 QString agentWithEngine(const QTemporaryDir& prefix, const QString& engine) {

@@ -23,20 +23,26 @@ class Agent {
   void pick(const QString& title, const QString& heldKey = {}, const QString& picture = {});
   /// Opens the menu and leaves it open.
   void openMenu(const QString& heldKey = {});
+  /// What the agent shows under that name, as an entry of its menu.
+  std::optional<Accessible> showing(const QString& name) const {
+    return Accessible::showing(_program.processIdentifier(), name);
+  }
+  bool shows(const QString& title) const { return showing(title).has_value(); }
   /// The showing entry of that title.
   Accessible menuEntry(const QString& title) const;
-  bool shows(const QString& title) const { return findEntry(title).has_value(); }
 
   /// What the running agent tells of its services, one after the other: "NAME" true "REASON".
   static QString services();
   static QString builtProgram(const QString& name);
 
  private:
-  std::optional<Accessible> findEntry(const QString& title) const;
   QPoint trayIcon() const;
 
   Program _program;
 };
+
+/// The engines on the bus, in the order of their start.
+QStringList engines();
 
 /// A copy of the built agent under that folder, where another engine is installed. Answers the
 /// program's path.

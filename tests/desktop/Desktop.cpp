@@ -2,8 +2,10 @@
 #include "tests/desktop/Desktop.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTemporaryFile>
 #include <QThread>
 #include <csignal>
@@ -92,6 +94,15 @@ QString Program::printed() {
   return _printed += QString::fromUtf8(_process.readAll());
 }
 
+// Servers that look for a free display at once can take each other's socket away.
+XServer::XServer()
+    : Program("flock", {"--no-fork", QDir::tempPath() + "/quenfold-desktop.lock", "Xvfb",
+                        "-displayfd", "1", "-noreset", "-nolisten", "tcp"}) {
+  static const QRegularExpression number("^(\\d+)\n", QRegularExpression::MultilineOption);
+  until([this] { return number.match(printed()).hasMatch(); }, 20s);
+  display = ':' + number.match(printed()).captured(1).toStdString();
+}
+
 Editor::Editor(const QString& command, const QString& text)
     : Editor(commandLine(command, text), text) {}
 
@@ -147,6 +158,12 @@ void clipboard::setText(const QString& text) {
   // It forks to serve, holding its outputs open: they must not be ours.
   output("sh", {"-c", "exec xclip -i -selection clipboard >/dev/null 2>&1"}, text.toUtf8());
   until([&] { return clipboard::text() == text; }, 3s);
+}
+
+QString windowOf(qint64 processIdentifier) {
+  return output("xdotool", {"search", "--all", "--onlyvisible", "--pid",
+                            QString::number(processIdentifier), "--name", "^Quenfold$"})
+      .trimmed();
 }
 
 void screenshot(const QString& file) { output("import", {"-window", "root", file}); }

@@ -39,6 +39,13 @@ class Program {
   QString _printed;
 };
 
+/// An X server with nothing on it.
+class XServer : public Program {
+ public:
+  XServer();
+  std::string display;
+};
+
 /// An editor with a window, found through the accessibility bus.
 class Editor {
  public:
@@ -75,6 +82,9 @@ QString text();
 /// Another application's copy: the text stays there until somebody else copies.
 void setText(const QString& text);
 }  // namespace clipboard
+
+/// The visible window of our own that the process has, its palette or the engine's; empty for none.
+QString windowOf(qint64 processIdentifier);
 
 void screenshot(const QString& file);
 

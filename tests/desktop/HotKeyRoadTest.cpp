@@ -3,20 +3,14 @@
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
 
-#include <QDBusMessage>
 #include <csignal>
 #include <iostream>
 
 #include "host/EventState.h"
-#include "hosts/linux/bus/DBusDistributedNotificationCenter.h"
-#include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
-#include "hosts/linux/files/XdgFileManager.h"
-#include "kit/QFKIdentifiers.h"
-#include "kit/QFKMenuSettingsManager.h"
-#include "kit/QFKSharedContainer.h"
 #include "shortcuts/KeyCode.h"
 #include "tests/desktop/Agent.h"
 #include "tests/desktop/Keyboard.h"
+#include "tests/desktop/OtherProcess.h"
 
 namespace qf::desktop {
 namespace {
@@ -28,37 +22,24 @@ constexpr std::uint64_t keyK = 40, keyJ = 38;
 constexpr std::uint16_t controlAndAlt = 4 | 8;  // of the X protocol
 
 /// The menu settings, changed as the engine changes them.
-class Settings {
- public:
+struct Settings : OtherProcess {
+  Settings() { settings.readSettings(); }
+
   void set(std::uint64_t keycode, std::int64_t type, const char* typeValue) {
-    QFKMenuSettingsManager manager(_container, _files, _notifications);
-    manager.readSettings();
-    QFKShortcutActionItem item;
-    if (const auto known = manager.shortcutIDList(); !known.empty()) {
-      item = *manager.shortcutForKey(known.front());
-    } else {
-      item = *manager.shortcutForKey(manager.addShortcut());
-    }
+    const auto known = settings.shortcutIDList();
+    QFKShortcutActionItem item =
+        *settings.shortcutForKey(known.empty() ? settings.addShortcut() : known.front());
     item.keycode = keycode;
     item.modifiers = modifier::control | modifier::option;
     item.type = type;
     item.typeValue = typeValue;
-    manager.setShortcut(item);
+    settings.setShortcut(item);
   }
-
   void setPalette(std::uint64_t keycode) {
-    QFKMenuSettingsManager manager(_container, _files, _notifications);
-    manager.readSettings();
-    QFKShortcutActionItem item = manager.paletteShortcut();
+    QFKShortcutActionItem item = settings.paletteShortcut();
     item.keycode = keycode;
-    manager.setPaletteShortcut(item);
+    settings.setPaletteShortcut(item);
   }
-
- private:
-  XdgFileManager _files;
-  PropertyListUserDefaultsDomains _defaults{"org.quenfold.Test"};
-  QFKSharedContainer _container{_files, _defaults};
-  DBusDistributedNotificationCenter _notifications{QDBusConnection::sessionBus()};
 };
 
 class HotKeyRoads : public testing::TestWithParam<const char*> {
@@ -71,11 +52,7 @@ class HotKeyRoads : public testing::TestWithParam<const char*> {
   /// which it is told. (To try the grab would take the key from the agent.)
   void set(std::uint64_t keycode, std::uint16_t key, std::int64_t type, const char* typeValue) {
     settings.set(keycode, type, typeValue);
-    auto question = QDBusMessage::createMethodCall("org.quenfold.Menu", "/org/quenfold/Status",
-                                                   "org.freedesktop.DBus.Properties", "Get");
-    question << "org.quenfold.Status1"
-             << "Services";
-    QDBusConnection::sessionBus().call(question);
+    Agent::services();
     EXPECT_FALSE(Keyboard().grab(key, controlAndAlt));
   }
   void press(std::uint16_t key) { keyboard.press({KEY_LEFTCTRL, KEY_LEFTALT, key}); }
@@ -122,14 +99,8 @@ TEST_P(HotKeyRoads, PopAGroupUpAtTheMouse) {
   editor.reset(sample);
   output("xdotool", {"mousemove", "200", "150"});
   press(KEY_K);
-  const auto entry = [this] {
-    const auto application = Accessible::application(agent.program().processIdentifier());
-    return application->find([](const Accessible& node) {
-      return node.name().trimmed() == "Upper Case" && node.isShowing();
-    });
-  };
-  ASSERT_TRUE(until([&] { return entry().has_value(); }));
-  const QRect place = entry()->screenExtents();
+  ASSERT_TRUE(until([this] { return agent.shows("Upper Case"); }));
+  const QRect place = agent.menuEntry("Upper Case").screenExtents();
   EXPECT_TRUE(place.left() >= 200 && place.left() < 250 && place.top() >= 150);
   mouse::click(place.center());
   EXPECT_TRUE(becomes(sample.toUpper()));
@@ -147,16 +118,11 @@ TEST_P(HotKeyRoads, FollowTheSettings) {
 TEST(HotKeysOfTheAgent, ShowAndHideThePalette) {
   Settings().setPalette(keyCode::functionKeys[8]);
   Agent agent;
-  const auto isVisible = [&] {
-    const QString process = QString::number(agent.program().processIdentifier());
-    return !output("xdotool",
-                   {"search", "--all", "--onlyvisible", "--pid", process, "--name", "^Quenfold$"})
-                .isEmpty();
-  };
   Keyboard keyboard;
   for (const bool shows : {true, false, true}) {
     keyboard.press({KEY_F9});
-    EXPECT_TRUE(until([&] { return isVisible() == shows; }));
+    EXPECT_TRUE(
+        until([&] { return windowOf(agent.program().processIdentifier()).isEmpty() != shows; }));
   }
   Settings().setPalette(0);
 }

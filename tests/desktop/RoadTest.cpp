@@ -104,7 +104,7 @@ TEST(CommandLine, HasTheEngineCleanTheClipboard) {
 
 TEST(Demonstration, NoticesAnEngineThatChangesNothing) {
   const QTemporaryDir prefix;
-  const QString agent = agentWithEngine(prefix, Agent::builtProgram("unchanging_engine"));
+  const QString agent = agentWithEngine(prefix, "/bin/false");
   // In a session of its own: an engine that runs would serve the other tests too.
   Program demonstration(QF_DESKTOP_SESSION,
                         {Agent::builtProgram("road_demo"), prefix.filePath("pictures"), agent});

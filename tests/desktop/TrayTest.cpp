@@ -1,29 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 
-#include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
 
 #include "tests/desktop/Agent.h"
 #include "tests/desktop/Desktop.h"
+#include "tests/desktop/Home.h"
 
 namespace qf::desktop {
 namespace {
 
 constexpr int panelHeight = 28;
 
-void writeFile(const QString& path, const QString& text) {
-  QDir().mkpath(QFileInfo(path).path());
-  QFile file(path);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(text.toUtf8());
-}
-
-void configureXfcePanel(const QString& home, bool isDark) {
-  writeFile(home + "/.config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml",
-            R"(<?xml version="1.0" encoding="UTF-8"?>
+void configureXfcePanel(bool isDark) {
+  put(".config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml",
+      R"(<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
   <property name="configver" type="int" value="2"/>
   <property name="panels" type="array">
@@ -44,16 +36,16 @@ void configureXfcePanel(const QString& home, bool isDark) {
                           isDark ? "true" : "false"});
 }
 
-void configureLxqtPanel(const QString& home, bool) {
-  writeFile(home + "/.config/lxqt/panel.conf",
-            "panels=panel1\n[panel1]\nplugins=statusnotifier\nposition=Top\npanelSize=28\n"
-            "[statusnotifier]\ntype=statusnotifier\n");
+void configureLxqtPanel(bool) {
+  put(".config/lxqt/panel.conf",
+      "panels=panel1\n[panel1]\nplugins=statusnotifier\nposition=Top\npanelSize=28\n"
+      "[statusnotifier]\ntype=statusnotifier\n");
 }
 
 /// A panel along the top of the screen.
 struct PanelKind {
   const char* program;
-  void (*configure)(const QString& home, bool isDark);
+  void (*configure)(bool isDark);
   bool isDark;
 };
 
@@ -87,14 +79,11 @@ class TrayTest : public testing::TestWithParam<PanelKind> {
 };
 
 std::optional<Accessible> showing(const Program& agent, const QString& name) {
-  const auto application = Accessible::application(agent.processIdentifier());
-  if (!application) return std::nullopt;
-  return application->find(
-      [&](const Accessible& node) { return node.name() == name && node.isShowing(); });
+  return Accessible::showing(agent.processIdentifier(), name);
 }
 
 TEST_P(TrayTest, ShowsTheIconAndTheMenuWheneverThePanelIsThere) {
-  GetParam().configure(QDir::homePath(), GetParam().isDark);
+  GetParam().configure(GetParam().isDark);
   Program agent(Agent::builtProgram("quenfold-menu"), {});
   ASSERT_TRUE(until([&] { return agent.printed().contains("no tray on this desktop"); }));
   QProcessEnvironment withThemeOfItsOwn = QProcessEnvironment::systemEnvironment();

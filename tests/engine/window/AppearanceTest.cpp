@@ -8,8 +8,8 @@
 #include <QImage>
 
 #include "tests/desktop/Agent.h"
+#include "tests/desktop/Home.h"
 #include "tests/engine/window/EngineProgram.h"
-#include "tests/engine/window/Home.h"
 
 namespace qf::desktop {
 namespace {

@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "tests/desktop/Agent.h"
+#include "tests/desktop/Home.h"
+#include "tests/desktop/OtherProcess.h"
 #include "tests/engine/window/EngineProgram.h"
-#include "tests/engine/window/Home.h"
-#include "tests/engine/window/OtherProcess.h"
 
 namespace qf::desktop {
 namespace {

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/engine/window/EngineProgram.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusVariant>
+#include <QDBusInterface>
 #include <csignal>
 #include <stdexcept>
 
@@ -12,13 +10,10 @@
 namespace qf::desktop {
 namespace {
 
-QVariant applicationProperty(const QString& name) {
-  auto question =
-      QDBusMessage::createMethodCall("org.quenfold.Quenfold", "/org/quenfold/Application",
-                                     "org.freedesktop.DBus.Properties", "Get");
-  question << "org.quenfold.Application1" << name;
-  const QDBusMessage reply = QDBusConnection::sessionBus().call(question);
-  return reply.arguments().value(0).value<QDBusVariant>().variant();
+QVariant applicationProperty(const char* name) {
+  return QDBusInterface("org.quenfold.Quenfold", "/org/quenfold/Application",
+                        "org.quenfold.Application1")
+      .property(name);
 }
 
 void collect(const Accessible& node, std::vector<Accessible>& found) {
@@ -48,13 +43,6 @@ int EngineProgram::activationPolicy() {
 
 qint64 EngineProgram::runningProcess() {
   return applicationProperty("ProcessIdentifier").toLongLong();
-}
-
-QString EngineProgram::window() const {
-  const QString process = QString::number(_processIdentifier);
-  return output("xdotool",
-                {"search", "--all", "--onlyvisible", "--pid", process, "--name", "^Quenfold$"})
-      .trimmed();
 }
 
 std::vector<Accessible> EngineProgram::showingNodes() const {

@@ -38,7 +38,7 @@ class EngineProgram {
   std::vector<Accessible> showingNodes() const;
   /// The widget that has the keyboard, never an item in it.
   std::optional<Accessible> focused() const;
-  QString window() const;
+  QString window() const { return windowOf(_processIdentifier); }
 
  private:
   std::unique_ptr<Program> _program;

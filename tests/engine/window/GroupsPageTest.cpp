@@ -7,9 +7,9 @@
 #include <QJsonObject>
 #include <QThread>
 
+#include "tests/desktop/Home.h"
+#include "tests/desktop/OtherProcess.h"
 #include "tests/engine/window/EngineProgram.h"
-#include "tests/engine/window/Home.h"
-#include "tests/engine/window/OtherProcess.h"
 
 namespace qf::desktop {
 namespace {

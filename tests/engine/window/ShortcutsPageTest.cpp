@@ -3,26 +3,19 @@
 #include <gmock/gmock.h>
 #include <linux/input-event-codes.h>
 
-#include "hosts/linux/bus/DBusDistributedNotificationCenter.h"
-#include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
-#include "hosts/linux/files/XdgFileManager.h"
 #include "kit/QFKIdentifiers.h"
-#include "kit/QFKMenuSettingsManager.h"
-#include "kit/QFKSharedContainer.h"
 #include "tests/desktop/Agent.h"
 #include "tests/desktop/Keyboard.h"
+#include "tests/desktop/OtherProcess.h"
 #include "tests/engine/window/EngineProgram.h"
 
 namespace qf::desktop {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 constexpr std::uint16_t controlAndAlt = 4 | 8;  // of the X protocol
 const QString none = "Empty keyboard shortcut";
 
-class ShortcutsPageTest : public testing::Test {
+class ShortcutsPageTest : public testing::Test, protected OtherProcess {
  protected:
   ShortcutsPageTest() {
     settings.readSettings();
@@ -46,8 +39,7 @@ class ShortcutsPageTest : public testing::Test {
     EXPECT_TRUE(until([this] { return !keyboard.canTakeAll(); }));
   }
   void record(std::size_t row, const QString& recorder, std::uint16_t key) {
-    click("push button", recorder, row);
-    EXPECT_TRUE(until([this] { return !keyboard.canTakeAll(); }));
+    startRecording(row, recorder);
     keyboard.press({KEY_LEFTCTRL, KEY_LEFTALT, key});
     EXPECT_TRUE(until([this] { return keyboard.canTakeAll(); }));
   }
@@ -69,11 +61,6 @@ class ShortcutsPageTest : public testing::Test {
     return until([&] { return engine.has("panel", heading); }, 5s);
   }
 
-  XdgFileManager files;
-  PropertyListUserDefaultsDomains defaults{"org.quenfold.Test"};
-  QFKSharedContainer container{files, defaults};
-  DBusDistributedNotificationCenter notifications{QDBusConnection::sessionBus()};
-  QFKMenuSettingsManager settings{container, files, notifications};
   Keyboard keyboard;
   EngineProgram engine;
 };

@@ -2,23 +2,15 @@
 // The page "Status" of the real window, with the real agent, without it, and with a hung one.
 #include <gtest/gtest.h>
 
+#include <QDBusConnectionInterface>
 #include <csignal>
 
 #include "tests/desktop/Agent.h"
+#include "tests/desktop/Home.h"
 #include "tests/engine/window/EngineProgram.h"
-#include "tests/engine/window/Home.h"
 
 namespace qf::desktop {
 namespace {
-
-qint64 agentProcess() {
-  return output("dbus-send",
-                {"--session", "--print-reply=literal", "--dest=org.freedesktop.DBus", "/",
-                 "org.freedesktop.DBus.GetConnectionUnixProcessID", "string:org.quenfold.Menu"})
-      .section(' ', -1)
-      .trimmed()
-      .toLongLong();
-}
 
 TEST(StatusPage, OffersToStartTheAgentAndShowsItsServices) {
   const EngineProgram engine;
@@ -30,7 +22,9 @@ TEST(StatusPage, OffersToStartTheAgentAndShowsItsServices) {
   EXPECT_FALSE(engine.has("push button", "Start the Menu"));
   EXPECT_TRUE(engine.has("list item", "List of cleaners for the menu: works"));
 
-  const auto agent = static_cast<pid_t>(agentProcess());
+  const uint process =
+      QDBusConnection::sessionBus().interface()->servicePid("org.quenfold.Menu").value();
+  const auto agent = static_cast<pid_t>(process);
   ASSERT_GT(agent, 0);
   ::kill(agent, SIGSTOP);
   EXPECT_TRUE(until([&] { return engine.hasText("does not answer"); }, 15s));

@@ -3,9 +3,6 @@
 // reader.
 #include <gmock/gmock.h>
 
-#include <QDBusConnection>
-#include <QDBusInterface>
-#include <QDBusReply>
 #include <set>
 
 #include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
@@ -16,12 +13,6 @@ namespace qf::desktop {
 namespace {
 
 const QStringList pages = {"Menu", "Shortcuts", "Cleaners", "Groups", "Status"};
-
-QStringList engines() {
-  QDBusInterface bus("org.freedesktop.DBus", "/", "org.freedesktop.DBus");
-  const QDBusReply<QStringList> owners = bus.call("ListQueuedOwners", "org.quenfold.Quenfold");
-  return owners.value();
-}
 
 TEST(Window, ComesAsTheAgentAsksAndLeavesTheEngineServing) {
   Agent agent;

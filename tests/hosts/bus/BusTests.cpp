@@ -17,12 +17,13 @@
 #include "hosts/linux/bus/SessionBus.h"
 #include "hosts/linux/bus/StatusReport.h"
 #include "hosts/linux/bus/UserNotice.h"
-#include "tests/hosts/RunUntil.h"
+#include "tests/desktop/Desktop.h"
 #include "tests/hosts/bus/PrivateBus.h"
 
 namespace qf {
 namespace {
 
+using desktop::until;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -102,7 +103,7 @@ TEST_F(Bus, ListsTheInstancesInTheirOrderWithPolicyAndProcess) {
   EXPECT_EQ(running[1].activationPolicy, ActivationPolicy::regular);
 
   first.reset();
-  ASSERT_TRUE(runUntil([&] { return applications.running(peerIdentifier).size() == 1; }));
+  ASSERT_TRUE(until([&] { return applications.running(peerIdentifier).size() == 1; }));
 }
 
 TEST_F(Bus, RegistersThisProcessAndShowsItsPolicy) {
@@ -153,7 +154,7 @@ TEST_F(Bus, HandlesEventsFromTheRunLoopOnly) {
   EXPECT_EQ(send(peer.pid(), "echo", "2"), AppleEventStatus::noError);
   EXPECT_EQ(reply, bytes("2"));
   EXPECT_THAT(notes, IsEmpty());
-  EXPECT_TRUE(runUntil([&] { return !notes.empty(); }));
+  EXPECT_TRUE(until([&] { return !notes.empty(); }));
   EXPECT_THAT(notes, ElementsAre(bytes("1")));
 
   // An event that asks for a reply while this thread waits gets none: no nested handling.
@@ -220,7 +221,7 @@ TEST_F(Bus, AnswersCallersThatBreakTheRules) {
         busCall(bus.baseService(), bus::applicationPath, bus::applicationInterface, "HandleEvent");
     message.setArguments(arguments);
     QDBusPendingCall pending = other.asyncCall(message);
-    EXPECT_TRUE(runUntil([&] { return pending.isFinished(); }));
+    EXPECT_TRUE(until([&] { return pending.isFinished(); }, std::chrono::seconds(20)));
     return pending.reply();
   };
   // The larger one is also more than libdbus hears out by itself.
@@ -286,14 +287,14 @@ TEST_F(Bus, NotificationsReachEveryoneOnceAndInOrder) {
   for (const char* name : {"test.a", "test.b", "test.a", "test.A", "test.a.b", "test.b"})
     notifications.post(name);
   EXPECT_EQ(heard, "");
-  EXPECT_TRUE(runUntil([&] { return heard.size() >= 4; }));
+  EXPECT_TRUE(until([&] { return heard.size() >= 4; }));
 
   const Peer peer;
   applications.running(peerIdentifier);
   EXPECT_EQ(send(peer.pid(), "post", "bbaab"), AppleEventStatus::noError);
-  EXPECT_TRUE(runUntil([&] { return heard.size() >= 9; }));
+  EXPECT_TRUE(until([&] { return heard.size() >= 9; }));
   QTimer::singleShot(50, [&] { heard += '.'; });
-  EXPECT_TRUE(runUntil([&] { return heard.back() == '.'; }));
+  EXPECT_TRUE(until([&] { return heard.back() == '.'; }));
   EXPECT_EQ(heard, "ababbbaab.");
 }
 
@@ -313,7 +314,7 @@ TEST_F(Bus, ReportsTheStateOfServices) {
         busCall(bus.baseService(), bus::statusPath, "org.freedesktop.DBus.Properties", "Get");
     get << "org.quenfold.Status1" << name;
     QDBusPendingReply<QDBusVariant> answer = other.asyncCall(get);
-    EXPECT_TRUE(runUntil([&] { return answer.isFinished(); }));
+    EXPECT_TRUE(until([&] { return answer.isFinished(); }));
     return qvariant_cast<QDBusArgument>(answer.value().variant());
   };
   const auto services = property("Services");
@@ -356,7 +357,7 @@ TEST_F(Bus, TellsThePersonOncePerQuietTime) {
   notice.tell("a < b", start + std::chrono::seconds(29));
   notice.tell("other", start + std::chrono::seconds(29));
   notice.tell("a < b", start + std::chrono::seconds(30));
-  EXPECT_TRUE(runUntil([&] { return service.bodies.size() >= 3; }));
+  EXPECT_TRUE(until([&] { return service.bodies.size() >= 3; }));
   EXPECT_EQ(service.bodies, (QStringList{"a &lt; b", "other", "a &lt; b"}));
   QDBusConnection::disconnectFromBus("desktop");
 }

@@ -4,12 +4,11 @@
 
 #include <QDBusInterface>
 #include <QDBusReply>
-#include <QDir>
-#include <QFile>
 #include <iostream>
 
 #include "tests/desktop/Agent.h"
 #include "tests/desktop/Desktop.h"
+#include "tests/desktop/Home.h"
 
 namespace qf::desktop {
 namespace {
@@ -27,13 +26,9 @@ class Palette {
 
   Accessible find(const QString& role, const QString& name) const {
     std::optional<Accessible> found;
-    const auto matches = [&](const Accessible& node) {
-      return node.role() == role && node.name() == name;
-    };
     if (!until([&] {
-          const auto application = Accessible::application(_processIdentifier);
-          found = application ? application->find(matches) : std::nullopt;
-          return found && found->isShowing();
+          found = Accessible::showing(_processIdentifier, name, role);
+          return found.has_value();
         })) {
       throw std::runtime_error("no " + role.toStdString() + " " + name.toStdString());
     }
@@ -42,12 +37,7 @@ class Palette {
   Accessible cleaner(const QString& name) const { return find("list item", name); }
   Accessible searchField() const { return find("text", "Search cleaners"); }
 
-  QString window() const {
-    const QString process = QString::number(_processIdentifier);
-    return output("xdotool",
-                  {"search", "--all", "--onlyvisible", "--pid", process, "--name", "^Quenfold$"})
-        .trimmed();
-  }
+  QString window() const { return windowOf(_processIdentifier); }
   bool isVisible() const { return !window().isEmpty(); }
   /// The cleaner on which the keyboard is.
   QString focused() const {
@@ -82,9 +72,12 @@ class PaletteRoads : public testing::TestWithParam<const char*> {
     if (!heldKey.isEmpty()) keyboard::release(heldKey);
   }
   /// Puts the keyboard into the search field, as a person does.
-  void search(const QString& text) {
+  void takeKeyboard() {
     mouse::click(palette.searchField().screenExtents().center());
     ASSERT_TRUE(until([this] { return palette.hasKeyboard(); }));
+  }
+  void search(const QString& text) {
+    takeKeyboard();
     output("xdotool", {"type", text});
     ASSERT_TRUE(until([&] { return palette.searchField().text() == text; }));
   }
@@ -134,8 +127,7 @@ TEST_P(PaletteRoads, KeysSearchMoveApplyAndHide) {
 
   editor.reset(sample);
   clipboard::setText("von anderswo");
-  mouse::click(palette.searchField().screenExtents().center());
-  ASSERT_TRUE(until([&] { return palette.hasKeyboard(); }));
+  takeKeyboard();
   keyboard::hold("alt");
   output("xdotool", {"key", "Return"});
   keyboard::release("alt");
@@ -143,8 +135,7 @@ TEST_P(PaletteRoads, KeysSearchMoveApplyAndHide) {
   EXPECT_TRUE(until([&] { return activeWindow() == editorWindow; }));
   EXPECT_EQ(editor.text(), sample);
 
-  mouse::click(palette.searchField().screenExtents().center());
-  ASSERT_TRUE(until([&] { return palette.hasKeyboard(); }));
+  takeKeyboard();
   keyboard::press("Escape");
   EXPECT_TRUE(until([&] { return palette.searchField().text().isEmpty(); }));
   EXPECT_TRUE(palette.isVisible());
@@ -185,6 +176,8 @@ TEST_F(PalettePanel, SecondStartShowsItAndNeverHidesIt) {
     ASSERT_TRUE(until([&] { return palette.isVisible() != wasHidden; }));
     Program second(Agent::builtProgram("quenfold-menu"), {});
     EXPECT_TRUE(until([&] { return !second.isRunning(); }));
+    EXPECT_EQ(second.exitCode(), 0);
+    EXPECT_TRUE(second.printed().contains("org.quenfold.Menu runs already"));
     EXPECT_TRUE(until([&] { return palette.isVisible(); }));
   }
 }
@@ -218,11 +211,9 @@ TEST_F(PalettePanel, ComesIntoViewWhenItsMonitorGoesAndReturnsWithIt) {
   output("xrandr", {"--setmonitor", "left", "640/170x800/200+0+0", "screen"});
   output("xrandr", right);
   output("xdotool", {"windowmove", palette.window(), "1000", "200"});
-  const auto isSaved = [] {
-    QFile defaults(QDir::homePath() + "/.config/org.quenfold.Menu.plist");
-    return defaults.open(QIODevice::ReadOnly) && defaults.readAll().contains("1000 200 ");
-  };
-  EXPECT_TRUE(until(isSaved)) << "the place counts once the panel rests there";
+  EXPECT_TRUE(until([] {
+    return contents(".config/org.quenfold.Menu.plist").contains("1000 200 ");
+  })) << "the place counts once the panel rests there";
   output("xrandr", {"--delmonitor", "right"});
   EXPECT_TRUE(until([&] { return x() < 640; })) << x();
   output("xrandr", right);

@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <stdio.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
+#include <csignal>
 #include <future>
 
-#include "foundation/Log.h"
 #include "hosts/linux/pasteboard/XcbPasteboard.h"
 #include "hosts/linux/pasteboard/XcbPasteboards.h"
+#include "tests/desktop/Desktop.h"
 #include "tests/hosts/pasteboard/SelectionPeer.h"
+#include "tests/support/LogCapture.h"
 
 namespace qf {
 namespace {
 
 using namespace std::chrono_literals;
+using desktop::until;
 using testing::Contains;
 using testing::ElementsAre;
 
@@ -37,12 +37,6 @@ std::string outputOf(const std::string& command) {
     output.append(buffer.data(), count);
   pclose(pipe);
   return output;
-}
-
-bool soon(const std::function<bool()>& isTrue) {
-  const auto deadline = SelectionPeer::Clock::now() + 5s;
-  while (!isTrue() && SelectionPeer::Clock::now() < deadline) std::this_thread::sleep_for(2ms);
-  return isTrue();
 }
 
 auto durationOf(const std::function<void()>& act) {
@@ -110,13 +104,13 @@ TEST_F(XcbPasteboardTest, readsFromOtherPrograms) {
     FILE* xclip = popen("xclip -selection clipboard", "w");
     fwrite(text.data(), 1, text.size(), xclip);
     pclose(xclip);
-    EXPECT_TRUE(soon([&] { return pasteboard->changeCount() == before + 1; }));
+    EXPECT_TRUE(until([&] { return pasteboard->changeCount() == before + 1; }));
     EXPECT_EQ(pasteboard->string(), text);
     EXPECT_THAT(pasteboard->items(),
                 ElementsAre(PasteboardItem{{{std::string(pasteboardTypeString), bytesOf(text)}}}));
   }
   outputOf("printf picture | xclip -selection clipboard -t image/png >/dev/null");
-  EXPECT_TRUE(soon([&] { return pasteboard->string() == std::nullopt; }));
+  EXPECT_TRUE(until([&] { return pasteboard->string() == std::nullopt; }));
   EXPECT_THAT(pasteboard->items(),
               ElementsAre(PasteboardItem{{{"image/png", bytesOf("picture")}}}));
 }
@@ -255,36 +249,20 @@ TEST_F(XcbPasteboardTest, leavesItsContentsToAClipboardManager) {
 }
 
 TEST_F(XcbPasteboardTest, theLossOfTheServerIsAStateNotAnEnd) {
-  int ends[2];
-  ASSERT_EQ(pipe(ends), 0);
-  const pid_t server = fork();
-  if (server == 0) {
-    dup2(ends[1], 9);
-    execlp("Xvfb", "Xvfb", "-displayfd", "9", "-noreset", "-nolisten", "tcp", "-screen", "0",
-           "64x64x24", nullptr);
-    _exit(1);
-  }
-  close(ends[1]);
-  std::string display = ":";
-  for (char c; read(ends[0], &c, 1) == 1 && c != '\n';) display += c;
-  close(ends[0]);
-
-  std::string logged;
-  setLogSink([&](std::string_view line) { logged += line; });
-  XcbPasteboard lost(display);
+  const desktop::XServer server;
+  const LogCapture log;
+  XcbPasteboard lost(server.display);
   EXPECT_TRUE(lost.setString("before"));
   EXPECT_TRUE(lost.availability().isAvailable);
   const auto count = lost.changeCount();
-  kill(server, SIGKILL);
-  waitpid(server, nullptr, 0);
-  EXPECT_TRUE(soon([&] { return !lost.availability().isAvailable; }));
+  server.signal(SIGKILL);
+  EXPECT_TRUE(until([&] { return !lost.availability().isAvailable; }));
   EXPECT_EQ(lost.availability().reason, "the X server closed the connection");
   EXPECT_FALSE(lost.setString("after"));
   EXPECT_EQ(lost.string(), std::nullopt);
   EXPECT_TRUE(lost.items().empty());
   EXPECT_EQ(lost.changeCount(), count);
-  setLogSink({});
-  EXPECT_THAT(logged, testing::HasSubstr("the X server closed the connection"));
+  EXPECT_THAT(log.lines, Contains(testing::HasSubstr("the X server closed the connection")));
 }
 
 TEST(XcbPasteboards, withoutAServerSayWhy) {

@@ -4,7 +4,6 @@
 
 #include "hosts/linux/bus/BusApplications.h"
 #include "hosts/linux/workspace/LinuxWorkspace.h"
-#include "tests/hosts/RunUntil.h"
 #include "tests/hosts/workspace/OtherApplications.h"
 
 namespace qf {

@@ -3,28 +3,18 @@
 
 #include <xcb/xcb.h>
 
-#include <QProcess>
 #include <cstdlib>
 #include <string>
 #include <string_view>
 
+#include "tests/desktop/Desktop.h"
+
 namespace qf {
 
 /// A process that does nothing, in whose name windows are shown.
-class Process {
- public:
-  Process() {
-    _process.start("sleep", {"1000"});
-    _process.waitForStarted();
-  }
-  ~Process() {
-    _process.kill();
-    _process.waitForFinished();
-  }
-  std::int32_t pid() const { return static_cast<std::int32_t>(_process.processId()); }
-
- private:
-  QProcess _process;
+struct Process : desktop::Program {
+  Process() : Program("sleep", {"1000"}) {}
+  std::int32_t pid() const { return static_cast<std::int32_t>(processIdentifier()); }
 };
 
 /// The test's own connection, which plays the other applications.

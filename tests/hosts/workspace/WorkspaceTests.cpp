@@ -3,19 +3,19 @@
 #include <signal.h>
 #include <unistd.h>
 
-#include <QDir>
+#include <QCoreApplication>
 #include <filesystem>
 #include <fstream>
 
 #include "hosts/linux/bus/BusApplications.h"
 #include "hosts/linux/workspace/LinuxWorkspace.h"
-#include "tests/hosts/RunUntil.h"
 #include "tests/hosts/workspace/OtherApplications.h"
 
 namespace qf {
 namespace {
 
 namespace fs = std::filesystem;
+using desktop::until;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
@@ -40,7 +40,7 @@ class WorkspaceTest : public ::testing::Test {
   xcb_window_t show(const Process& process) {
     const xcb_window_t window = display.create(process.pid());
     display.map(window);
-    EXPECT_TRUE(runUntil([&] { return display.active() == window; }));
+    EXPECT_TRUE(until([&] { return display.active() == window; }));
     return window;
   }
 
@@ -62,25 +62,25 @@ TEST_F(WorkspaceTest, FollowsTheUserAndGoesBack) {
   });
   const Process first, second;
   show(first);
-  EXPECT_TRUE(runUntil([&] { return seen == first.pid(); }));
+  EXPECT_TRUE(until([&] { return seen == first.pid(); }));
   const xcb_window_t lastOfFirst = show(first);
-  EXPECT_TRUE(runUntil([&] { return seenWindow == lastOfFirst; }));
+  EXPECT_TRUE(until([&] { return seenWindow == lastOfFirst; }));
   const xcb_window_t other = show(second);
-  EXPECT_TRUE(runUntil([&] { return seen == second.pid(); }));
+  EXPECT_TRUE(until([&] { return seen == second.pid(); }));
   EXPECT_GE(activations, 2);
 
   // The window that was active last comes back, not merely any of that process.
   EXPECT_TRUE(workspace.activateApplication(first.pid()));
-  EXPECT_TRUE(runUntil([&] { return display.active() == lastOfFirst; }));
+  EXPECT_TRUE(until([&] { return display.active() == lastOfFirst; }));
   EXPECT_EQ(frontmost(), first.pid());
   EXPECT_TRUE(workspace.activateApplication(first.pid()));
   EXPECT_EQ(display.active(), lastOfFirst);
 
   // A closed one gives way to what is left.
   EXPECT_TRUE(workspace.activateApplication(second.pid()));
-  EXPECT_TRUE(runUntil([&] { return display.active() == other; }));
+  EXPECT_TRUE(until([&] { return display.active() == other; }));
   display.destroy(lastOfFirst);
-  EXPECT_TRUE(runUntil(
+  EXPECT_TRUE(until(
       [&] { return workspace.activateApplication(first.pid()) && frontmost() == first.pid(); }));
 
   const Process windowless;
@@ -139,8 +139,8 @@ TEST_F(WorkspaceTest, StartsAnApplicationAndWaitsForItOnTheBus) {
               Not(HasSubstr("PPid:\t" + std::to_string(getpid()) + "\n")));
   EXPECT_EQ(patient.runningApplication(pid)->bundleIdentifier, identifier);
   kill(pid, SIGKILL);
-  EXPECT_TRUE(runUntil(
-      [&] { return patient.runningApplicationsWithBundleIdentifier(identifier).empty(); }));
+  EXPECT_TRUE(
+      until([&] { return patient.runningApplicationsWithBundleIdentifier(identifier).empty(); }));
 }
 
 TEST_F(WorkspaceTest, SaysWhyAnApplicationDidNotStart) {
@@ -183,19 +183,14 @@ TEST_F(WorkspaceTest, PrefersItsOwnInstallation) {
 }
 
 TEST_F(WorkspaceTest, OutlivesTheDisplay) {
-  QProcess server;
-  // Servers that look for a free display at once can take each other's socket away.
-  server.start("flock", {"--no-fork", QDir::tempPath() + "/quenfold-desktop.lock", "Xvfb",
-                         "-displayfd", "1", "-nolisten", "tcp"});
-  ASSERT_TRUE(server.waitForReadyRead(20'000));
+  const desktop::XServer server;
   const QByteArray before = qgetenv("DISPLAY");
-  qputenv("DISPLAY", ":" + server.readAllStandardOutput().trimmed());
+  qputenv("DISPLAY", server.display.c_str());
   LinuxWorkspace doomed{applications, {"/nowhere/bin"}};
   EXPECT_THAT(doomed.availability().reason, HasSubstr("no window manager"));
-  server.kill();
-  server.waitForFinished();
+  server.signal(SIGKILL);
   EXPECT_TRUE(
-      runUntil([&] { return doomed.availability().reason.find("was lost") != std::string::npos; }));
+      until([&] { return doomed.availability().reason.find("was lost") != std::string::npos; }));
   qputenv("DISPLAY", ":nothing");
   const LinuxWorkspace blind{applications, {"/nowhere/bin"}};
   EXPECT_THAT(blind.availability().reason, HasSubstr("no X display"));
