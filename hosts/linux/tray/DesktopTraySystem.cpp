@@ -4,6 +4,8 @@
 #include <xcb/xfixes.h>
 
 #include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusReply>
 #include <QGuiApplication>
 #include <QScreen>
 #include <algorithm>
@@ -16,6 +18,8 @@ namespace qf {
 namespace {
 
 constexpr const char* notifierWatcher = "org.kde.StatusNotifierWatcher";
+constexpr const char* notifierPath = "/StatusNotifierWatcher";
+constexpr int answerLimitInMs = 1000;
 
 /// Screens keep their origins when Qt scales what is on them.
 QRect inQtCoordinates(const QRect& place) {
@@ -40,8 +44,10 @@ DesktopTraySystem::DesktopTraySystem(const QDBusConnection& bus)
                   [this] {
                     if (std::exchange(_selectionChanged, false)) tellIfThereIsATray();
                   }) {
-  QObject::connect(&_watcher, &QDBusServiceWatcher::serviceRegistered,
-                   [this] { tellIfThereIsATray(); });
+  connect(&_watcher, &QDBusServiceWatcher::serviceRegistered, this,
+          &DesktopTraySystem::tellIfThereIsATray);
+  _bus.connect(notifierWatcher, notifierPath, notifierWatcher, "StatusNotifierHostRegistered", this,
+               SLOT(tellIfThereIsATray()));
   if (_connection.isUsable()) watchSelection();
 }
 
@@ -70,10 +76,17 @@ bool DesktopTraySystem::hasWindowTray() const {
   return owner && owner->owner != XCB_WINDOW_NONE;
 }
 
-bool DesktopTraySystem::hasTray() const {
-  if (hasWindowTray()) return true;
-  return _bus.isConnected() && _bus.interface()->isServiceRegistered(notifierWatcher);
+// A watcher may be there before the panel that shows what it watches.
+bool DesktopTraySystem::hasNotifierHost() const {
+  if (!_bus.isConnected() || !_bus.interface()->isServiceRegistered(notifierWatcher)) return false;
+  auto question = QDBusMessage::createMethodCall(notifierWatcher, notifierPath,
+                                                 "org.freedesktop.DBus.Properties", "Get");
+  question << QString(notifierWatcher) << QString("IsStatusNotifierHostRegistered");
+  const QDBusReply<QVariant> answer = _bus.call(question, QDBus::Block, answerLimitInMs);
+  return answer.isValid() && answer.value().toBool();
 }
+
+bool DesktopTraySystem::hasTray() const { return hasWindowTray() || hasNotifierHost(); }
 
 void DesktopTraySystem::tellIfThereIsATray() const {
   if (_handler && hasTray()) _handler();

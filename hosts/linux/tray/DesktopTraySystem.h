@@ -3,6 +3,7 @@
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
+#include <QObject>
 
 #include "hosts/linux/workspace/X11Connection.h"
 #include "hosts/qt/TraySystem.h"
@@ -11,7 +12,9 @@ namespace qf {
 
 /// The trays of a Linux desktop on X11: one that takes icons as windows (System Tray Protocol 0.3)
 /// and one that takes them over the session bus (StatusNotifierItem). Main thread.
-class DesktopTraySystem final : public TraySystem {
+class DesktopTraySystem final : public QObject, public TraySystem {
+  Q_OBJECT
+
  public:
   explicit DesktopTraySystem(const QDBusConnection& bus);
 
@@ -19,10 +22,13 @@ class DesktopTraySystem final : public TraySystem {
   void setTrayHandler(std::function<void()> handler) override { _handler = std::move(handler); }
   std::vector<QRect> panels() const override;
 
+ private slots:
+  void tellIfThereIsATray() const;
+
  private:
   void watchSelection();
   bool hasWindowTray() const;
-  void tellIfThereIsATray() const;
+  bool hasNotifierHost() const;
 
   QDBusConnection _bus;
   QDBusServiceWatcher _watcher;

@@ -2,9 +2,11 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QDBusConnection>
 #include <QScreen>
 #include <QSystemTrayIcon>
 #include <QTest>
+#include <QThread>
 
 #include "hosts/linux/tray/DesktopTraySystem.h"
 #include "hosts/qt/QtEventState.h"
@@ -94,6 +96,53 @@ TEST(StatusItem, StandsOutFromEachTrayThatComes) {
   }
 }
 
+/// Takes icons over the bus, but shows them only where a panel has registered with it.
+class Watcher : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
+  Q_PROPERTY(bool IsStatusNotifierHostRegistered MEMBER hasHost)
+
+ public:
+  QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "watcher");
+  bool hasHost = false;
+
+  Watcher() {
+    bus.registerObject("/StatusNotifierWatcher", this,
+                       QDBusConnection::ExportAllProperties | QDBusConnection::ExportAllSignals);
+    bus.registerService("org.kde.StatusNotifierWatcher");
+  }
+  ~Watcher() override {
+    bus.unregisterService("org.kde.StatusNotifierWatcher");
+    QDBusConnection::disconnectFromBus("watcher");
+  }
+
+ signals:
+  void StatusNotifierHostRegistered();
+};
+
+TEST(StatusItem, WaitsForThePanelBehindAWatcher) {
+  DesktopTraySystem traySystem(QDBusConnection::sessionBus());
+  int trays = 0;
+  traySystem.setTrayHandler([&trays] { ++trays; });
+  QThread thread;  // the questions are asked with this thread waiting
+  thread.start();
+  auto* watcher = new Watcher;
+  watcher->moveToThread(&thread);
+  QTest::qWait(200);
+  EXPECT_FALSE(traySystem.hasTray());
+  EXPECT_EQ(trays, 0);
+  const auto registerHost = [watcher] {
+    watcher->hasHost = true;
+    emit watcher->StatusNotifierHostRegistered();
+  };
+  QMetaObject::invokeMethod(watcher, registerHost, Qt::BlockingQueuedConnection);
+  EXPECT_TRUE(QTest::qWaitFor([&trays] { return trays == 1; }));
+  EXPECT_TRUE(traySystem.hasTray());
+  QObject::connect(&thread, &QThread::finished, watcher, &QObject::deleteLater);
+  thread.quit();
+  thread.wait();
+}
+
 TEST(StatusItem, EitherButtonOpensTheMenuWithTheKeysHeldThen) {
   const QtEventState eventState;
   std::vector<std::uint64_t> flags;
@@ -164,3 +213,5 @@ TEST(StatusItem, ToolTipNamesTheLatestFailure) {
 
 }  // namespace
 }  // namespace qf
+
+#include "StatusItemTests.moc"
