@@ -15,6 +15,8 @@ constexpr const char* refusedReason =
 
 }  // namespace
 
+KeyboardHold* KeyboardHold::_holder = nullptr;
+
 KeyboardHold::KeyboardHold() {
   _nextTry.setInterval(retryInMilliseconds);
   connect(&_nextTry, &QTimer::timeout, this, &KeyboardHold::tryToTake);
@@ -25,8 +27,11 @@ KeyboardHold::~KeyboardHold() { letGo(); }
 void KeyboardHold::take(QWindow* window) {
   if (_window == window) return;
   letGo();
+  if (!window) return;
+  // Two holds of one window share its grab, so the end of the one would end the other, too.
+  if (_holder) _holder->letGo();
+  _holder = this;
   _window = window;
-  if (!_window) return;
   tryToTake();
   if (_isHeld) return;
   log(refusedReason);
@@ -54,6 +59,7 @@ void KeyboardHold::letGo() {
   }
   _isHeld = false;
   _window = nullptr;
+  if (_holder == this) _holder = nullptr;
   if (wasRefused) emit availabilityChanged();
 }
 

@@ -12,6 +12,7 @@ namespace qf {
 
 /// Keeps the whole keyboard with one window: combinations that other programs answer to come to it.
 /// Where another program holds the keyboard at that moment, it is asked for again until it is had.
+/// One holds it at a time: who takes it ends the hold of another. Main thread.
 class KeyboardHold : public QObject {
   Q_OBJECT
 
@@ -32,6 +33,7 @@ class KeyboardHold : public QObject {
 
   QPointer<QWindow> _window;
   bool _isHeld = false;
+  static KeyboardHold* _holder;
   QTimer _nextTry;
 };
 
