@@ -51,8 +51,12 @@ std::vector<QDBusMessage> AtspiApplication::ask(const std::vector<QDBusMessage>&
   std::deque<QDBusPendingCall> underWay;
   auto next = questions.begin();
   for (std::size_t i = 0; i < questions.size() && _isThere; ++i) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(roadLimit - _waited);
+    _isThere = left.count() > 0;
+    if (!_isThere) break;
+    const int limit = std::min(limitInMs, static_cast<int>(left.count()));
     while (next != questions.end() && underWay.size() < _mostUnderWay)
-      underWay.push_back(_bus.send(*next++, limitInMs));
+      underWay.push_back(_bus.send(*next++, limit));
     const Clock::time_point start = Clock::now();
     underWay.front().waitForFinished();
     answers[i] = underWay.front().reply();
@@ -60,7 +64,7 @@ std::vector<QDBusMessage> AtspiApplication::ask(const std::vector<QDBusMessage>&
     const auto waited = Clock::now() - start;
     _waited += waited;
     _mostUnderWay = waited < quick ? std::min(2 * _mostUnderWay, eager) : cautious;
-    _isThere = !isLost(answers[i]) && _waited < roadLimit;
+    _isThere = !isLost(answers[i]);
   }
   if (!_isThere) answers.assign(questions.size(), QDBusMessage());
   return answers;

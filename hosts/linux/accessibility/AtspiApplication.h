@@ -30,8 +30,8 @@ class AtspiApplication {
   static constexpr std::chrono::seconds roadLimit{15};
 
   /// False from the first question on that was not answered within the limit, or whose addressee
-  /// has gone, or when the road's limit is used up: nothing is sent any more, and every answer is
-  /// empty.
+  /// has gone, or that comes when the road's limit is used up: nothing is sent any more, and every
+  /// answer is empty.
   bool isThere() const { return _isThere; }
   /// Ends a sentence that begins with "because".
   const char* whyNotThere() const;
