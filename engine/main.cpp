@@ -57,8 +57,10 @@ int cleanClipboard(int argc, char** argv, const std::string& token) {
     exitCode = 1;
   };
   session.workspace.setLaunchFailureHandler(fail);
-  session.appleEvents.setFailureHandler(
-      [&fail](qf::AppleEventStatus, const std::string& reason) { fail(reason); });
+  session.appleEvents.setOutcomeHandler(
+      [&fail](qf::AppleEventStatus status, const std::string& reason) {
+        if (status != qf::AppleEventStatus::noError) fail(reason);
+      });
   qf::QFAgent agent({session.appleEvents, session.bundle, session.notifications,
                      session.fileManager, session.workspace});
   agent.setupConnection();

@@ -116,13 +116,17 @@ struct LinuxHost::Services {
              .workspace = workspace} {
     workspace.setLaunchFailureHandler([this](const std::string& reason) {
       isLaunchFailureTold = true;
-      tell(reason);
+      note(Availability::unavailable(reason), engineOutcome);
     });
-    accessibility.setFailureHandler([this](const std::string& reason) { tell(reason); });
-    appleEvents.setFailureHandler([this](AppleEventStatus status, const std::string& reason) {
+    accessibility.setOutcomeHandler(
+        [this](const Availability& outcome) { note(outcome, roadOutcome); });
+    appleEvents.setOutcomeHandler([this](AppleEventStatus status, const std::string& reason) {
+      if (status == AppleEventStatus::noError)
+        return note(Availability::available(), engineOutcome);
       // That nobody took the command of an engine that did not start is no news.
       const bool isTold = std::exchange(isLaunchFailureTold, false);
-      if (!isTold || status != AppleEventStatus::processNotFound) tell(reason);
+      if (!isTold || status != AppleEventStatus::processNotFound)
+        note(Availability::unavailable(reason), engineOutcome);
     });
     for (const auto& [name, availability] : states()) {
       if (!availability.isAvailable) log(name + ": " + availability.reason);
@@ -140,7 +144,8 @@ struct LinuxHost::Services {
         {"StatusBar", statusBar.availability()},
         {"Workspace", workspace.availability()},
     };
-    if (latestFailure) result.emplace("LatestCommand", Availability::unavailable(*latestFailure));
+    if (const Availability outcome = latestOutcome(); !outcome.isAvailable)
+      result.emplace("LatestCommand", outcome);
     return result;
   }
 
@@ -149,11 +154,19 @@ struct LinuxHost::Services {
     return value == Value(true);
   }
 
-  void tell(const std::string& failure) {
-    latestFailure = failure;
-    const std::string text = reasonText(QString::fromStdString(failure)).toStdString();
-    statusBar.setNotice(text);
-    notice.tell(text);
+  Availability latestOutcome() const {
+    return engineOutcome.isAvailable ? roadOutcome : engineOutcome;
+  }
+
+  // A failure stands where a person looks for it until the same has gone well again.
+  void note(const Availability& outcome, Availability& latest) {
+    if (outcome.isAvailable && latest.isAvailable) return;
+    latest = outcome;
+    const auto text = [](const Availability& state) {
+      return reasonText(QString::fromStdString(state.reason)).toStdString();
+    };
+    statusBar.setNotice(text(latestOutcome()));
+    if (!outcome.isAvailable) notice.tell(text(outcome));
   }
 
   LocalCrashReporter crashReporter;
@@ -180,7 +193,8 @@ struct LinuxHost::Services {
   ColorScheme colorScheme;
   UserNotice notice;
   StatusReport statusReport;
-  std::optional<std::string> latestFailure;
+  Availability engineOutcome;  // of what the engine was asked last
+  Availability roadOutcome;    // of the last text that was to be cleaned
   bool isLaunchFailureTold = false;
   Host host;
 };

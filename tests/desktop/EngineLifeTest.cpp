@@ -67,6 +67,7 @@ TEST_F(EngineLife, NotInstalledIsSaidAndInstalledLaterIsFound) {
   EXPECT_TRUE(until(tellsOfAFailure));
   QFile::rename(entry + ".away", entry);
   EXPECT_TRUE(cleans());
+  EXPECT_TRUE(until([] { return !tellsOfAFailure(); }));
 }
 
 TEST_F(EngineLife, NotStartableIsSaidWithItsReason) {

@@ -91,6 +91,10 @@ TEST_P(Roads, StoppedTargetIsLeftAlone) {
   QThread::sleep(2);
   EXPECT_EQ(editor.text(), sample);
   EXPECT_EQ(clipboard::text(), "old");
+
+  agent.pick("Upper Case");
+  EXPECT_TRUE(until([&] { return editor.text() == sample.toUpper(); }));
+  EXPECT_TRUE(until([] { return !Agent::services().contains("LatestCommand"); }));
 }
 
 TEST(CommandLine, HasTheEngineCleanTheClipboard) {

@@ -20,8 +20,8 @@ class AtspiAccessibility : public Accessibility {
 
   /// Besides the bus this tells why the application that was tried last could not be reached.
   Availability availability() const override;
-  /// Called once at the end of each road that was in vain, with the reason; it does not begin one.
-  void setFailureHandler(std::function<void(const std::string&)> handler) {
+  /// Called once at the end of each road on which something was tried; it does not begin one.
+  void setOutcomeHandler(std::function<void(const Availability&)> handler) {
     _obstacle.setHandler(std::move(handler));
   }
   AccessibilityElementRef systemWideElement() override;

@@ -25,11 +25,11 @@ void AtspiObstacle::note(std::int32_t processIdentifier, const std::string& why)
 
 void AtspiObstacle::clear() {
   _sentence.clear();
-  _isUntold = false;
+  _isUntold = true;
 }
 
 void AtspiObstacle::tell() {
-  if (std::exchange(_isUntold, false) && _handler) _handler(_sentence);
+  if (std::exchange(_isUntold, false) && _handler) _handler(availability());
 }
 
 Availability AtspiObstacle::availability() const {

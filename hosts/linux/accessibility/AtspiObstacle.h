@@ -19,8 +19,8 @@ class AtspiObstacle {
   /// `workspace` outlives this and gives applications their names.
   explicit AtspiObstacle(const Workspace& workspace) : _workspace(workspace) {}
 
-  /// Who is told at the end of a road that was in vain.
-  void setHandler(std::function<void(const std::string&)> handler) {
+  /// Who is told at a road's end how it ended, unless nothing was tried.
+  void setHandler(std::function<void(const Availability&)> handler) {
     _handler = std::move(handler);
   }
 
@@ -28,14 +28,14 @@ class AtspiObstacle {
   void note(std::int32_t processIdentifier, const std::string& why);
   /// The road goes on after all.
   void clear();
-  /// Tells what was noted since the last telling, if anything.
+  /// Tells what the last of these said, if there were any since the last telling.
   void tell();
 
   Availability availability() const;
 
  private:
   const Workspace& _workspace;
-  std::function<void(const std::string&)> _handler;
+  std::function<void(const Availability&)> _handler;
   std::string _sentence;
   bool _isUntold = false;
 };

@@ -62,8 +62,7 @@ AppleEventStatus DBusAppleEvents::sendMessage(const AppleEvent& event, std::int3
                                               std::int32_t timeoutInTicks, Data& reply) {
   reply.clear();
   const Outcome outcome = send(event, sendMode, millisecondsFromTicks(timeoutInTicks), reply);
-  if (outcome.status != AppleEventStatus::noError && _failureHandler)
-    _failureHandler(outcome.status, outcome.reason);
+  if (_outcomeHandler) _outcomeHandler(outcome.status, outcome.reason);
   return outcome.status;
 }
 

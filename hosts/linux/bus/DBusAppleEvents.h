@@ -21,8 +21,8 @@ class BusApplications;
 /// with a D-Bus error, unseen by the handlers, and so is more than 16 MiB of data either way.
 class DBusAppleEvents : public AppleEvents {
  public:
-  /// Told why a send has failed, in words for a person.
-  using FailureHandler = std::function<void(AppleEventStatus, const std::string& reason)>;
+  /// Told how a send ended; where it failed, why, in words for a person.
+  using OutcomeHandler = std::function<void(AppleEventStatus, const std::string& reason)>;
 
   static constexpr std::size_t largestData = std::size_t{16} << 20;
 
@@ -30,7 +30,7 @@ class DBusAppleEvents : public AppleEvents {
   explicit DBusAppleEvents(BusApplications& applications);
   ~DBusAppleEvents() override;
 
-  void setFailureHandler(FailureHandler handler) { _failureHandler = std::move(handler); }
+  void setOutcomeHandler(OutcomeHandler handler) { _outcomeHandler = std::move(handler); }
 
   Availability availability() const override;
   void setEventHandler(FourCharCode eventClass, FourCharCode eventID,
@@ -53,7 +53,7 @@ class DBusAppleEvents : public AppleEvents {
   BusApplications& _applications;
   QDBusConnection _bus;
   std::map<std::pair<FourCharCode, FourCharCode>, EventHandler> _handlers;
-  FailureHandler _failureHandler;
+  OutcomeHandler _outcomeHandler;
   QSet<QString> _knownSenders;  ///< unique names of this user's; the bus never gives one twice
 };
 

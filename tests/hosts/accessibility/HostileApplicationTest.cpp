@@ -44,7 +44,9 @@ class HostileApplication : public testing::Test {
   void SetUp() override {
     if (qEnvironmentVariableIsEmpty("QF_SESSION")) GTEST_SKIP() << "needs a private desktop";
     accessibility = std::make_unique<AtspiAccessibility>(pasteboard, workspace);
-    accessibility->setFailureHandler([this](const std::string& why) { told.push_back(why); });
+    accessibility->setOutcomeHandler([this](const Availability& outcome) {
+      if (!outcome.isAvailable) told.push_back(outcome.reason);
+    });
     access = std::make_unique<QFTextAccess>(*accessibility, pasteboard, workspace);
     application = std::make_unique<FakeAtspiApplication>();
     editor = addEditor();

@@ -58,8 +58,9 @@ class Peer {
 class Bus : public ::testing::Test {
  protected:
   Bus() {
-    events.setFailureHandler(
-        [this](AppleEventStatus, const std::string& reason) { reasons.push_back(reason); });
+    events.setOutcomeHandler([this](AppleEventStatus status, const std::string& reason) {
+      if (status != AppleEventStatus::noError) reasons.push_back(reason);
+    });
   }
   ~Bus() override { QDBusConnection::disconnectFromBus("tests"); }
 
