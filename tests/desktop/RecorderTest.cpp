@@ -3,8 +3,11 @@
 #include <gmock/gmock.h>
 #include <linux/input-event-codes.h>
 
+#include <QDBusInterface>
+#include <QDBusMessage>
+#include <QDBusReply>
+
 #include "tests/desktop/Agent.h"
-#include "tests/desktop/Announcements.h"
 #include "tests/desktop/Bell.h"
 #include "tests/desktop/Keyboard.h"
 #include "tests/hosts/keys/PressCounter.h"
@@ -19,6 +22,28 @@ using Keys = std::initializer_list<std::uint16_t>;
 constexpr int focusable = 11, focused = 12, pressed = 20;
 constexpr std::uint32_t keyK = 40;
 constexpr std::uint32_t controlAndOption = hotKeyModifier::control | hotKeyModifier::option;
+
+/// What a screen reader is asked to say, as "text, address of the one who asks".
+class Announcements : public QObject {
+  Q_OBJECT
+
+ public:
+  Announcements() {
+    QDBusInterface locator("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus");
+    const QDBusReply<QString> address = locator.call("GetAddress");
+    QDBusConnection::connectToBus(address.value(), "announcements")
+        .connect("", "", "org.a11y.atspi.Event.Object", "Announcement", this,
+                 SLOT(hear(QDBusMessage)));
+  }
+  QStringList heard;
+
+ private slots:
+  void hear(const QDBusMessage& message) {
+    if (message.signature() != "siiva{sv}") return;
+    heard << message.arguments()[3].value<QDBusVariant>().variant().toString() + ", " +
+                 message.service() + message.path();
+  }
+};
 
 class Recorders : public testing::Test {
  protected:
@@ -198,3 +223,5 @@ TEST_F(Recorders, AreButtonsToKeyboardAndScreenReader) {
 
 }  // namespace
 }  // namespace qf::desktop
+
+#include "RecorderTest.moc"
