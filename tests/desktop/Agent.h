@@ -23,7 +23,7 @@ class Agent {
   void pick(const QString& title, const QString& heldKey = {}, const QString& picture = {});
   /// Opens the menu and leaves it open.
   void openMenu(const QString& heldKey = {});
-  /// What the agent shows under that name, as an entry of its menu.
+  /// What the agent shows under that name: an entry of its open menu, say.
   std::optional<Accessible> showing(const QString& name) const {
     return Accessible::showing(_program.processIdentifier(), name);
   }

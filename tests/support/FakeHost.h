@@ -50,29 +50,13 @@ struct FakeHost {
   FakeUserDefaultsDomains userDefaults;
   FakeWorkspace workspace;
 
-  Host host{
-      .accessibility = accessibility,
-      .appleEvents = appleEvents,
-      .application = application,
-      .bundle = bundle,
-      .crashReporter = crashReporter,
-      .distributedNotificationCenter = distributedNotificationCenter,
-      .eventState = eventState,
-      .fileManager = fileManager,
-      .hotKeys = hotKeys,
-      .keyboardLayout = keyboardLayout,
-      .mainQueue = mainQueue,
-      .menuPresenter = menuPresenter,
-      .paletteWindows = paletteWindows,
-      .pasteboards = pasteboards,
-      .services = services,
-      .shortcutReport = shortcutReport,
-      .sound = sound,
-      .statusBar = statusBar,
-      .symbolicHotKeys = symbolicHotKeys,
-      .userDefaults = userDefaults,
-      .workspace = workspace,
-  };
+  Host host{accessibility,   appleEvents,   application,
+            bundle,          crashReporter, distributedNotificationCenter,
+            eventState,      fileManager,   hotKeys,
+            keyboardLayout,  mainQueue,     menuPresenter,
+            paletteWindows,  pasteboards,   services,
+            shortcutReport,  sound,         statusBar,
+            symbolicHotKeys, userDefaults,  workspace};
 };
 
 }  // namespace qf
