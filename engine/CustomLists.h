@@ -2,12 +2,16 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
 #include "engine/cleaners/FindReplace.h"
 
 namespace qf {
+
+/// The built-in group of a person's own cleaners.
+inline constexpr std::string_view customGroup = "Custom";
 
 /// One step of a person's own cleaner: a built-in cleaner by its token, or finding and replacing.
 using CustomStep = std::variant<std::string, FindReplace>;
@@ -18,6 +22,7 @@ struct CustomCleaner {
   std::string description;  ///< empty for none
   std::string color;        ///< "#" and six hexadecimal digits; empty for none
   std::vector<CustomStep> steps;
+  bool operator==(const CustomCleaner&) const = default;
 };
 
 struct CustomGroup {
@@ -30,14 +35,18 @@ struct CustomGroup {
 
   std::string name;
   std::vector<Entry> entries;
+  bool operator==(const CustomGroup&) const = default;
 };
 
 /// A person's own cleaners and groups, in their order.
 struct CustomLists {
-  std::vector<CustomCleaner> cleaners;
-  std::vector<CustomGroup> groups;
+  std::vector<CustomCleaner> cleaners = {};
+  std::vector<CustomGroup> groups = {};
   /// What was left out of the file, with the place of each.
-  std::vector<std::string> faults;
+  std::vector<std::string> faults = {};
+  /// The tokens of cleaners that were left out: nothing new may take their places.
+  std::vector<std::string> tokensLeftOut = {};
+  bool operator==(const CustomLists&) const = default;
 };
 
 }  // namespace qf

@@ -18,7 +18,7 @@ constexpr std::chrono::milliseconds findingLimit{1000};
 
 bool isSpecial(std::string_view token) {
   return token == specialToken::spacer || token == specialToken::nothing ||
-         token.starts_with(specialToken::labelPrefix);
+         specialToken::isLabel(token);
 }
 
 bool isColor(std::string_view text) {
@@ -39,6 +39,8 @@ class Reader {
       if (auto cleaner = readCleaner(entry, place)) {
         _tokens.insert(cleaner->token);
         _lists.cleaners.push_back(*std::move(cleaner));
+      } else {
+        _lists.tokensLeftOut.push_back(cleanerToken(entry));
       }
     });
     forEach(document, "groups", "", [this](const JSON& entry, const std::string& place) {
@@ -84,9 +86,10 @@ class Reader {
   /// A wrong colour costs only itself.
   std::string color(const JSON& object, const std::string& place) {
     const std::string color = text(object, "color", place).value_or("");
-    if (color.empty() || isColor(color)) return color;
-    fault(place + ".color", "must be \"#\" and six hexadecimal digits");
-    return "";
+    if (!color.empty() && !isColor(color)) {
+      fault(place + ".color", "must be \"#\" and six hexadecimal digits");
+    }
+    return entryColor(object);
   }
 
   std::optional<std::string> name(const JSON& entry, const std::string& place) {
@@ -107,11 +110,7 @@ class Reader {
     if (!name) return std::nullopt;
     const auto token = text(entry, "token", place), description = text(entry, "description", place);
     if (!token || !description) return std::nullopt;
-    CustomCleaner cleaner{*name,
-                          token->empty() ? std::string(customTokenPrefix) + *name : *token,
-                          *description,
-                          color(entry, place),
-                          {}};
+    CustomCleaner cleaner{*name, cleanerToken(entry), *description, color(entry, place), {}};
     if (_builtIn.contains(cleaner.token) || cleaner.token == undoToken ||
         isSpecial(cleaner.token) || _tokens.contains(cleaner.token)) {
       fault(place, "the token \"" + cleaner.token + "\" is taken");
@@ -154,7 +153,7 @@ class Reader {
   std::optional<CustomGroup> readGroup(const JSON& entry, const std::string& place) {
     const auto name = this->name(entry, place);
     if (!name) return std::nullopt;
-    const bool taken = *name == "Custom" || !_groupNames.insert(*name).second;
+    const bool taken = *name == customGroup || !_groupNames.insert(*name).second;
     if (taken) {
       fault(place, "the name \"" + *name + "\" is taken");
       return std::nullopt;
@@ -191,6 +190,21 @@ Stage makeStage(const CustomStep& step, const QFCleanerLibrary::Cleaners& builtI
 }
 
 }  // namespace
+
+std::string textIn(const JSON& object, const char* key) {
+  const auto found = object.is_object() ? object.find(key) : object.end();
+  return found != object.end() && found->is_string() ? found->get<std::string>() : "";
+}
+
+std::string cleanerToken(const JSON& entry) {
+  const std::string token = textIn(entry, "token");
+  return token.empty() ? std::string(customTokenPrefix) + textIn(entry, "name") : token;
+}
+
+std::string entryColor(const JSON& entry) {
+  const std::string color = textIn(entry, "color");
+  return isColor(color) ? color : "";
+}
 
 CustomLists readCustomLists(const JSON& document,
                             const QFCleanerLibrary::Cleaners& builtInCleaners) {

@@ -9,8 +9,6 @@
 namespace qf {
 namespace {
 
-constexpr std::string_view customGroup = "Custom";
-
 Array arrayIn(const Dictionary& dictionary, std::string_view key) {
   const Array* array = dictionary.array(key);
   return array ? *array : Array();

@@ -7,31 +7,32 @@
 #include "engine/CustomListsReader.h"
 #include "host/FileManager.h"
 #include "hosts/linux/files/PrivateFiles.h"
+#include "kit/QFKListFormat.h"
 
 namespace qf {
 namespace {
 
 using JSON = nlohmann::ordered_json;
 
-JSON encoded(const CustomStep& step) {
-  if (const auto* token = std::get_if<std::string>(&step)) return *token;
-  const auto& replacement = std::get<FindReplace>(step);
-  JSON result = {{"find", replacement.find}, {"replace", replacement.replace}};
-  if (replacement.isRegularExpression) result["regex"] = true;
-  if (replacement.ignoresCase) result["ignoreCase"] = true;
-  return result;
-}
-
-JSON encoded(const CustomGroup::Entry& entry) {
-  if (entry.color.empty()) return entry.token;
-  return {{"token", entry.token}, {"color", entry.color}};
-}
-
-void setOrErase(JSON& object, const char* key, const std::string& value) {
-  if (value.empty()) {
+/// A field that reads as what is wanted stays as it stands, what means nothing included.
+void setField(JSON& object, const char* key, const std::string& wanted,
+              const std::string& readsAs) {
+  if (wanted == readsAs) return;
+  if (wanted.empty()) {
     object.erase(key);
   } else {
-    object[key] = value;
+    object[key] = wanted;
+  }
+}
+
+bool flagIn(const JSON& object, const char* key) { return object.value(key, JSON()) == true; }
+
+void setFlag(JSON& object, const char* key, bool wanted) {
+  if (wanted == flagIn(object, key)) return;
+  if (wanted) {
+    object[key] = true;
+  } else {
+    object.erase(key);
   }
 }
 
@@ -45,17 +46,7 @@ JSON& listIn(JSON& document, const std::string& key) {
   return result;
 }
 
-std::string textIn(const JSON& object, const char* key) {
-  const auto found = object.is_object() ? object.find(key) : object.end();
-  return found != object.end() && found->is_string() ? found->get<std::string>() : "";
-}
-
 std::string nameOf(const JSON& group) { return textIn(group, "name"); }
-
-std::string tokenOf(const JSON& cleaner) {
-  const std::string token = textIn(cleaner, "token");
-  return token.empty() ? std::string(customTokenPrefix) + textIn(cleaner, "name") : token;
-}
 
 using Identity = std::string (*)(const JSON&);
 
@@ -77,29 +68,79 @@ void removeEntry(JSON& list, Identity identity, std::string_view id) {
   if (found != list.end()) list.erase(found);
 }
 
+// How the items of a list are read, recognised after an edit, and written.
+
 std::string entryToken(const JSON& item) {
   return item.is_string() ? item.get<std::string>() : textIn(item, "token");
 }
 
-/// The group's entries as the file holds them already, as far as it does, so that keys of theirs
-/// that mean nothing stay.
-JSON encodedEntries(const CustomGroup& group, JSON stored) {
-  JSON result = JSON::array();
-  if (!stored.is_array()) stored = JSON::array();
-  for (const auto& item : group.entries) {
-    const auto found = std::find_if(stored.begin(), stored.end(), [&](const JSON& known) {
-      return known.is_object() && entryToken(known) == item.token;
-    });
-    if (found == stored.end()) {
-      result.push_back(encoded(item));
-      continue;
-    }
-    setOrErase(*found, "color", item.color);
-    result.push_back(*found);
-    stored.erase(found);
+bool readsAs(const JSON& stored, const CustomGroup::Entry& entry) {
+  return entryToken(stored) == entry.token && entryColor(stored) == entry.color;
+}
+
+bool canHaveBeen(const JSON& stored, const CustomGroup::Entry& entry) {
+  const std::string token = entryToken(stored);
+  return token == entry.token ||
+         (specialToken::isLabel(token) && specialToken::isLabel(entry.token));
+}
+
+void write(JSON& stored, const CustomGroup::Entry& entry) {
+  if (!stored.is_object() && entry.color.empty()) {
+    stored = entry.token;
+    return;
   }
-  for (const JSON& left : stored) {
-    if (entryToken(left).empty()) result.push_back(left);
+  if (!stored.is_object()) stored = JSON::object();
+  setField(stored, "token", entry.token, entryToken(stored));
+  setField(stored, "color", entry.color, entryColor(stored));
+}
+
+bool readsAs(const JSON& stored, const CustomStep& step) {
+  if (const auto* token = std::get_if<std::string>(&step)) return stored == *token;
+  return stored.is_object() &&
+         step == CustomStep(FindReplace{textIn(stored, "find"), textIn(stored, "replace"),
+                                        flagIn(stored, "regex"), flagIn(stored, "ignoreCase")});
+}
+
+bool canHaveBeen(const JSON& stored, const CustomStep& step) {
+  return stored.is_object() && std::holds_alternative<FindReplace>(step);
+}
+
+void write(JSON& stored, const CustomStep& step) {
+  if (const auto* token = std::get_if<std::string>(&step)) {
+    stored = *token;
+    return;
+  }
+  const auto& replacement = std::get<FindReplace>(step);
+  if (!stored.is_object()) stored = JSON::object();
+  setField(stored, "find", replacement.find, textIn(stored, "find"));
+  setField(stored, "replace", replacement.replace, textIn(stored, "replace"));
+  setFlag(stored, "regex", replacement.isRegularExpression);
+  setFlag(stored, "ignoreCase", replacement.ignoresCase);
+}
+
+/// Takes the first of the stored that fits; null where none does.
+template <class Fits>
+JSON take(JSON& stored, Fits&& fits) {
+  const auto found = std::find_if(stored.begin(), stored.end(), fits);
+  if (found == stored.end()) return {};
+  JSON taken = *found;
+  stored.erase(found);
+  return taken;
+}
+
+/// The items as the file holds them already, as far as it does, so that keys of theirs that mean
+/// nothing stay: first those that have not changed, then, of what is left, what an item can have
+/// been before its edit. Those that are not wanted are left in `stored`.
+template <class Item>
+JSON encoded(const std::vector<Item>& items, JSON& stored) {
+  JSON result = JSON::array();
+  for (const Item& item : items) {
+    result.push_back(take(stored, [&](const JSON& known) { return readsAs(known, item); }));
+  }
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (!result[i].is_null()) continue;
+    result[i] = take(stored, [&](const JSON& known) { return canHaveBeen(known, items[i]); });
+    write(result[i], items[i]);
   }
   return result;
 }
@@ -139,28 +180,33 @@ std::optional<Error> QFCustomFile::edit(const std::function<void(JSON&)>& change
 
 std::optional<Error> QFCustomFile::storeCleaner(const CustomCleaner& cleaner) {
   return edit([&](JSON& document) {
-    JSON& entry = entryToStore(listIn(document, "cleaners"), tokenOf, cleaner.token);
-    const bool usual = cleaner.token == std::string(customTokenPrefix) + cleaner.name;
-    entry["name"] = cleaner.name;
-    setOrErase(entry, "token", usual ? "" : cleaner.token);
-    setOrErase(entry, "description", cleaner.description);
-    setOrErase(entry, "color", cleaner.color);
-    entry["steps"] = JSON::array();
-    for (const CustomStep& step : cleaner.steps) entry["steps"].push_back(encoded(step));
+    JSON& entry = entryToStore(listIn(document, "cleaners"), cleanerToken, cleaner.token);
+    setField(entry, "name", cleaner.name, nameOf(entry));
+    setField(entry, "token", cleaner.token, cleanerToken(entry));
+    setField(entry, "description", cleaner.description, textIn(entry, "description"));
+    setField(entry, "color", cleaner.color, entryColor(entry));
+    JSON& steps = listIn(entry, "steps");
+    steps = encoded(cleaner.steps, steps);
   });
 }
 
 std::optional<Error> QFCustomFile::removeCleaner(std::string_view token) {
-  return edit([&](JSON& document) { removeEntry(listIn(document, "cleaners"), tokenOf, token); });
+  return edit(
+      [&](JSON& document) { removeEntry(listIn(document, "cleaners"), cleanerToken, token); });
 }
 
 std::optional<Error> QFCustomFile::storeGroup(const CustomGroup& group,
                                               std::string_view formerName) {
   return edit([&](JSON& document) {
-    const std::string_view stored = formerName.empty() ? group.name : formerName;
-    JSON& entry = entryToStore(listIn(document, "groups"), nameOf, stored);
-    entry["name"] = group.name;
-    entry["entries"] = encodedEntries(group, entry.value("entries", JSON::array()));
+    const std::string_view name = formerName.empty() ? group.name : formerName;
+    JSON& entry = entryToStore(listIn(document, "groups"), nameOf, name);
+    setField(entry, "name", group.name, nameOf(entry));
+    JSON& stored = listIn(entry, "entries");
+    JSON entries = encoded(group.entries, stored);
+    for (const JSON& left : stored) {
+      if (entryToken(left).empty()) entries.push_back(left);
+    }
+    stored = entries;
   });
 }
 

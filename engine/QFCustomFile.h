@@ -28,8 +28,9 @@ class QFCustomFile {
   /// A missing file holds nothing. Fails, saying where, when the file is no JSON at all.
   Result<CustomLists> read(const QFCleanerLibrary::Cleaners& builtInCleaners) const;
 
-  // Each changes that one entry and writes the file, all at once. Everything else in it stays, what
-  // could not be read included. A file that is no JSON is not written, and the error says so.
+  // Each changes of that one entry what differs from what is read there, and writes the file, all
+  // at once. Everything else in it stays, what could not be read included. A file that is no JSON
+  // is not written, and the error says so.
 
   /// In the place of the cleaner of that token, or behind the last.
   std::optional<Error> storeCleaner(const CustomCleaner& cleaner);

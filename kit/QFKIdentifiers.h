@@ -28,4 +28,8 @@ inline constexpr std::string_view ClientQFMenuPrefsChangedNotification =
 inline constexpr std::string_view launchAsAgentDefault = "qfkLaunchAsAgent";
 inline constexpr std::string_view showPreferencesDefault = "qfkShowPreferences";
 
+// In the agent's own domain.
+inline constexpr std::string_view selectedGroupDefault = "SelectedGroup";
+inline constexpr std::string_view paletteTakesKeyboardDefault = "PaletteTakesKeyboard";
+
 }  // namespace qf

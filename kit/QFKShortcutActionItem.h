@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "foundation/Value.h"
 
@@ -30,9 +31,11 @@ class QFKShortcutActionItem {
 
   static constexpr std::int64_t appliesCleaner = 0;
   static constexpr std::int64_t popsUpGroup = 1;
+  /// In the place of a group's name: the one that the menu shows.
+  static constexpr std::string_view currentGroup = "#current";
 
   std::int64_t type = appliesCleaner;  ///< any other than these two does nothing
-  /// The cleaner's token; or the group's name, or "#current" for the group that the menu shows.
+  /// The cleaner's token; or the group's name, or `currentGroup`.
   std::optional<std::string> typeValue = "#SCRUB";
   bool hasShortcut = false;     ///< whether a combination was recorded
   std::uint64_t keycode = 0;    ///< virtual key code

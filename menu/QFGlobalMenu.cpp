@@ -17,6 +17,7 @@
 #include "kit/QFKClientBase.h"
 #include "kit/QFKIdentifiers.h"
 #include "kit/QFKMenuSettingsManager.h"
+#include "kit/QFKShortcutActionItem.h"
 #include "menu/MenuActions.h"
 #include "menu/PaletteControl.h"
 #include "textaccess/QFCurrentAppTracker.h"
@@ -25,7 +26,6 @@
 namespace qf {
 namespace {
 
-constexpr std::string_view selectedGroupKey = "SelectedGroup";
 constexpr std::int64_t allGroupsStyle = 1;
 
 }  // namespace
@@ -38,7 +38,7 @@ QFGlobalMenu::QFGlobalMenu(Collaborators collaborators)
       _allowGlobalPalette(_with.palette != nullptr),
       _builder(_with.client, _with.bundle, *this, _with.paletteKeyEquivalent) {
   _statusMenu.delegate = this;
-  const auto selected = _with.userDefaults.objectForKey(selectedGroupKey);
+  const auto selected = _with.userDefaults.objectForKey(selectedGroupDefault);
   if (const auto name = selected ? selected->string() : std::nullopt) _currentGroup = *name;
 }
 
@@ -150,14 +150,15 @@ void QFGlobalMenu::applyCleaner(const std::string& token, std::uint64_t modifier
 
 void QFGlobalMenu::changeGroupTo(const std::string& group) {
   _currentGroup = group;
-  _with.userDefaults.setObject(Value(group), selectedGroupKey);
+  _with.userDefaults.setObject(Value(group), selectedGroupDefault);
   _with.distributedNotificationCenter.post(SharedGroupsDataChangedNotification);
 }
 
 void QFGlobalMenu::showGroupMenuPopup(const std::optional<std::string>& group) {
   const Point location = _with.eventState.mouseLocation();
   if (!group) return;
-  const std::string name = *group == "#current" ? _currentGroup.value_or("") : *group;
+  const std::string name =
+      *group == QFKShortcutActionItem::currentGroup ? _currentGroup.value_or("") : *group;
 
   auto menu = std::make_shared<Menu>("popup");
   for (const MenuItemRef& item : _builder.menuItemsForGroup(name, menu->font)) {

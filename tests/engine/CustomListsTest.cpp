@@ -147,6 +147,29 @@ TEST_F(CustomListsOf, renamingKeepsTokensPlacesAndWhatIsNotUnderstood) {
               testing::AllOf(HasSubstr("\"my\": 1"), HasSubstr("#NOPE"), HasSubstr("7")));
 }
 
+TEST_F(CustomListsOf, anEditKeepsWhatItsEntryHoldsBesides) {
+  CustomLists lists = read(R"({"cleaners": [{"name": "A", "color": "red", "steps": [
+          {"find": "x", "mine": 1}, {"find": "y", "mine": 2}, {"find": "z", "mine": 3}]}],
+      "groups": [{"name": "G", "entries": [
+          {"token": "#TRIM", "color": "blue"}, {"token": "#LABEL:a", "mine": 4}]}]})");
+  CustomCleaner& cleaner = lists.cleaners[0];
+  cleaner.name = "B";
+  std::swap(cleaner.steps[0], cleaner.steps[2]);
+  std::get<FindReplace>(cleaner.steps[1]).replace = "new";
+  EXPECT_FALSE(file.storeCleaner(cleaner));
+  lists.groups[0].entries[1].token = "#LABEL:b";
+  EXPECT_FALSE(file.storeGroup(lists.groups[0]));
+  std::string compact = written();
+  std::erase_if(compact, [](char c) { return c == ' ' || c == '\n'; });
+  EXPECT_THAT(
+      compact,
+      testing::AllOf(HasSubstr(R"("color":"red")"),
+                     HasSubstr(R"([{"find":"z","mine":3},)"
+                               R"({"find":"y","mine":2,"replace":"new"},{"find":"x","mine":1}])"),
+                     HasSubstr(R"([{"token":"#TRIM","color":"blue"},)"
+                               R"({"token":"#LABEL:b","mine":4}])")));
+}
+
 TEST_F(CustomListsOf, aFileThatIsNoJSONIsNeitherReadNorWritten) {
   TemporaryHome::write(home / "cleaners.json", "{\"cleaners\": [\n  {]}");
   const auto lists = file.read(library.builtInCleaners());
