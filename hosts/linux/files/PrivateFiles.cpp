@@ -109,4 +109,16 @@ std::optional<Error> replaceFile(const std::filesystem::path& path,
   return failure("cannot write", path, reason);
 }
 
+Result<std::filesystem::path> putAside(const std::filesystem::path& path) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  fs::path aside = path.string() + ".damaged";
+  for (int number = 2; fs::exists(fs::symlink_status(aside, error)); ++number) {
+    aside = path.string() + ".damaged-" + std::to_string(number);
+  }
+  fs::rename(path, aside, error);
+  if (error) return failure("cannot put aside", path, error.value());
+  return aside;
+}
+
 }  // namespace qf

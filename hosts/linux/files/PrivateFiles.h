@@ -6,6 +6,7 @@
 #include <span>
 
 #include "foundation/Error.h"
+#include "foundation/Result.h"
 #include "foundation/Value.h"
 
 namespace qf {
@@ -23,5 +24,10 @@ std::optional<Data> readRegularFile(const std::filesystem::path& path);
 /// disk the old one stays.
 std::optional<Error> replaceFile(const std::filesystem::path& path,
                                  std::span<const std::uint8_t> bytes);
+
+/// Gives a file that cannot be understood another name, by which a person may still mend it:
+/// ".damaged" behind its own, or the first of ".damaged-2", ".damaged-3" and so on that is free.
+/// Answers the new path.
+Result<std::filesystem::path> putAside(const std::filesystem::path& path);
 
 }  // namespace qf

@@ -2,7 +2,6 @@
 #include "hosts/linux/files/PropertyListDomain.h"
 
 #include <chrono>
-#include <system_error>
 #include <utility>
 
 #include "foundation/Log.h"
@@ -42,9 +41,8 @@ void PropertyListDomain::flush() {
   if (!bytes) return log("Settings cannot be stored: " + bytes.error().localizedDescription);
   auto failure = createPrivateFolder(_file->parent_path());
   if (!failure && !_fault.empty()) {
-    // A person may still want to mend what they wrote by hand.
-    std::error_code ignored;
-    std::filesystem::rename(*_file, _file->string() + ".damaged", ignored);
+    const auto aside = putAside(*_file);
+    if (!aside) failure = aside.error();
   }
   if (!failure) failure = replaceFile(*_file, *bytes);
   if (failure) return log("Settings cannot be stored: " + failure->localizedDescription);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/files/UserLanguages.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <sstream>
 
@@ -12,9 +13,24 @@ std::string valueOf(const char* variable) {
   return value ? value : "";
 }
 
-/// Of "de_AT.UTF-8@euro": "de_AT".
+/// Of "de_AT.UTF-8@euro": "de_AT@euro".
 std::string withoutEncoding(const std::string& locale) {
-  return locale.substr(0, locale.find_first_of(".@"));
+  const std::size_t dot = locale.find('.');
+  if (dot == std::string::npos) return locale;
+  const std::size_t at = locale.find('@', dot);
+  return locale.substr(0, dot) + (at == std::string::npos ? "" : locale.substr(at));
+}
+
+/// What a locale stands for, the most particular first, as gettext looks for it.
+std::vector<std::string> languagesOf(const std::string& locale) {
+  const std::string territory = locale.substr(0, locale.find('@'));
+  const std::string variant = locale.substr(territory.size());
+  const std::string language = territory.substr(0, territory.find('_'));
+  std::vector<std::string> languages;
+  for (const std::string& name : {territory + variant, territory, language + variant, language}) {
+    if (std::ranges::find(languages, name) == languages.end()) languages.push_back(name);
+  }
+  return languages;
 }
 
 std::string localeOfMessages() {
@@ -35,10 +51,9 @@ std::vector<std::string> userLanguages() {
     entry = withoutEncoding(entry);
     // A path would lead out of the resources.
     if (entry.empty() || entry.find('/') != std::string::npos) continue;
-    const std::string language = entry.substr(0, entry.find('_'));
-    if (language == "en") break;
-    languages.push_back(entry);
-    if (language != entry) languages.push_back(language);
+    const auto known = languagesOf(entry);
+    if (known.back() == "en") break;
+    languages.insert(languages.end(), known.begin(), known.end());
   }
   return languages;
 }

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/workspace/DesktopEntry.h"
 
-#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <utility>
+
+#include "hosts/linux/files/UserLanguages.h"
 
 namespace qf {
 namespace {
@@ -76,22 +77,10 @@ std::string field(const Fields& fields, std::string_view key) {
   return found == fields.end() ? std::string() : found->second;
 }
 
-std::string userLocale() {
-  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"})
-    if (const char* value = std::getenv(variable); value && *value) return value;
-  return {};
-}
-
-/// The best of the translated values, in the order that the standard gives.
+/// The best of the translated values.
 std::string localizedField(const Fields& fields, const std::string& key) {
-  const std::string locale = userLocale();
-  const std::size_t at = locale.find('@');
-  const std::string modifier = at == std::string::npos ? "" : locale.substr(at);
-  const std::string territory = locale.substr(0, locale.find_first_of(".@"));
-  const std::string language = territory.substr(0, territory.find('_'));
-  for (const std::string& wanted :
-       {territory + modifier, territory, language + modifier, language}) {
-    const auto found = fields.find(std::string(key).append("[").append(wanted).append("]"));
+  for (const std::string& language : userLanguages()) {
+    const auto found = fields.find(std::string(key).append("[").append(language).append("]"));
     if (found != fields.end()) return found->second;
   }
   return field(fields, key);

@@ -70,6 +70,9 @@ TEST_F(PropertyListUserDefaultsTest, seesAndKeepsWhatOtherProcessesStore) {
   EXPECT_EQ(defaults.objectForKey("b"), Value("edits"));
   std::filesystem::remove(file);
   EXPECT_EQ(defaults.objectForKey("b"), std::nullopt);
+  defaults.setObject(2, "b");
+  EXPECT_EQ(TemporaryHome::text(file.string() + ".damaged"), "<plist><dict><key>a</key>");
+  EXPECT_EQ(TemporaryHome::text(file.string() + ".damaged-2"), "<plist><array/></plist>");
 }
 
 TEST_F(PropertyListUserDefaultsTest, writesThroughALinkToTheFileBehindIt) {
@@ -92,6 +95,9 @@ TEST_F(PropertyListUserDefaultsTest, aDamagedFileReadsAsEmptyAndIsKeptAside) {
   EXPECT_EQ(defaults.objectForKey("b"), Value(1));
   TemporaryHome::write(file, "<plist><array/></plist>");
   EXPECT_EQ(defaults.objectForKey("b"), std::nullopt);
+  defaults.setObject(2, "b");
+  EXPECT_EQ(TemporaryHome::text(file.string() + ".damaged"), "<plist><dict><key>a</key>");
+  EXPECT_EQ(TemporaryHome::text(file.string() + ".damaged-2"), "<plist><array/></plist>");
 }
 
 TEST_F(PropertyListUserDefaultsTest, aStoreThatFailsIsLoggedRememberedAndTriedAgainWithTheNext) {

@@ -41,6 +41,10 @@ TEST(DesktopEntry, ReadsTheMainGroupInTheUsersLanguage) {
   EXPECT_EQ(DesktopEntry::parse(text, "/a/org.b.c.desktop")->name, "Schreibwerk");
   setenv("LC_ALL", "de_CH@euro", 1);
   EXPECT_EQ(DesktopEntry::parse(text, "/a/org.b.c.desktop")->name, "Schreiber");
+  setenv("LC_ALL", "fr_FR", 1);
+  setenv("LANGUAGE", "fr:de_AT", 1);
+  EXPECT_EQ(DesktopEntry::parse(text, "/a/org.b.c.desktop")->name, "Schreibwerk");
+  unsetenv("LANGUAGE");
   setenv("LC_ALL", "C", 1);
   const auto entry = DesktopEntry::parse(text, "/a/org.b.c.desktop");
   EXPECT_EQ(entry->name, "Editor");
