@@ -3,8 +3,6 @@
 
 #include <QString>
 
-#include "host/Availability.h"
-
 class QAccessibleInterface;
 
 namespace qf {
@@ -13,9 +11,8 @@ namespace qf {
 class Announcer {
  public:
   virtual ~Announcer() = default;
-  /// Unavailable with the reason after an announcement that could not be made.
-  virtual Availability availability() const = 0;
-  /// In the name of the source; `isUrgent` has it said before what waits to be said.
+  /// An announcement that cannot be made is logged. In the name of the source; `isUrgent` has it
+  /// said before what waits to be said.
   virtual void announce(QAccessibleInterface& source, const QString& text, bool isUrgent) = 0;
 };
 

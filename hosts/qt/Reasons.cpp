@@ -36,6 +36,7 @@ constexpr const char* known[] = {
     QT_TRANSLATE_NOOP("qf::Reasons", "its elements are nested too deeply"),
     QT_TRANSLATE_NOOP("qf::Reasons", "The text in %1 cannot be cleaned, because %2"),
     QT_TRANSLATE_NOOP("qf::Reasons", "The text cannot be cleaned, because %1"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "it has ended"),
     QT_TRANSLATE_NOOP("qf::Reasons", "it does not answer"),
     QT_TRANSLATE_NOOP("qf::Reasons", "it answers too slowly"),
     QT_TRANSLATE_NOOP("qf::Reasons", "it shows no window on the accessibility bus"),
@@ -74,9 +75,6 @@ constexpr const char* known[] = {
     QT_TRANSLATE_NOOP(
         "qf::Reasons",
         "the accessibility bus is off; install at-spi2-core, then log out and in again"),
-    QT_TRANSLATE_NOOP("qf::Reasons",
-                      "screen readers are not told what was recorded: this program is not on the "
-                      "accessibility bus"),
     QT_TRANSLATE_NOOP("qf::Reasons", "the command holds more than 16 MiB of data"),
     QT_TRANSLATE_NOOP("qf::Reasons", "Quenfold is not running; is it installed?"),
     QT_TRANSLATE_NOOP("qf::Reasons", "the session bus did not take the command"),
@@ -86,6 +84,9 @@ constexpr const char* known[] = {
     QT_TRANSLATE_NOOP("qf::Reasons", "the application is not installed"),
     QT_TRANSLATE_NOOP("qf::Reasons", "cannot connect to the X server %1"),
     QT_TRANSLATE_NOOP("qf::Reasons", "no X server: DISPLAY is not set"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "No X display: start Quenfold in a desktop session with X11 or XWayland "
+                      "(DISPLAY)."),
     QT_TRANSLATE_NOOP("qf::Reasons", "the X server lacks the XFIXES extension"),
     QT_TRANSLATE_NOOP("qf::Reasons", "there is no X display; hot keys work in an X11 session only"),
     QT_TRANSLATE_NOOP("qf::Reasons", "the X server lacks the XKEYBOARD extension"),
@@ -117,25 +118,31 @@ constexpr const char* known[] = {
 std::optional<QStringList> fillings(const QString& text, const QString& pattern) {
   QString form = QRegularExpression::escape(pattern);
   for (const char* place : {"\\%1", "\\%2"}) form.replace(QLatin1String(place), "(.+)");
-  const QRegularExpression expression(QRegularExpression::anchoredPattern(form),
-                                      QRegularExpression::DotMatchesEverythingOption);
+  const QRegularExpression expression(QRegularExpression::anchoredPattern(form));
   const auto match = expression.match(text);
   if (!match.hasMatch()) return std::nullopt;
   return match.capturedTexts().mid(1);
 }
 
-}  // namespace
-
-QString reasonText(const QString& english) {
+QString lineText(const QString& english) {
   for (const char* pattern : known) {
     const auto parts = fillings(english, pattern);
     if (!parts) continue;
-    QString text = QCoreApplication::translate("qf::Reasons", pattern);
+    const QString text = QCoreApplication::translate("qf::Reasons", pattern);
     // One reason may hold another.
-    for (const QString& part : *parts) text = text.arg(reasonText(part));
-    return text;
+    const auto part = [&parts](qsizetype i) { return lineText(parts->value(i)); };
+    if (parts->isEmpty()) return text;
+    return parts->size() == 1 ? text.arg(part(0)) : text.arg(part(0), part(1));
   }
   return english;
+}
+
+}  // namespace
+
+QString reasonText(const QString& english) {
+  QStringList lines = english.split('\n');
+  for (QString& line : lines) line = lineText(line);
+  return lines.join('\n');
 }
 
 }  // namespace qf

@@ -20,10 +20,6 @@ enum Politeness { polite = 1, assertive = 2 };
 
 }  // namespace
 
-Availability AtspiAnnouncer::availability() const {
-  return _fault ? Availability::unavailable(*_fault) : Availability::available();
-}
-
 void AtspiAnnouncer::announce(QAccessibleInterface& source, const QString& text, bool isUrgent) {
   // Without a screen reader nobody misses it.
   if (!QAccessible::isActive()) return;
@@ -33,11 +29,9 @@ void AtspiAnnouncer::announce(QAccessibleInterface& source, const QString& text,
       QStringLiteral("org.a11y.atspi.Event.Object"), QStringLiteral("Announcement"));
   message << QString() << int(isUrgent ? assertive : polite) << 0
           << QVariant::fromValue(QDBusVariant(text)) << QVariantMap();
-  _fault.reset();
   if (bus.isConnected() && bus.send(message)) return;
-  _fault =
-      "screen readers are not told what was recorded: this program is not on the accessibility bus";
-  log(*_fault);
+  log("screen readers are not told what was recorded: this program is not on the accessibility "
+      "bus");
 }
 
 }  // namespace qf

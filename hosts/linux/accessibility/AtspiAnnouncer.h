@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <optional>
-#include <string>
-
 #include "hosts/qt/Announcer.h"
 
 namespace qf {
@@ -12,11 +9,7 @@ namespace qf {
 /// (org.a11y.atspi.Event.Object); Qt 6.4 has no event for it.
 class AtspiAnnouncer final : public Announcer {
  public:
-  Availability availability() const override;
   void announce(QAccessibleInterface& source, const QString& text, bool isUrgent) override;
-
- private:
-  std::optional<std::string> _fault;
 };
 
 }  // namespace qf

@@ -44,7 +44,7 @@ Availability XcbHotKeys::availability() const {
   if (!keyboard.isAvailable) return keyboard;
   std::string reasons = isOnWayland() ? waylandReason : "";
   for (const auto& [combination, reason] : _refusals) {
-    if (!reasons.empty()) reasons += "; ";
+    if (!reasons.empty()) reasons += '\n';
     reasons += reason;
   }
   return reasons.empty() ? keyboard : Availability::unavailable(reasons);

@@ -16,7 +16,6 @@ namespace {
 
 class SilentAnnouncer : public Announcer {
  public:
-  Availability availability() const override { return Availability::available(); }
   void announce(QAccessibleInterface&, const QString&, bool) override {}
 };
 
