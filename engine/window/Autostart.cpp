@@ -2,11 +2,13 @@
 #include "engine/window/Autostart.h"
 
 #include <QCoreApplication>
+#include <QStandardPaths>
 #include <cstdlib>
 #include <sstream>
 
 #include "hosts/linux/files/PrivateFiles.h"
 #include "hosts/linux/files/XdgFolders.h"
+#include "hosts/linux/workspace/DesktopEntry.h"
 
 namespace qf {
 namespace {
@@ -15,6 +17,7 @@ namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 
 constexpr const char* entryName = "org.quenfold.Menu.desktop";
+constexpr const char* execKey = "Exec";
 constexpr const char* hiddenKey = "Hidden";
 constexpr const char* gnomeKey = "X-GNOME-Autostart-enabled";
 
@@ -65,6 +68,14 @@ void set(Lines& lines, const std::string& key, const std::string& value) {
   }
 }
 
+/// The program of a command line.
+bool isThere(const std::string& commandLine) {
+  DesktopEntry entry;
+  entry.exec = commandLine;
+  const auto words = entry.commandLine();
+  return !words.empty() && !QStandardPaths::findExecutable(words.front().c_str()).isEmpty();
+}
+
 bool starts(const Lines& entry) {
   return find(entry, hiddenKey).value != "true" && find(entry, gnomeKey).value != "false";
 }
@@ -72,7 +83,8 @@ bool starts(const Lines& entry) {
 }  // namespace
 
 Autostart::Places Autostart::usualPlaces(const fs::path& pattern) {
-  Places places{xdgConfigHome().value_or("") / "autostart" / entryName, {}, pattern};
+  const auto home = xdgConfigHome();
+  Places places{home ? *home / "autostart" / entryName : fs::path(), {}, pattern};
   const char* listed = std::getenv("XDG_CONFIG_DIRS");
   std::istringstream folders(listed && *listed ? listed : "/etc/xdg");
   for (std::string folder; std::getline(folders, folder, ':');) {
@@ -90,19 +102,27 @@ bool Autostart::isOn() const {
 }
 
 std::optional<Error> Autostart::setOn(bool isOn) const {
+  if (_places.own.empty()) {
+    return Error{QCoreApplication::translate("qf::Autostart",
+                                             "There is no home folder that could hold the start at "
+                                             "login: see that HOME is set.")
+                     .toStdString()};
+  }
   const Lines pattern = linesOf(_places.pattern).value_or(Lines());
   Lines entry = linesOf(_places.own).value_or(pattern);
   if (isOn && pattern.empty()) {
     return Error{
         QCoreApplication::translate("qf::Autostart", "%1 is missing: install Quenfold anew.")
-            .arg(_places.pattern.c_str())
+            .arg(_places.pattern.empty() ? "autostart.desktop" : _places.pattern.c_str())
             .toStdString()};
   }
   set(entry, hiddenKey, isOn ? "false" : "true");
   if (isOn) {
     set(entry, gnomeKey, "true");
-    // The program may lie elsewhere than when the entry was made.
-    set(entry, "Exec", find(pattern, "Exec").value.value_or(""));
+    // The program may lie elsewhere than when the entry was made; a wrapper of the person's stays.
+    if (!isThere(find(entry, execKey).value.value_or(""))) {
+      set(entry, execKey, find(pattern, execKey).value.value_or(""));
+    }
   }
   std::string text;
   for (const std::string& line : entry) text += line + '\n';

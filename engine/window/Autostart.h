@@ -16,7 +16,7 @@ namespace qf {
 class Autostart {
  public:
   struct Places {
-    std::filesystem::path own;                   ///< the person's entry, there or not
+    std::filesystem::path own;                   ///< the person's entry, there or not; or empty
     std::vector<std::filesystem::path> systems;  ///< the same entry elsewhere, the first one counts
     std::filesystem::path pattern;               ///< what a new entry holds
   };
@@ -26,7 +26,8 @@ class Autostart {
   explicit Autostart(Places places) : _places(std::move(places)) {}
 
   bool isOn() const;
-  /// Other lines of an entry that is there already stay as they are.
+  /// Other lines of an entry that is there already stay as they are, and so does its command while
+  /// the program of that is there. Fails where the person has no folder for it.
   std::optional<Error> setOn(bool isOn) const;
 
  private:

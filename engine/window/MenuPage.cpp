@@ -22,7 +22,7 @@ constexpr int allGroups = 1;
 QString iconFile(int id) { return QString("qfmenu-icon%1").arg(id, 2, 10, QChar('0')); }
 
 std::filesystem::path autostartPattern(const Bundle& bundle) {
-  return bundle.resource("autostart", "desktop").value_or("autostart.desktop");
+  return bundle.resource("autostart", "desktop").value_or("");
 }
 
 /// Checks none where none has the number. The Tab key goes to the checked one, arrows to the
@@ -107,8 +107,9 @@ QGroupBox* MenuPage::startBox() {
 QGroupBox* MenuPage::paletteBox() {
   auto* box = new QGroupBox(tr("Palette"));
   auto* column = new QVBoxLayout(box);
-  column->addWidget(switchFor(tr("Takes the &keyboard when it appears"),
-                              {std::string(agentBundleIdentifier), "PaletteTakesKeyboard"}));
+  column->addWidget(
+      switchFor(tr("Takes the &keyboard when it appears"),
+                {std::string(agentBundleIdentifier), std::string(paletteTakesKeyboardDefault)}));
   return box;
 }
 

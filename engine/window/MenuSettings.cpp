@@ -3,6 +3,7 @@
 
 #include <system_error>
 
+#include "hosts/linux/files/PrivateFiles.h"
 #include "kit/DictionaryFile.h"
 #include "kit/QFKIdentifiers.h"
 
@@ -30,11 +31,10 @@ std::optional<Error> MenuSettings::putDamagedFileAside() {
   std::error_code failure;
   if (!file || !std::filesystem::exists(*file, failure)) return std::nullopt;
   if (dictionaryWithContentsOfURL(_files, file)) return std::nullopt;
-  const std::filesystem::path aside = file->string() + ".damaged";
-  std::filesystem::rename(*file, aside, failure);
-  if (failure) return Error{tr("%1 cannot be read").arg(file->c_str()).toStdString()};
+  const auto aside = putAside(*file);
+  if (!aside) return Error{tr("%1 cannot be read").arg(file->c_str()).toStdString()};
   return Error{tr("The settings could not be read. They were put aside as %1, and new ones begun.")
-                   .arg(aside.c_str())
+                   .arg(aside->c_str())
                    .toStdString()};
 }
 

@@ -44,12 +44,12 @@
 #include "hosts/qt/QtStatusBar.h"
 #include "hosts/qt/Reasons.h"
 #include "hosts/qt/Translations.h"
+#include "kit/QFKIdentifiers.h"
 
 namespace qf {
 namespace {
 
 constexpr const char* iconName = "org.quenfold.Quenfold";
-constexpr const char* paletteTakesKeyboardKey = "PaletteTakesKeyboard";
 
 std::filesystem::path programFolder() {
   return QCoreApplication::applicationDirPath().toStdString();
@@ -150,7 +150,8 @@ struct LinuxHost::Services {
   }
 
   bool paletteTakesKeyboard() {
-    const auto value = userDefaults.standardUserDefaults().objectForKey(paletteTakesKeyboardKey);
+    const auto value =
+        userDefaults.standardUserDefaults().objectForKey(paletteTakesKeyboardDefault);
     return value == Value(true);
   }
 

@@ -67,6 +67,11 @@ TEST(MenuPage, StartsAtLoginByADesktopEntry) {
   EXPECT_TRUE(text.contains("\nExec=" + Agent::builtProgram("quenfold-menu").toUtf8() + "\n"));
   engine.click("check box", box);
   EXPECT_TRUE(until([&] { return contents(entry).contains("Hidden=true"); }));
+
+  put(entry, "[Desktop Entry]\nHidden=true\nExec=env A=1 quenfold-menu\n");
+  engine.click("check box", box);
+  EXPECT_TRUE(until([&] { return contents(entry).contains("Hidden=false"); }));
+  EXPECT_TRUE(contents(entry).contains("Exec=env A=1 quenfold-menu\n")) << "a wrapper";
 }
 
 TEST(MenuPage, OverridesTheSystemsStartAtLogin) {
