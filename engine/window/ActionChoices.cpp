@@ -1,19 +1,24 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/window/ActionChoices.h"
 
-#include <algorithm>
+#include <set>
 
+#include "engine/CustomLists.h"
+#include "engine/window/ShowText.h"
+#include "hosts/qt/QtText.h"
 #include "kit/QFKIdentifiers.h"
+#include "kit/QFKListFormat.h"
 #include "kit/QFKListModel.h"
+#include "kit/QFKShortcutActionItem.h"
 
 namespace qf {
 namespace {
 
-void add(QStandardItemModel& model, const QString& title, const std::string& value,
+void add(QStandardItemModel& model, const QString& title, std::string_view value,
          const std::string& description = {}) {
   auto* item = new QStandardItem(title);
-  item->setData(QString::fromStdString(value), ActionChoices::valueRole);
-  if (!description.empty()) item->setToolTip(QString::fromStdString(description));
+  item->setData(toQString(value), ActionChoices::valueRole);
+  item->setToolTip(plainToolTip(toQString(description)));
   model.appendRow(item);
 }
 
@@ -43,20 +48,23 @@ void ActionChoices::read() {
 
 void ActionChoices::readCleaners(const QFKListModel& list) {
   _cleaners.clear();
-  for (const std::string& token : list.cleanerApplyList()) {
-    if (list.tokenIsLabel(token) || list.tokenIsSeparator(token) || token == "#NOTHING") continue;
-    add(_cleaners, QString::fromStdString(list.nameForToken(token)), token,
-        list.descriptionForToken(token));
+  auto tokens = list.cleanerApplyList();
+  for (const std::string& own : list.tokenListForGroup(customGroup)) tokens.push_back(own);
+  std::set<std::string> known{std::string(specialToken::nothing)};
+  for (const std::string& token : tokens) {
+    if (list.tokenIsLabel(token) || list.tokenIsSeparator(token)) continue;
+    if (!known.insert(token).second) continue;
+    add(_cleaners, toQString(list.nameForToken(token)), token, list.descriptionForToken(token));
   }
   _cleaners.sort(0);
 }
 
 void ActionChoices::readGroups(const QFKListModel& list) {
   _groups.clear();
-  add(_groups, tr("The group that the menu shows"), "#current");
+  add(_groups, tr("The group that the menu shows"), QFKShortcutActionItem::currentGroup);
   for (const auto& names : {list.builtInGroupNames(), list.userGroupNames()}) {
     if (!names) continue;
-    for (const std::string& name : *names) add(_groups, QString::fromStdString(name), name);
+    for (const std::string& name : *names) add(_groups, toQString(name), name);
   }
 }
 

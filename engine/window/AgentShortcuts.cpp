@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/window/AgentShortcuts.h"
 
+#include "hosts/qt/QtText.h"
 #include "hosts/qt/Reasons.h"
 
 namespace qf {
@@ -18,7 +19,7 @@ QString AgentShortcuts::stateOf(const std::string& key) const {
   if (_agent.state() == AgentStatus::State::silent) {
     return tr("Quenfold's menu does not answer");
   }
-  const ReportedShortcut shortcut = _agent.shortcuts().value(QString::fromStdString(key));
+  const ReportedShortcut shortcut = _agent.shortcuts().value(toQString(key));
   if (shortcut.state == nameOf(State::active)) return tr("Active");
   if (shortcut.state == nameOf(State::unset)) return tr("No keys are recorded");
   if (shortcut.state == nameOf(State::invalid)) {

@@ -6,6 +6,7 @@
 
 #include "host/Workspace.h"
 #include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/QtText.h"
 #include "kit/QFKIdentifiers.h"
 
 namespace qf {

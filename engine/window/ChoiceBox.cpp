@@ -4,14 +4,13 @@
 #include <QAbstractItemView>
 #include <QCompleter>
 #include <QLineEdit>
-#include <QWheelEvent>
 #include <utility>
 
 #include "engine/window/ActionChoices.h"
 
 namespace qf {
 
-ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
+ChoiceBox::ChoiceBox(QWidget* parent) : SteadyBox(parent) {
   setEditable(true);
   setInsertPolicy(NoInsert);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
@@ -50,7 +49,9 @@ void ChoiceBox::showValue(QAbstractItemModel& choices, const QString& value) {
 /// A part that fits one choice alone stands for it; anything else is taken back.
 void ChoiceBox::chooseWhatIsTyped() {
   const QString typed = currentText();
-  int index = findText(typed, Qt::MatchFixedString);
+  // Two of a list may have one title.
+  int index =
+      typed == itemText(currentIndex()) ? currentIndex() : findText(typed, Qt::MatchFixedString);
   if (index < 0 && !typed.isEmpty()) {
     const auto fitting =
         model()->match(model()->index(0, 0), Qt::DisplayRole, typed, 2, Qt::MatchContains);
@@ -69,7 +70,5 @@ void ChoiceBox::chooseWhatIsPutIn(const QString& text) {
   if (_isShowing || isSearching || text == itemText(currentIndex())) return;
   chooseWhatIsTyped();
 }
-
-void ChoiceBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
 
 }  // namespace qf

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QComboBox>
+#include "engine/window/SteadyBox.h"
 
 namespace qf {
 
 /// A choice among many, which can be searched by typing any part of a title.
-class ChoiceBox final : public QComboBox {
+class ChoiceBox final : public SteadyBox {
   Q_OBJECT
 
  public:
@@ -19,10 +19,6 @@ class ChoiceBox final : public QComboBox {
 
  signals:
   void chosen(const QString& value);
-
- protected:
-  /// What is chosen counts at once: it must not change when a page is scrolled.
-  void wheelEvent(QWheelEvent* event) override;
 
  private:
   void chooseWhatIsTyped();

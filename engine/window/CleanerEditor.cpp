@@ -6,7 +6,7 @@
 
 #include "engine/window/PersonalLists.h"
 #include "engine/window/ShowText.h"
-#include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/QtText.h"
 
 namespace qf {
 namespace {
@@ -102,11 +102,9 @@ void CleanerEditor::focusName() {
 
 /// As the cleaner stands in the file by now, but for steps that are not stored yet.
 void CleanerEditor::update() {
+  std::erase_if(_drafts, [this](const auto& draft) { return !_lists.cleaner(draft.first); });
   const CustomCleaner* cleaner = _lists.cleaner(_token);
-  if (!cleaner) {
-    _drafts.erase(_token);
-    return;
-  }
+  if (!cleaner) return;
   setText(_name, cleaner->name);
   setText(_description, cleaner->description);
   _color->setColor(cleaner->color);

@@ -5,6 +5,8 @@
 #include <QMimeData>
 
 #include "engine/window/PersonalLists.h"
+#include "engine/window/ShowText.h"
+#include "hosts/qt/QtText.h"
 
 namespace qf {
 
@@ -41,6 +43,7 @@ QVariant CleanerListModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
       return isOwn ? tr("%1, your own").arg(_lists.nameOf(token)) : _lists.nameOf(token);
     case Qt::ToolTipRole:
+      return plainToolTip(_lists.descriptionOf(token));
     case Qt::AccessibleDescriptionRole:
       return _lists.descriptionOf(token);
     case Qt::FontRole: {
@@ -52,7 +55,7 @@ QVariant CleanerListModel::data(const QModelIndex& index, int role) const {
       return QByteArray::fromStdString(token);
     case searchRole:
       return QString(_lists.nameOf(token) + '\n' + _lists.descriptionOf(token) + '\n' +
-                     QString::fromStdString(token));
+                     toQString(token));
     default:
       return {};
   }

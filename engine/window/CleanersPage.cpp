@@ -2,10 +2,10 @@
 #include "engine/window/CleanersPage.h"
 
 #include <QHBoxLayout>
-#include <QMessageBox>
 
 #include "engine/CustomListsReader.h"
 #include "engine/window/ListFaults.h"
+#include "engine/window/Question.h"
 #include "engine/window/WindowModels.h"
 
 namespace qf {
@@ -36,15 +36,14 @@ void CleanersPage::layOut() {
 
 QWidget* CleanersPage::makeListSide() {
   auto* addButton = new QPushButton(tr("Ne&w"));
-  auto* copyButton = new QPushButton(tr("Co&py"));
-  copyButton->setToolTip(tr("Makes a cleaner of your own that begins as this one"));
+  _copy->setToolTip(tr("Makes a cleaner of your own that begins as this one"));
   connect(addButton, &QPushButton::clicked, this, [this] {
     add({tr("New Cleaner").toStdString(), "", "", "", {"#TRIM"}});
   });
-  connect(copyButton, &QPushButton::clicked, this, &CleanersPage::copyCurrent);
+  connect(_copy, &QPushButton::clicked, this, &CleanersPage::copyCurrent);
   connect(_remove, &QPushButton::clicked, this, &CleanersPage::removeCurrent);
   auto* buttons = new QHBoxLayout;
-  for (QPushButton* button : {addButton, copyButton, _remove}) {
+  for (QPushButton* button : {addButton, _copy, _remove}) {
     constexpr int margin = 16;  // less than the style's, so that the page fits a small screen
     button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) + margin);
     buttons->addWidget(button);
@@ -78,6 +77,7 @@ void CleanersPage::refresh() { _lists.read(); }
 void CleanersPage::showCurrent() {
   const std::string token = _finder->currentToken();
   const bool isOwn = _lists.cleaner(token) != nullptr;
+  _copy->setEnabled(isOwn || _lists.builtIn().knows(token));
   _remove->setEnabled(isOwn);
   _name->setText(_lists.nameOf(token));
   _description->setText(_lists.descriptionOf(token));
@@ -100,7 +100,7 @@ void CleanersPage::tryCurrent() {
   }
   const auto own = _editor->cleaner();
   if (_lists.cleaner(token) && own) {
-    const auto cleaners = makeCustomCleaners({{*own}, {}, {}}, builtIn);
+    const auto cleaners = makeCustomCleaners({.cleaners = {*own}}, builtIn);
     return _trial->setCleaner(cleaners.begin()->second);
   }
   _trial->setCleaner({}, _lists.cleaner(token) ? tr("These steps cannot be carried out yet.")
@@ -118,7 +118,6 @@ void CleanersPage::add(const CustomCleaner& cleaner) {
 void CleanersPage::copyCurrent() {
   const std::string token = _finder->currentToken();
   if (const CustomCleaner* own = _lists.cleaner(token)) return add(*own);
-  if (!_lists.builtIn().knows(token)) return;
   add({_lists.nameOf(token).toStdString(),
        "",
        _lists.descriptionOf(token).toStdString(),
@@ -128,9 +127,8 @@ void CleanersPage::copyCurrent() {
 
 void CleanersPage::removeCurrent() {
   const std::string token = _finder->currentToken();
-  const auto answer = QMessageBox::question(
-      this, tr("Remove Cleaner"), tr("Remove the cleaner “%1”?").arg(_lists.nameOf(token)));
-  if (answer == QMessageBox::Yes) report(_lists.removeCleaner(token));
+  const QString question = tr("Remove the cleaner “%1”?").arg(_lists.nameOf(token));
+  if (isAnsweredYes(this, tr("Remove Cleaner"), question)) report(_lists.removeCleaner(token));
 }
 
 }  // namespace qf

@@ -35,6 +35,7 @@ class CleanersPage final : public Page {
 
   PersonalLists& _lists;
   CleanerFinder* _finder;
+  QPushButton* _copy = new QPushButton(tr("Co&py"));
   QPushButton* _remove = new QPushButton(tr("Remo&ve"));
   QLabel* _name = new QLabel;
   QLabel* _description = new QLabel;

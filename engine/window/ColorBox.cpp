@@ -4,6 +4,8 @@
 #include <QColorDialog>
 #include <QPainter>
 
+#include "hosts/qt/QtText.h"
+
 namespace qf {
 namespace {
 
@@ -18,7 +20,7 @@ QIcon swatch(const QColor& color) {
 
 }  // namespace
 
-ColorBox::ColorBox(QWidget* parent) : QComboBox(parent) {
+ColorBox::ColorBox(QWidget* parent) : SteadyBox(parent) {
   setAccessibleName(tr("Colour"));
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   addItem(tr("Menu's own"), QString());
@@ -41,7 +43,7 @@ int ColorBox::add(const QString& name, const QString& color) {
 std::string ColorBox::color() const { return currentData().toString().toStdString(); }
 
 void ColorBox::setColor(const std::string& color) {
-  const QString text = QString::fromStdString(color);
+  const QString text = toQString(color);
   int index = findData(text, Qt::UserRole, Qt::MatchFixedString);  // capitals or small letters
   if (index < 0) index = add(text, text);
   _shown = index;

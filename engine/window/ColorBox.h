@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QComboBox>
+#include "engine/window/SteadyBox.h"
 
 namespace qf {
 
 /// Picks the colour in which an entry is written: the menu's own, one of some, or any other.
-class ColorBox final : public QComboBox {
+class ColorBox final : public SteadyBox {
   Q_OBJECT
 
  public:

@@ -8,16 +8,12 @@
 
 #include "engine/window/CleanerListModel.h"
 #include "engine/window/PersonalLists.h"
-#include "hosts/linux/bus/SessionBus.h"
 #include "hosts/qt/MenuColor.h"
+#include "hosts/qt/QtText.h"
 #include "kit/QFKListFormat.h"
 
 namespace qf {
 namespace {
-
-bool isLabel(const CustomGroup::Entry& entry) {
-  return entry.token.starts_with(specialToken::labelPrefix);
-}
 
 QVariant foreground(const CustomGroup::Entry& entry) {
   const QColor color(toQString(entry.color));
@@ -51,7 +47,7 @@ void GroupEntriesModel::edited(const Rows& before) {
 
 QString GroupEntriesModel::textOf(const CustomGroup::Entry& entry) const {
   if (!entry.isKnown) return tr("There is no cleaner %1").arg(toQString(entry.token));
-  if (isLabel(entry)) return toQString(entry.token.substr(specialToken::labelPrefix.size()));
+  if (specialToken::isLabel(entry.token)) return toQString(specialToken::labelText(entry.token));
   if (entry.token == specialToken::nothing) return tr("Nothing");
   return _lists.nameOf(entry.token);
 }
@@ -60,17 +56,18 @@ QVariant GroupEntriesModel::data(const QModelIndex& index, int role) const {
   const CustomGroup::Entry* entry = row(index.row());
   if (!entry) return {};
   const bool isSeparator = entry->token == specialToken::spacer;
+  const bool isLabel = specialToken::isLabel(entry->token);
   switch (role) {
     case Qt::DisplayRole:
       return isSeparator ? QString(12, QChar(0x2500)) : textOf(*entry);
     case Qt::AccessibleTextRole:
       if (isSeparator) return tr("Separator");
-      return isLabel(*entry) ? tr("Label %1").arg(textOf(*entry)) : textOf(*entry);
+      return isLabel ? tr("Label %1").arg(textOf(*entry)) : textOf(*entry);
     case Qt::ForegroundRole:
       return foreground(*entry);
     case Qt::FontRole: {
       QFont font;
-      font.setBold(isLabel(*entry));
+      font.setBold(isLabel);
       font.setItalic(!entry->isKnown);
       return font;
     }

@@ -2,7 +2,7 @@
 #include "engine/window/GroupListModel.h"
 
 #include "engine/window/PersonalLists.h"
-#include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/QtText.h"
 
 namespace qf {
 

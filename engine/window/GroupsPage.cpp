@@ -3,26 +3,19 @@
 
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QMessageBox>
 #include <QToolButton>
+#include <utility>
 
 #include "engine/window/ListFaults.h"
+#include "engine/window/Question.h"
 #include "engine/window/RenamedGroup.h"
 #include "engine/window/ShowText.h"
 #include "engine/window/WindowModels.h"
-#include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/QtText.h"
 #include "kit/QFKListFormat.h"
 
 namespace qf {
 namespace {
-
-QString labelText(const std::string& token) {
-  return toQString(std::string_view(token).substr(specialToken::labelPrefix.size()));
-}
-
-bool isLabel(const CustomGroup::Entry* entry) {
-  return entry && entry->token.starts_with(specialToken::labelPrefix);
-}
 
 QVBoxLayout* columnOf(QWidget* widget) {
   auto* column = new QVBoxLayout(widget);
@@ -126,7 +119,11 @@ void GroupsPage::connectFields() {
           [this](int row) { _entries.removeRow(row); });
   connect(&_entries, &QAbstractItemModel::dataChanged, this, &GroupsPage::showEntry);
   connect(&_groups, &QAbstractItemModel::dataChanged, this, &GroupsPage::showGroup);
-  connect(_name, &QLineEdit::textChanged, this, &GroupsPage::renameGroup);
+  connect(_name, &QLineEdit::editingFinished, this, &GroupsPage::renameGroup);
+  // What dictation and the like put in from outside is finished.
+  connect(_name, &QLineEdit::textChanged, this, [this] {
+    if (!_name->isModified()) renameGroup();
+  });
   connect(_label, &QLineEdit::textChanged, this, [this](const QString& text) {
     changeEntry([&](auto& entry) {
       entry.token = std::string(specialToken::labelPrefix) + text.toStdString();
@@ -144,49 +141,52 @@ std::string GroupsPage::currentGroup() const {
 }
 
 void GroupsPage::showGroup() {
-  const std::string name = currentGroup();
-  _entrySide->setEnabled(!name.empty());
-  _add->setEnabled(!name.empty());
-  if (!_name->hasFocus()) showText(_name, toQString(name));
-  _entries.setGroup(name);
-  if (!_entryList->currentIndex().isValid()) _entryList->setCurrentRow(0);
+  const std::string former = std::exchange(_group, currentGroup());
+  _entrySide->setEnabled(!_group.empty());
+  _add->setEnabled(!_group.empty());
+  if (_group != former || !_name->isModified()) showText(_name, toQString(_group));
+  _entries.setGroup(_group);
+  const bool isRenamed = !_models.lists.group(former);
+  if ((_group != former && !isRenamed) || !_entryList->currentIndex().isValid()) {
+    _entryList->setCurrentRow(0);
+  }
   showEntry();
 }
 
 void GroupsPage::showEntry() {
   const CustomGroup::Entry* entry = _entries.row(_entryList->currentRow());
-  const QString text = isLabel(entry) ? labelText(entry->token) : QString();
-  _label->setEnabled(isLabel(entry));
-  showText(_label, text);
+  const bool isLabel = entry && specialToken::isLabel(entry->token);
+  _label->setEnabled(isLabel);
+  showText(_label, isLabel ? toQString(specialToken::labelText(entry->token)) : QString());
   _color->setEnabled(entry && entry->token != specialToken::spacer);
   _color->setColor(entry ? entry->color : "");
 }
 
 void GroupsPage::addGroup() {
+  renameGroup();
   const auto name = _models.lists.addGroup(tr("New Group"));
   if (!name) return report(name.error());
   report(std::nullopt);
   _groupList->setCurrentRow(_groups.rowCount() - 1);
-  showText(_name, toQString(*name));
   _name->setFocus();
   _name->selectAll();
 }
 
-void GroupsPage::renameGroup(const QString& name) {
-  const std::string former = currentGroup(), wanted = name.trimmed().toStdString();
-  auto failure = _models.lists.renameGroup(former, wanted);
-  if (!failure && former != wanted) {
-    failure = followRenamedGroup(_models.menuSettings, former, wanted);
+void GroupsPage::renameGroup() {
+  const std::string former = _group, wanted = _name->text().trimmed().toStdString();
+  _name->setModified(false);
+  if (!former.empty() && former != wanted) {
+    auto failure = _models.lists.renameGroup(former, wanted);
+    if (!failure) failure = followRenamedGroup(_models.menuSettings, former, wanted);
+    report(failure);
   }
-  report(failure);
+  showGroup();
 }
 
 void GroupsPage::removeGroup() {
   const std::string name = currentGroup();
-  const auto answer =
-      QMessageBox::question(this, tr("Remove Group"),
-                            tr("Remove the group “%1”? Its cleaners stay.").arg(toQString(name)));
-  if (answer == QMessageBox::Yes) report(_models.lists.removeGroup(name));
+  const QString question = tr("Remove the group “%1”? Its cleaners stay.").arg(toQString(name));
+  if (isAnsweredYes(this, tr("Remove Group"), question)) report(_models.lists.removeGroup(name));
 }
 
 void GroupsPage::addEntry(const std::string& token) {

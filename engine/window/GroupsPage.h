@@ -34,7 +34,7 @@ class GroupsPage final : public Page {
   void showGroup();
   void showEntry();
   void addGroup();
-  void renameGroup(const QString& name);
+  void renameGroup();
   void removeGroup();
   void addEntry(const std::string& token);
   void changeEntry(const std::function<void(CustomGroup::Entry&)>& change);
@@ -42,6 +42,7 @@ class GroupsPage final : public Page {
   WindowModels& _models;
   GroupListModel _groups;
   GroupEntriesModel _entries;
+  std::string _group;  ///< that is shown; empty for none
   ReorderableList* _groupList = new ReorderableList(tr("Groups"));
   QLineEdit* _name = new QLineEdit;
   ReorderableList* _entryList = new ReorderableList(tr("In the group"));

@@ -6,7 +6,7 @@
 #include "engine/CustomListsReader.h"
 #include "engine/QFListPublisher.h"
 #include "engine/QFPasteboardCleaner.h"
-#include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/QtText.h"
 #include "kit/QFKListFormat.h"
 
 namespace qf {
@@ -44,10 +44,11 @@ PersonalLists::PersonalLists(const WindowServices& services)
 }
 
 void PersonalLists::read() {
+  const auto before = std::make_pair(_lists, _fault);
   Result<CustomLists> lists = _file.read(_builtIn.builtInCleaners());
   _fault = lists ? QString() : toQString(lists.error().localizedDescription);
   if (lists) _lists = *std::move(lists);
-  emit changed();
+  if (before != std::make_pair(_lists, _fault)) emit changed();
 }
 
 QString PersonalLists::faults() const {
@@ -98,19 +99,30 @@ QString PersonalLists::descriptionOf(std::string_view token) const {
   return toQString(infoText(token, listKey::description).value_or(""));
 }
 
+/// What was shown too early goes back.
+Error PersonalLists::refused(Error error) {
+  emit changed();
+  return error;
+}
+
 std::optional<Error> PersonalLists::stored(const std::optional<Error>& failure) {
   read();
   if (!failure) return std::nullopt;
-  return Error{tr("%1 could not be changed: %2")
-                   .arg(toQString(_file.path().string()), toQString(failure->localizedDescription))
-                   .toStdString()};
+  return refused(
+      {tr("%1 could not be changed: %2")
+           .arg(toQString(_file.path().string()), toQString(failure->localizedDescription))
+           .toStdString()});
 }
 
 Result<std::string> PersonalLists::addCleaner(const CustomCleaner& likeThis) {
   read();
   CustomCleaner cleaner = likeThis;
-  cleaner.name = freeName(likeThis.name, [this](const std::string& name) {
-    return this->cleaner(std::string(customTokenPrefix) + name) ||
+  const auto builtIn = builtInTokens();
+  cleaner.name = freeName(likeThis.name, [&](const std::string& name) {
+    const std::string token = std::string(customTokenPrefix) + name;
+    const auto hasName = [&](const std::string& known) { return nameOf(known) == toQString(name); };
+    return this->cleaner(token) || std::ranges::count(_lists.tokensLeftOut, token) ||
+           std::ranges::any_of(builtIn, hasName) ||
            findIn(
                _lists.cleaners, [](const auto& entry) { return entry.name; }, name);
   });
@@ -123,10 +135,12 @@ std::optional<Error> PersonalLists::changeCleaner(
     const std::string& token, const std::function<void(CustomCleaner&)>& change) {
   read();
   const CustomCleaner* stands = cleaner(token);
-  if (!stands) return _fault.isEmpty() ? changedElsewhere() : Error{faults().toStdString()};
+  if (!stands) {
+    return refused(_fault.isEmpty() ? changedElsewhere() : Error{faults().toStdString()});
+  }
   CustomCleaner wanted = *stands;
   change(wanted);
-  if (wanted.name.empty()) return Error{tr("A cleaner needs a name.").toStdString()};
+  if (wanted.name.empty()) return refused({tr("A cleaner needs a name.").toStdString()});
   return stored(_file.storeCleaner(wanted));
 }
 
@@ -138,7 +152,7 @@ std::optional<Error> PersonalLists::nameFault(const std::string& name) const {
   if (name.empty()) return Error{tr("A group needs a name.").toStdString()};
   const Array* builtIn = _defaults.array(listKey::automaticNames);
   const bool isTaken =
-      group(name) || name == "Custom" ||
+      group(name) || name == customGroup ||
       (builtIn && std::find(builtIn->begin(), builtIn->end(), Value(name)) != builtIn->end());
   if (!isTaken) return std::nullopt;
   return Error{tr("There is a group \"%1\" already.").arg(toQString(name)).toStdString()};
@@ -157,8 +171,8 @@ std::optional<Error> PersonalLists::renameGroup(const std::string& name,
   if (name == newName) return std::nullopt;
   read();
   const CustomGroup* stands = group(name);
-  if (!stands) return changedElsewhere();
-  if (auto fault = nameFault(newName)) return fault;
+  if (!stands) return refused(changedElsewhere());
+  if (auto fault = nameFault(newName)) return refused(*fault);
   CustomGroup wanted = *stands;
   wanted.name = newName;
   return stored(_file.storeGroup(wanted, name));
@@ -169,7 +183,7 @@ std::optional<Error> PersonalLists::changeEntries(const std::string& name,
                                                   const std::vector<CustomGroup::Entry>& wanted) {
   read();
   const CustomGroup* stands = group(name);
-  if (!stands || stands->entries != shown) return changedElsewhere();
+  if (!stands || stands->entries != shown) return refused(changedElsewhere());
   return stored(_file.storeGroup({name, wanted}));
 }
 

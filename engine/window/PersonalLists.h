@@ -53,10 +53,11 @@ class PersonalLists final : public QObject {
   void read();
 
  signals:
-  /// By the window or by anyone else.
+  /// By the window or by anyone else; also told when an edit was refused.
   void changed();
 
  private:
+  Error refused(Error error);
   std::optional<Error> stored(const std::optional<Error>& failure);
   std::optional<Error> nameFault(const std::string& name) const;
   std::optional<std::string_view> infoText(std::string_view token, std::string_view key) const;

@@ -2,11 +2,25 @@
 #include "engine/window/RenamedGroup.h"
 
 #include "engine/window/MenuSettings.h"
+#include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
+#include "kit/QFKIdentifiers.h"
 
 namespace qf {
+namespace {
+
+void followInMenu(const std::string& formerName, const std::string& name) {
+  PropertyListUserDefaultsDomains domains{std::string(agentBundleIdentifier)};
+  UserDefaults& agent = domains.standardUserDefaults();
+  if (agent.objectForKey(selectedGroupDefault) == Value(formerName)) {
+    agent.setObject(Value(name), selectedGroupDefault);
+  }
+}
+
+}  // namespace
 
 std::optional<Error> followRenamedGroup(MenuSettings& settings, const std::string& formerName,
                                         const std::string& name) {
+  followInMenu(formerName, name);
   return settings.change([&](QFKMenuSettingsManager& manager) {
     for (const std::string& key : manager.shortcutIDList()) {
       auto item = manager.shortcutForKey(key);

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QStyle>
 #include <QToolButton>
+#include <algorithm>
 
 namespace qf {
 namespace {
@@ -36,12 +37,14 @@ void ReorderableList::setModel(QAbstractItemModel* newModel) {
     emit currentRowChanged(currentRow());
   };
   connect(selectionModel(), &QItemSelectionModel::currentChanged, this, tell);
-  for (const auto signal : {&QAbstractItemModel::modelReset}) {
-    connect(newModel, signal, this, [this, tell] {
-      if (!currentIndex().isValid()) setCurrentRow(0);
-      tell();
-    });
-  }
+  connect(newModel, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+    _formerRow = currentRow();
+    _formerText = currentIndex().data().toString();
+  });
+  connect(newModel, &QAbstractItemModel::modelReset, this, [this, tell] {
+    returnToFormerRow();
+    tell();
+  });
   connect(newModel, &QAbstractItemModel::rowsMoved, this, &ReorderableList::updateButtons);
   connect(newModel, &QAbstractItemModel::rowsInserted, this, &ReorderableList::updateButtons);
   connect(newModel, &QAbstractItemModel::rowsRemoved, this, &ReorderableList::updateButtons);
@@ -65,6 +68,16 @@ void ReorderableList::updateButtons() {
   _up->setEnabled(row > 0);
   _down->setEnabled(row >= 0 && row + 1 < model()->rowCount());
   _remove->setEnabled(row >= 0);
+}
+
+/// To what was current, wherever it stands by now; where it is gone, to what took its place.
+void ReorderableList::returnToFormerRow() {
+  const auto textOf = [this](int row) { return model()->index(row, 0).data().toString(); };
+  int row = std::clamp(_formerRow, 0, std::max(0, model()->rowCount() - 1));
+  for (int i = 0; textOf(row) != _formerText && i < model()->rowCount(); ++i) {
+    if (textOf(i) == _formerText) row = i;
+  }
+  setCurrentRow(row);
 }
 
 void ReorderableList::moveUp() {

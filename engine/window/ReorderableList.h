@@ -33,7 +33,10 @@ class ReorderableList final : public QListView {
 
  private:
   void updateButtons();
+  void returnToFormerRow();
 
+  int _formerRow = -1;  // before the model was reset
+  QString _formerText;
   QToolButton* _up = nullptr;
   QToolButton* _down = nullptr;
   QToolButton* _remove = nullptr;

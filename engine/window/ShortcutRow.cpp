@@ -6,11 +6,11 @@
 
 #include "engine/window/ActionChoices.h"
 #include "engine/window/RecorderServices.h"
+#include "hosts/qt/QtText.h"
+#include "hosts/qt/Reasons.h"
 
 namespace qf {
 namespace {
-
-constexpr const char* currentGroup = "#current";
 
 std::optional<MASShortcut> shortcutOf(const QFKShortcutActionItem& item) {
   const MASShortcut shortcut(item.keycode, item.modifiers);
@@ -48,7 +48,7 @@ void ShortcutRow::layOut(bool isPalette) {
   if (isPalette) {
     keysAndAction->addWidget(new QLabel(tr("shows the palette, or hides it")), 1);
   } else {
-    _action = new QComboBox;
+    _action = new SteadyBox;
     _action->setAccessibleDescription(tr("What the keys do"));
     _action->addItems({tr("apply the cleaner"), tr("show the menu of the group")});
     _choice = new ChoiceBox;
@@ -58,7 +58,8 @@ void ShortcutRow::layOut(bool isPalette) {
     connect(_action, &QComboBox::activated, this, [this](int type) {
       if (type == _item.type) return;
       const bool isCleaner = type == QFKShortcutActionItem::appliesCleaner;
-      emit actionChosen(type, isCleaner ? *QFKShortcutActionItem().typeValue : currentGroup);
+      emit actionChosen(type, isCleaner ? *QFKShortcutActionItem().typeValue
+                                        : std::string(QFKShortcutActionItem::currentGroup));
     });
     connect(_choice, &ChoiceBox::chosen, this,
             [this](const QString& value) { emit actionChosen(_item.type, value.toStdString()); });
@@ -100,7 +101,7 @@ void ShortcutRow::showAction() {
   _choice->setEnabled(isKnown);
   _choice->setPurpose(isGroup ? tr("Group") : tr("Cleaner"));
   _choice->showValue(isGroup ? _choices.groups() : _choices.cleaners(),
-                     QString::fromStdString(_item.typeValue.value_or("")));
+                     toQString(_item.typeValue.value_or("")));
 }
 
 QString ShortcutRow::heading() const {
@@ -109,7 +110,7 @@ QString ShortcutRow::heading() const {
   const auto keyboard = _services.keyboard.map();
   if (!shortcut || !keyboard) return title;
   const KeyCombination keys{shortcut->carbonKeyCode(), shortcut->carbonFlags()};
-  return tr("%1 – %2", "action, keys").arg(title, QString::fromStdString(keyboard->label(keys)));
+  return tr("%1 – %2", "action, keys").arg(title, toQString(keyboard->label(keys)));
 }
 
 void ShortcutRow::setState(const QString& state) {
@@ -119,7 +120,7 @@ void ShortcutRow::setState(const QString& state) {
 
 void ShortcutRow::showState() {
   const Availability recorder = _recorderView->availability();
-  _stateLabel->setText(recorder.isAvailable ? _state : QString::fromStdString(recorder.reason));
+  _stateLabel->setText(recorder.isAvailable ? _state : reasonText(toQString(recorder.reason)));
 }
 
 QList<QWidget*> ShortcutRow::focusChain() const {

@@ -4,11 +4,12 @@
 #include <QLabel>
 #include <QScrollArea>
 #include <set>
-#include <utility>
 
 #include "engine/window/ShortcutRow.h"
 #include "engine/window/WindowModels.h"
 #include "hosts/qt/AccessibleRecorder.h"
+#include "hosts/qt/QtText.h"
+#include "hosts/qt/Reasons.h"
 
 namespace qf {
 
@@ -28,8 +29,12 @@ ShortcutsPage::ShortcutsPage(WindowModels& models)
 }
 
 ShortcutsPage::~ShortcutsPage() {
-  // They use what goes before the page's children do.
-  for (const auto& [key, row] : std::exchange(_rows, {})) delete row;
+  // They use what goes before the page's children do; those that were dropped too.
+  _rows.clear();
+  for (ShortcutRow* row : findChildren<ShortcutRow*>()) {
+    row->disconnect(this);
+    delete row;
+  }
 }
 
 void ShortcutsPage::layOut() {
@@ -42,7 +47,7 @@ void ShortcutsPage::layOut() {
   const Availability keyboard = _services.layout.availability();
   if (!keyboard.isAvailable) {
     auto* reason =
-        new QLabel(tr("No keys can be recorded: %1").arg(QString::fromStdString(keyboard.reason)));
+        new QLabel(tr("No keys can be recorded: %1").arg(reasonText(toQString(keyboard.reason))));
     reason->setWordWrap(true);
     column->addWidget(reason);
   }

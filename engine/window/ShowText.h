@@ -3,6 +3,7 @@
 
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QTextDocument>
 
 namespace qf {
 
@@ -10,6 +11,11 @@ namespace qf {
 inline void showText(QLineEdit* field, const QString& text) {
   const QSignalBlocker blocker(field);
   if (field->text() != text) field->setText(text);
+}
+
+/// A tool tip of that text: what is in it is never taken for HTML.
+inline QString plainToolTip(const QString& text) {
+  return text.isEmpty() ? text : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
 }
 
 }  // namespace qf

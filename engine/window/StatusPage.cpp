@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 
 #include "engine/window/WindowModels.h"
-#include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/QtText.h"
 #include "hosts/qt/Reasons.h"
 
 namespace qf {

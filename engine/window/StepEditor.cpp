@@ -5,17 +5,11 @@
 #include <QLabel>
 
 #include "engine/window/PersonalLists.h"
-#include "hosts/linux/bus/SessionBus.h"
 
 namespace qf {
 namespace {
 
 enum Fields { none, cleanerFields, replaceFields };
-
-void setText(QPlainTextEdit* field, const std::string& text) {
-  const QString wanted = toQString(text);
-  if (field->toPlainText() != wanted) field->setPlainText(wanted);
-}
 
 }  // namespace
 
@@ -41,7 +35,7 @@ QWidget* StepEditor::makeCleanerFields(const PersonalLists& lists) {
 }
 
 QWidget* StepEditor::makeReplaceFields() {
-  for (QPlainTextEdit* field : {_find, _replace}) {
+  for (TextBox* field : {_find, _replace}) {
     field->setTabChangesFocus(true);
     constexpr int lines = 2;
     field->setFixedHeight(lines * field->fontMetrics().lineSpacing() + 2 * field->frameWidth() +
@@ -79,8 +73,8 @@ void StepEditor::setStep(const CustomStep* step) {
     setCurrentIndex(cleanerFields);
   } else {
     const auto& replacement = std::get<FindReplace>(*step);
-    setText(_find, replacement.find);
-    setText(_replace, replacement.replace);
+    _find->setText(replacement.find);
+    _replace->setText(replacement.replace);
     _isExpression->setChecked(replacement.isRegularExpression);
     _ignoresCase->setChecked(replacement.ignoresCase);
     setCurrentIndex(replaceFields);
@@ -90,8 +84,8 @@ void StepEditor::setStep(const CustomStep* step) {
 
 CustomStep StepEditor::step() const {
   if (currentIndex() == cleanerFields) return _cleaner->currentData().toByteArray().toStdString();
-  return FindReplace{_find->toPlainText().toStdString(), _replace->toPlainText().toStdString(),
-                     _isExpression->isChecked(), _ignoresCase->isChecked()};
+  return FindReplace{_find->text(), _replace->text(), _isExpression->isChecked(),
+                     _ignoresCase->isChecked()};
 }
 
 }  // namespace qf

@@ -2,11 +2,11 @@
 #pragma once
 
 #include <QCheckBox>
-#include <QComboBox>
-#include <QPlainTextEdit>
 #include <QStackedWidget>
 
 #include "engine/CustomLists.h"
+#include "engine/window/SteadyBox.h"
+#include "engine/window/TextBox.h"
 
 namespace qf {
 
@@ -33,9 +33,9 @@ class StepEditor final : public QStackedWidget {
   QWidget* makeReplaceFields();
   void tell();
 
-  QComboBox* _cleaner = new QComboBox;
-  QPlainTextEdit* _find = new QPlainTextEdit;
-  QPlainTextEdit* _replace = new QPlainTextEdit;
+  SteadyBox* _cleaner = new SteadyBox;
+  TextBox* _find = new TextBox;
+  TextBox* _replace = new TextBox;
   QCheckBox* _isExpression = new QCheckBox(tr("Regular e&xpression"));
   QCheckBox* _ignoresCase = new QCheckBox(tr("&Ignore capitals"));
   bool _isBeingSet = false;

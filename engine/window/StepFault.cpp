@@ -3,7 +3,7 @@
 
 #include <QCoreApplication>
 
-#include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/QtText.h"
 
 namespace qf {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "engine/window/PersonalLists.h"
 #include "engine/window/StepFault.h"
-#include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/QtText.h"
 
 namespace qf {
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
+#include "hosts/qt/QtText.h"
 
 namespace qf {
 
@@ -24,7 +25,7 @@ std::optional<Error> StoredSwitch::setOn(bool isOn) const {
   return Error{QCoreApplication::translate("qf::StoredSwitch",
                                            "The settings %1.plist could not be written. See "
                                            "that you may write in your configuration folder.")
-                   .arg(QString::fromStdString(_domain))
+                   .arg(toQString(_domain))
                    .toStdString()};
 }
 

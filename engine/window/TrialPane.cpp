@@ -9,10 +9,13 @@
 namespace qf {
 
 TrialPane::TrialPane(QWidget* parent) : QWidget(parent) {
-  _sample->setPlainText(tr("  Some   text to try,\nwith “quotes” — and\tmore.  "));
+  _sample->setText(tr("  Some   text to try,\nwith “quotes” — and\tmore.  ").toStdString());
   layOut();
   connect(_sample, &QPlainTextEdit::textChanged, this, &TrialPane::run);
-  connect(&_trial, &CleanerTrial::finished, this, &TrialPane::show);
+  connect(&_trial, &CleanerTrial::finished, this, [this](const auto& result, const auto& problem) {
+    if (!_clean) return;  // what was tried is shown no more
+    show(result, problem.isEmpty() ? problem : tr("Left as it is: %1").arg(reasonText(problem)));
+  });
 }
 
 void TrialPane::layOut() {
@@ -20,12 +23,13 @@ void TrialPane::layOut() {
   _result->setAccessibleName(tr("Result"));
   _result->setReadOnly(true);
   _result->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  for (QPlainTextEdit* field : {_sample, _result}) {
+  for (TextBox* field : {_sample, _result}) {
     field->setTabChangesFocus(true);
     constexpr int smallestLines = 3;
     field->setMinimumHeight(smallestLines * field->fontMetrics().lineSpacing());
   }
   _problem->setWordWrap(true);
+  _problem->setTextFormat(Qt::PlainText);
   _problem->setVisible(false);
   auto* sampleLabel = new QLabel(tr("&Try it here"));
   sampleLabel->setBuddy(_sample);
@@ -46,13 +50,12 @@ void TrialPane::setCleaner(CleanerFunction clean, const QString& reason) {
 
 void TrialPane::run() {
   if (!_clean) return show({}, _reason);
-  _trial.run(_clean, _sample->toPlainText().toStdString());
+  _trial.run(_clean, _sample->text());
 }
 
 void TrialPane::show(const QString& result, const QString& problem) {
-  if (_result->toPlainText() != result) _result->setPlainText(result);
-  _problem->setText(
-      problem.isEmpty() || !_clean ? problem : tr("Left as it is: %1").arg(reasonText(problem)));
+  _result->setText(result.toStdString());
+  _problem->setText(problem);
   _problem->setVisible(!problem.isEmpty());
 }
 

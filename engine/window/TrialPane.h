@@ -2,10 +2,10 @@
 #pragma once
 
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QWidget>
 
 #include "engine/window/CleanerTrial.h"
+#include "engine/window/TextBox.h"
 
 namespace qf {
 
@@ -27,8 +27,8 @@ class TrialPane final : public QWidget {
   CleanerTrial _trial;
   CleanerFunction _clean;
   QString _reason;
-  QPlainTextEdit* _sample = new QPlainTextEdit;
-  QPlainTextEdit* _result = new QPlainTextEdit;
+  TextBox* _sample = new TextBox;
+  TextBox* _result = new TextBox;
   QLabel* _problem = new QLabel;
 };
 

@@ -52,6 +52,10 @@
         <source>%1 is missing: install Quenfold anew.</source>
         <translation>%1 مفقود: أعد تثبيت Quenfold.</translation>
     </message>
+    <message>
+        <source>There is no home folder that could hold the start at login: see that HOME is set.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>qf::CleanerEditor</name>
@@ -652,10 +656,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>screen readers are not told what was recorded: this program is not on the accessibility bus</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>the command holds more than 16 MiB of data</source>
         <translation type="unfinished"></translation>
     </message>
@@ -737,6 +737,14 @@
     </message>
     <message>
         <source>it ended before it appeared on the bus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No X display: start Quenfold in a desktop session with X11 or XWayland (DISPLAY).</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -52,6 +52,10 @@
         <source>%1 is missing: install Quenfold anew.</source>
         <translation>%1 fehlt: Bitte Quenfold neu installieren.</translation>
     </message>
+    <message>
+        <source>There is no home folder that could hold the start at login: see that HOME is set.</source>
+        <translation>Es gibt keinen persönlichen Ordner, in dem der Start bei der Anmeldung stehen könnte: Bitte dafür sorgen, dass HOME gesetzt ist.</translation>
+    </message>
 </context>
 <context>
     <name>qf::CleanerEditor</name>
@@ -652,10 +656,6 @@
         <translation>der Bus für Barrierefreiheit ist aus; bitte at-spi2-core installieren, dann ab- und wieder anmelden</translation>
     </message>
     <message>
-        <source>screen readers are not told what was recorded: this program is not on the accessibility bus</source>
-        <translation>Bildschirmleser erfahren nicht, was aufgenommen wurde: dieses Programm ist nicht auf dem Bus für Barrierefreiheit</translation>
-    </message>
-    <message>
         <source>the command holds more than 16 MiB of data</source>
         <translation>der Befehl enthält mehr als 16 MiB</translation>
     </message>
@@ -738,6 +738,14 @@
     <message>
         <source>it ended before it appeared on the bus</source>
         <translation>es endete, bevor es auf dem Bus erschien</translation>
+    </message>
+    <message>
+        <source>it has ended</source>
+        <translation>es ist beendet</translation>
+    </message>
+    <message>
+        <source>No X display: start Quenfold in a desktop session with X11 or XWayland (DISPLAY).</source>
+        <translation>Kein X-Display: Quenfold in einer Desktop-Sitzung mit X11 oder XWayland starten (DISPLAY).</translation>
     </message>
 </context>
 <context>

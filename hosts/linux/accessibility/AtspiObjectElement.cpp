@@ -5,7 +5,7 @@
 
 #include "hosts/linux/accessibility/AtspiMessages.h"
 #include "hosts/linux/accessibility/AtspiRole.h"
-#include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/QtText.h"
 
 namespace qf {
 namespace {

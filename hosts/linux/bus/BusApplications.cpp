@@ -9,6 +9,7 @@
 
 #include "hosts/linux/bus/BusApplicationObject.h"
 #include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/QtText.h"
 
 namespace qf {
 namespace {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/QtText.h"
 
 namespace qf {
 

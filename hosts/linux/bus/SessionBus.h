@@ -4,7 +4,6 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QString>
-#include <string_view>
 
 #include "host/Availability.h"
 
@@ -33,9 +32,5 @@ QDBusMessage busCall(const QString& service, const QString& path, const QString&
                      const QString& method);
 /// A call to the bus itself.
 QDBusMessage busDaemonCall(const QString& method, const QString& argument);
-
-inline QString toQString(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 }  // namespace qf

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "hosts/linux/bus/SessionBus.h"
+#include "hosts/qt/QtText.h"
 
 namespace qf {
 

@@ -33,10 +33,10 @@ TEST_F(CleanersPage, ACleanerIsMadeEditedTriedUsedAndRemoved) {
   engine.type("Sample", "glass");
   EXPECT_TRUE(results("GLASS"));
   engine.click("push button", "Copy");
-  ASSERT_TRUE(stores("\"name\": \"Upper Case\""));
+  ASSERT_TRUE(stores("\"name\": \"Upper Case 2\""));
   engine.type("Name", "Shout");
   EXPECT_TRUE(stores("\"name\": \"Shout\""));
-  EXPECT_TRUE(stores("\"token\": \"#CUSTOM:Upper Case\""))
+  EXPECT_TRUE(stores("\"token\": \"#CUSTOM:Upper Case 2\""))
       << "groups and shortcuts know it by that";
   engine.click("push button", "Add Find and Replace");
   EXPECT_TRUE(until([&] { return engine.hasText("There is nothing to find"); }));
@@ -52,7 +52,7 @@ TEST_F(CleanersPage, ACleanerIsMadeEditedTriedUsedAndRemoved) {
     keyboard::press("Escape");
     return isThere;
   }));
-  EngineProgram command({"--clipboard", "#CUSTOM:Upper Case"});
+  EngineProgram command({"--clipboard", "#CUSTOM:Upper Case 2"});
   EXPECT_TRUE(until([] { return clipboard::text() == "ME!E"; }));
 
   engine.click("push button", "Remove");
@@ -76,6 +76,35 @@ TEST_F(CleanersPage, ABrokenExpressionSaysWhatAndWhereAndIsNotStored) {
   EXPECT_EQ(engine.node("text", "Find").text(), "(x") << "what was typed is still there";
   engine.type("Find", "(x)");
   EXPECT_TRUE(stores("(x)"));
+
+  engine.type("Find", "(y");
+  EXPECT_TRUE(until([&] { return engine.hasText("cannot be carried out yet"); }));
+  put(cleanersFile, "{}");
+  EXPECT_TRUE(until([&] { return !engine.has("list item", "A, your own"); }));
+  put(cleanersFile, R"({"cleaners": [{"name": "A", "steps": [{"find": "new"}]}]})");
+  engine.click("list item", "A, your own");
+  EXPECT_TRUE(until([&] { return engine.node("text", "Find").text() == "new"; }))
+      << "what was written for a cleaner that is gone is gone too";
+}
+
+TEST_F(CleanersPage, WhatNobodyEditsKeepsEveryCharacter) {
+  put(cleanersFile, R"({"cleaners": [{"name": "A", "steps": [
+      {"find": "a\u00a0b\r\nc", "replace": "\u2028"}, "#TRIM"]}]})");
+  open();
+  engine.type("Search cleaners", "CUSTOM");
+  engine.click("check box", "Ignore capitals");
+  EXPECT_TRUE(stores("ignoreCase"));
+  EXPECT_TRUE(stores("a\u00a0b\\r\\nc") && stores("\u2028")) << contents(cleanersFile).data();
+  engine.type("Replace by", "x");
+  keyboard::press("shift+Tab");
+  keyboard::press("ctrl+End");
+  output("xdotool", {"type", "d"});
+  EXPECT_TRUE(stores("a\u00a0b\\ncd")) << contents(cleanersFile).data();
+  engine.click("list item", "Trim");
+  mouse::click(engine.node("combo box", "Cleaner of this step").screenExtents().center(), 5);
+  EXPECT_TRUE(engine.node("text", "Description").setText("scrolled"));
+  EXPECT_TRUE(stores("scrolled"));
+  EXPECT_TRUE(stores("#TRIM"));
 }
 
 TEST_F(CleanersPage, AnEndlessExpressionHoldsNobodyUp) {

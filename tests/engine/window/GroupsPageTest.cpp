@@ -78,6 +78,17 @@ TEST_F(GroupsPage, KeysMoveAddColourAndRemove) {
   EXPECT_TRUE(entriesBecome({"#LABEL:Mail", "#TRIM", "#SPACER", "#LOWERCASE"}));
 }
 
+TEST_F(GroupsPage, DeleteGoesOnAndALabelIsWrittenInItsMiddle) {
+  engine->click("list item", "Trim");
+  keyboard::press("Delete");
+  keyboard::press("Delete");
+  EXPECT_TRUE(entriesBecome({"#LABEL:Notes"}));
+  engine->click("text", "Text of the label");
+  keyboard::press("Home");
+  output("xdotool", {"type", "My "});
+  EXPECT_TRUE(entriesBecome({"#LABEL:My Notes"}));
+}
+
 TEST_F(GroupsPage, TheMouseDragsEntriesCleanersAndGroups) {
   const QRect label = engine->node("list item", "Label Notes").screenExtents();
   drag(engine->node("list item", "Trim"), {label.center().x(), label.top() + 1});
@@ -96,19 +107,26 @@ TEST_F(GroupsPage, RenamingTakesShortcutsAlong) {
   item.type = QFKShortcutActionItem::popsUpGroup;
   item.typeValue = "Work";
   other.settings.setShortcut(item);
+  PropertyListUserDefaultsDomains agent("org.quenfold.Menu");
+  agent.standardUserDefaults().setObject("Work", "SelectedGroup");
   engine->type("Name of the group", "Basics");
+  keyboard::press("Return");
   EXPECT_TRUE(until([&] { return engine->hasText("There is a group \"Basics\" already"); }));
   engine->type("Name of the group", "Job");
+  EXPECT_EQ(groups()[0].toObject()["name"], "Work") << "not yet finished";
+  keyboard::press("ctrl+w");
   EXPECT_TRUE(until([] { return groups()[0].toObject()["name"] == "Job"; }));
   EXPECT_TRUE(until([] { return contents(dataFolder + "/quenfold-lists.plist").contains("Job"); }));
   EXPECT_TRUE(
       other.sees([&](auto& settings) { return settings.shortcutForKey(key)->typeValue == "Job"; }));
+  EXPECT_EQ(agent.standardUserDefaults().objectForKey("SelectedGroup"), Value("Job"));
 }
 
 TEST_F(GroupsPage, AGroupIsMadeAndRemoved) {
   engine->click("push button", "New Group");
   EXPECT_TRUE(until([] { return groups().size() == 3; }));
   output("xdotool", {"type", "Travel"});
+  keyboard::press("Tab");
   EXPECT_TRUE(until([] { return groups()[2].toObject()["name"] == "Travel"; }));
   engine->click("list item", "Home");
   keyboard::press("Delete");

@@ -8,6 +8,7 @@
 #include "tests/desktop/Keyboard.h"
 #include "tests/desktop/OtherProcess.h"
 #include "tests/engine/window/EngineProgram.h"
+#include "tests/engine/window/Home.h"
 
 namespace qf::desktop {
 namespace {
@@ -126,6 +127,18 @@ TEST_F(ShortcutsPageTest, SaysWhyAShortcutDoesNotWork) {
   typing.modifiers = 0x20000;
   settings.setShortcut(typing);
   EXPECT_TRUE(says("Not active: these keys are needed for typing"));
+}
+
+TEST_F(ShortcutsPageTest, OffersOnesOwnCleanersToo) {
+  put(cleanersFile, R"({"cleaners": [{"name": "Mine", "steps": ["#TRIM"]}]})");
+  EXPECT_TRUE(
+      until([] { return contents(dataFolder + "/quenfold-lists.plist").contains("Mine"); }));
+  engine.click("push button", "Add a shortcut");
+  EXPECT_TRUE(until([&] {
+    engine.node("text", "Cleaner").setText("Mine");
+    return item(stored().front()).typeValue == "#CUSTOM:Mine";
+  }));
+  QFile::remove(home(cleanersFile));
 }
 
 TEST_F(ShortcutsPageTest, OrdersAndRemovesOnTopOfWhatOthersChange) {
