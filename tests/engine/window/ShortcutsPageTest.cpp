@@ -5,10 +5,10 @@
 
 #include "kit/QFKIdentifiers.h"
 #include "tests/desktop/Agent.h"
+#include "tests/desktop/Home.h"
 #include "tests/desktop/Keyboard.h"
 #include "tests/desktop/OtherProcess.h"
 #include "tests/engine/window/EngineProgram.h"
-#include "tests/engine/window/Home.h"
 
 namespace qf::desktop {
 namespace {

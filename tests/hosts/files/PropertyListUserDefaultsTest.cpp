@@ -70,9 +70,6 @@ TEST_F(PropertyListUserDefaultsTest, seesAndKeepsWhatOtherProcessesStore) {
   EXPECT_EQ(defaults.objectForKey("b"), Value("edits"));
   std::filesystem::remove(file);
   EXPECT_EQ(defaults.objectForKey("b"), std::nullopt);
-  defaults.setObject(2, "b");
-  EXPECT_EQ(TemporaryHome::text(file.string() + ".damaged"), "<plist><dict><key>a</key>");
-  EXPECT_EQ(TemporaryHome::text(file.string() + ".damaged-2"), "<plist><array/></plist>");
 }
 
 TEST_F(PropertyListUserDefaultsTest, writesThroughALinkToTheFileBehindIt) {
