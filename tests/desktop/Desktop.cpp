@@ -38,10 +38,23 @@ bool isFocusedText(const Accessible& node) {
          node.hasState(focused);
 }
 
+/// A folder of Firefox's that welcomes nobody.
+QString profileOfBrowser() {
+  const QString folder = qEnvironmentVariable("HOME") + "/profile";
+  QDir().mkpath(folder);
+  QFile preferences(folder + "/user.js");
+  if (!preferences.open(QIODevice::WriteOnly)) throw std::runtime_error("no home to write to");
+  for (const char* name : {"browser.aboutwelcome.enabled", "browser.shell.checkDefaultBrowser",
+                           "datareporting.policy.dataSubmissionEnabled"})
+    preferences.write("user_pref(\"" + QByteArray(name) + "\", false);\n");
+  return folder;
+}
+
 QStringList commandLine(const QString& command, const QString& text) {
   QStringList words = command.split(' ');
   const QString built = QCoreApplication::applicationDirPath() + '/' + words.first();
   if (QFileInfo::exists(built)) words.first() = built;
+  if (command.contains("%profile")) words.replaceInStrings("%profile", profileOfBrowser());
   if (command.contains("%page"))
     return words.replaceInStrings("%page",
                                   fileHolding("<textarea autofocus rows=9>" + text, ".html"));
@@ -122,6 +135,9 @@ Editor::Editor(const QStringList& words, const QString& text)
   if (!isThere) throw std::runtime_error("no text area in " + words.first().toStdString());
 }
 
+/// Firefox puts a mark after characters outside the Basic Multilingual Plane.
+QString Editor::text() const { return _textArea->text().remove(QChar::ByteOrderMark); }
+
 void Editor::focus() const {
   if (_textArea->hasState(focused)) return;
   const QString pid = QString::number(_program.processIdentifier());
@@ -131,12 +147,13 @@ void Editor::focus() const {
 
 void Editor::reset(const QString& text, bool selected) {
   focus();
-  if (!_textArea->setText(text)) {
+  const auto isThere = [&] { return this->text() == text; };
+  if (!_textArea->setText(text) || !until(isThere, 3s)) {
     clipboard::setText(text);
     keyboard::press("ctrl+a");
     keyboard::press("ctrl+v");
   }
-  until([&] { return this->text() == text; });
+  until(isThere);
   keyboard::press(selected ? "ctrl+a" : "Home");
   until([&] { return (_textArea->selectionCount() > 0) == selected; }, 2s);
 }

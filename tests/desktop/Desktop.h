@@ -50,12 +50,12 @@ class XServer : public Program {
 class Editor {
  public:
   /// Opens the program with the text, in the place of "%text" in the command or else in a file,
-  /// whose path goes to "%file" or to the end, or to "%page" as that of a web page; throws
-  /// std::runtime_error when no window with it comes up.
+  /// whose path goes to "%file" or to the end, or to "%page" as that of a web page, "%profile"
+  /// being a folder for the browser; throws std::runtime_error when no window with it comes up.
   Editor(const QString& command, const QString& text);
 
   Program& program() { return _program; }
-  QString text() const { return _textArea->text(); }
+  QString text() const;
   /// Gives the window the input, puts the text there and selects all of it, or none.
   void reset(const QString& text, bool selected = true);
   void focus() const;

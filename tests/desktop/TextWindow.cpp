@@ -3,6 +3,7 @@
 //
 //   text_window editor FILE    an editor
 //   text_window dialog FILE    an entry in a modal dialog over such an editor
+//   text_window long FILE      the same, for a line of any length
 //   text_window password FILE  a password field
 #include <QApplication>
 #include <QDialog>
@@ -23,7 +24,9 @@ int main(int argc, char** argv) {
   window.resize(600, 400);
   window.show();
   QDialog dialog(&window);
-  auto* entry = new QLineEdit(text);
+  auto* entry = new QLineEdit;
+  if (kind == "long") entry->setMaxLength(1 << 24);
+  entry->setText(text);
   if (kind == "password") entry->setEchoMode(QLineEdit::Password);
   (new QVBoxLayout(&dialog))->addWidget(entry);
   dialog.setModal(true);

@@ -55,6 +55,8 @@ class AtspiApplication {
   /// Whether a menu was opened on this road to see whether that item is enabled.
   bool hasOpenedMenuFor(const AtspiReference& item) const { return _openedFor.contains(item); }
   void setHasOpenedMenuFor(const AtspiReference& item) { _openedFor.insert(item); }
+  /// What the menus told is no longer so.
+  void forgetOpenedMenus() { _openedFor.clear(); }
 
   std::vector<AtspiReference> children(const AtspiReference& object);
   AtspiStates states(const AtspiReference& object);

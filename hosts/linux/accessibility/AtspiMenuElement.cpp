@@ -14,6 +14,8 @@ namespace {
 
 using Kind = AtspiMenuTree::Kind;
 
+const QString qt = QStringLiteral("Qt"), gecko = QStringLiteral("Gecko");
+
 const char* roleOf(Kind kind) {
   switch (kind) {
     case Kind::bar:
@@ -75,9 +77,13 @@ bool AtspiMenuElement::performAction(std::string_view action) {
   auto behind = action == "AXPress" ? command() : nullptr;
   if (!behind) return false;
   AtspiApplication& application = _application->application();
-  if (isPasteOfNothingInQt()) {
+  if (_node.key == selectAllKey) {
+    if (isCopyUnderWay()) return false;
+    application.forgetOpenedMenus();
+  }
+  if (isPasteOfNothing()) {
     const AtspiTextTarget& target = _application->target();
-    if (!target.isEditable) {
+    if (!target.isEditable || application.toolkit() == gecko) {
       noteObstacle("nothing is left of it, and its Paste deletes nothing; delete it there");
       return false;
     }
@@ -113,10 +119,23 @@ std::unique_ptr<AtspiCommand> AtspiMenuElement::command() const {
       [this, barItem] { _tree->renewItems(_application->application(), *barItem); });
 }
 
-/// Qt's Paste does nothing then: what was cleaned to nothing would stay.
-bool AtspiMenuElement::isPasteOfNothingInQt() const {
-  return _node.key == pasteKey && _application->application().toolkit() == QLatin1String("Qt") &&
-         _application->pasteboard().string() == "";
+/// Qt's and Gecko's Paste does nothing then: what was cleaned to nothing would stay. Gecko's texts
+/// say that they can be edited, and that they were, and stay as they are.
+bool AtspiMenuElement::isPasteOfNothing() const {
+  return _node.key == pasteKey && _application->pasteboard().string() == "" &&
+         (_application->application().toolkit() == qt ||
+          _application->application().toolkit() == gecko);
+}
+
+/// Whoever presses Copy in vain goes on to select all. An application that is late with a selection
+/// it has would have its whole text replaced: there the next Copy takes the selection again.
+bool AtspiMenuElement::isCopyUnderWay() const {
+  AtspiApplication& application = _application->application();
+  if (application.hasCopied()) return false;
+  const AtspiReference text = _application->settledFocus();
+  if (text.isNull()) return false;
+  const auto answers = application.ask({atspi::getSelectionCount(text), atspi::getSelection(text)});
+  return atspi::signedNumber(answers[0]) > 0 && !atspi::range(answers[1]).isEmpty();
 }
 
 /// What the selection and the clipboard say of Copy and Paste, where they can be asked.
@@ -130,18 +149,22 @@ std::optional<bool> AtspiMenuElement::mustBeEnabled(bool saysItIs) const {
 }
 
 /// Editors of KDE copy the current line where nothing is selected, and pasting would not replace
-/// it: there Copy is possible with a selection only, which Qt always knows.
+/// it: there Copy is possible with a selection only, which Qt always knows. Gecko knows it too, and
+/// brings its menus up to date only when they are opened.
 /// To take a selection for none would replace the whole text: where nobody knows, such as the
-/// paragraph with the focus of a selection that lies in others, the menu has to be looked at.
+/// paragraph with the focus of a selection that lies in others, or what LibreOffice calls focused
+/// while the caret is out of sight, the menu has to be looked at.
 std::optional<bool> AtspiMenuElement::mustBeAbleToCopy(bool saysItIs) const {
   AtspiApplication& application = _application->application();
   const std::optional<bool> whenUnknown = saysItIs ? std::nullopt : std::optional(true);
   const AtspiReference text = _application->settledFocus();
   if (text.isNull()) return whenUnknown;
-  if (saysItIs && application.toolkit() != QLatin1String("Qt")) return std::nullopt;
+  const bool alwaysKnows = application.toolkit() == qt || application.toolkit() == gecko;
+  if (saysItIs && !alwaysKnows) return std::nullopt;
   const auto answers = application.ask({atspi::getSelectionCount(text), atspi::getRole(text)});
-  if (atspi::number(answers[1]) == atspirole::paragraph) return whenUnknown;
-  if (answers[0].type() != QDBusMessage::ReplyMessage) return std::nullopt;
+  if (answers[0].type() != QDBusMessage::ReplyMessage ||
+      atspi::number(answers[1]) == atspirole::paragraph)
+    return whenUnknown;
   return atspi::signedNumber(answers[0]) > 0;
 }
 

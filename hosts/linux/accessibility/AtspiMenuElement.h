@@ -25,7 +25,8 @@ class AtspiMenuElement : public AccessibilityElement {
  private:
   void noteObstacle(const std::string& why) const;
   std::unique_ptr<AtspiCommand> command() const;
-  bool isPasteOfNothingInQt() const;
+  bool isPasteOfNothing() const;
+  bool isCopyUnderWay() const;
   bool isOfOurMaking() const { return !_node.ownTitle.empty(); }
   std::optional<bool> mustBeEnabled(bool saysItIs) const;
   std::optional<bool> mustBeAbleToCopy(bool saysItIs) const;

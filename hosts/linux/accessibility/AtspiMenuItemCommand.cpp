@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/accessibility/AtspiMenuItemCommand.h"
 
+#include <thread>
 #include <utility>
 
 #include "hosts/linux/accessibility/AtspiApplication.h"
@@ -12,10 +13,22 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto updateLimit = 250ms;
 constexpr auto updateInterval = 5ms;
+constexpr auto escapeTime = 100ms;
+constexpr int mostEscapes = 3;
 // An editor works on a text of several megabytes for some seconds.
 constexpr int actionLimitInMs = 5000;
+
+/// GTK closes it when nothing is selected in the bar. Elsewhere an open menu has the keyboard, so
+/// that Escape goes to it, and in Gecko a second one to the bar.
+void closeMenu(AtspiApplication& application, const AtspiReference& bar,
+               const AtspiReference& barItem) {
+  if (atspi::truth(application.ask(atspi::clearSelection(bar)))) return;
+  for (int i = 0; i < mostEscapes && application.states(barItem).has(AtspiState::focused); ++i) {
+    application.tell(atspi::pressEscape());
+    std::this_thread::sleep_for(escapeTime);
+  }
+}
 
 }  // namespace
 
@@ -36,7 +49,7 @@ bool AtspiMenuItemCommand::isEnabled(AtspiApplication& application) {
   if (isSensitive(application)) return _mustBeEnabled(true).value_or(true);
   if (application.hasOpenedMenuFor(_item) || !_mustBeEnabled(false).value_or(false)) return false;
   application.setHasOpenedMenuFor(_item);
-  showMenuBriefly(application, _bar, _barItem, [&] {
+  showMenuBriefly(application, _bar, _barItem, 250ms, [&] {
     _renew();
     return isSensitive(application);
   });
@@ -51,11 +64,11 @@ AtspiCommand::Outcome AtspiMenuItemCommand::run(AtspiApplication& application) {
 }
 
 void showMenuBriefly(AtspiApplication& application, const AtspiReference& bar,
-                     const AtspiReference& barItem, const std::function<bool()>& isUpToDate) {
+                     const AtspiReference& barItem, std::chrono::milliseconds limit,
+                     const std::function<bool()>& isUpToDate) {
   application.ask(atspi::doAction(barItem));
-  const auto deadline = std::chrono::steady_clock::now() + updateLimit;
-  atspi::waitUntil(deadline, updateInterval, isUpToDate);
-  application.ask(atspi::clearSelection(bar));
+  atspi::waitUntil(std::chrono::steady_clock::now() + limit, updateInterval, isUpToDate);
+  closeMenu(application, bar, barItem);
 }
 
 }  // namespace qf

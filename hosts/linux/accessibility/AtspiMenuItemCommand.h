@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -34,8 +35,9 @@ class AtspiMenuItemCommand : public AtspiCommand {
 };
 
 /// Opens a menu of a menu bar, as some applications bring their menus up to date only then, and
-/// closes it once the condition holds, after 250 ms at the latest. The person sees it.
+/// closes it once the condition holds, or when the limit is reached. The person sees it.
 void showMenuBriefly(AtspiApplication& application, const AtspiReference& bar,
-                     const AtspiReference& barItem, const std::function<bool()>& isUpToDate);
+                     const AtspiReference& barItem, std::chrono::milliseconds limit,
+                     const std::function<bool()>& isUpToDate);
 
 }  // namespace qf

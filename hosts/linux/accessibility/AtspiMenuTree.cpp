@@ -2,6 +2,7 @@
 #include "hosts/linux/accessibility/AtspiMenuTree.h"
 
 #include <algorithm>
+#include <chrono>
 
 #include "hosts/linux/accessibility/AtspiApplication.h"
 #include "hosts/linux/accessibility/AtspiCommand.h"
@@ -21,6 +22,7 @@ constexpr int deepestSubmenu = 16;
 constexpr std::size_t mostWindowObjects = 500;
 constexpr int deepestMenuBar = 8;
 constexpr int levelsBelowMenuBar = 1;
+constexpr std::chrono::seconds fillLimit{1};
 
 constexpr std::size_t leadingEntries = 2;
 /// Where the Edit menu is looked for.
@@ -181,7 +183,7 @@ void AtspiMenuTree::readMenus(AtspiApplication& application, const std::vector<N
     level.push_back({barItems[i], atspi::references(answers[i])});
     // Some applications fill a menu only when it is opened.
     if (level.back().children.empty() && barItems[i] == _bar->children[editEntry].get())
-      showMenuBriefly(application, _bar->source, barItems[i]->source, [&] {
+      showMenuBriefly(application, _bar->source, barItems[i]->source, fillLimit, [&] {
         level.back().children = application.children(barItems[i]->source);
         return !level.back().children.empty();
       });
