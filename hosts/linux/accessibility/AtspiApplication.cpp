@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 #include <deque>
+#include <utility>
 
 #include "hosts/linux/accessibility/AtspiMessages.h"
 
@@ -91,6 +92,15 @@ const QString& AtspiApplication::toolkit() {
 
 std::vector<AtspiReference> AtspiApplication::children(const AtspiReference& object) {
   return atspi::references(ask(atspi::getChildren(object)));
+}
+
+std::vector<AtspiReference> AtspiApplication::children(const std::vector<AtspiReference>& objects) {
+  std::vector<QDBusMessage> questions;
+  for (const AtspiReference& object : objects) questions.push_back(atspi::getChildren(object));
+  std::vector<AtspiReference> children;
+  for (const QDBusMessage& answer : ask(questions))
+    for (AtspiReference& child : atspi::references(answer)) children.push_back(std::move(child));
+  return children;
 }
 
 AtspiStates AtspiApplication::states(const AtspiReference& object) {

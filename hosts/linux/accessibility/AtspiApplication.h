@@ -59,6 +59,8 @@ class AtspiApplication {
   void forgetOpenedMenus() { _openedFor.clear(); }
 
   std::vector<AtspiReference> children(const AtspiReference& object);
+  /// The children of all of them, one after the other.
+  std::vector<AtspiReference> children(const std::vector<AtspiReference>& objects);
   AtspiStates states(const AtspiReference& object);
 
  private:

@@ -155,9 +155,8 @@ AccessibilityElementRef AtspiApplicationElement::menuBar() const {
 
 std::vector<AccessibilityElementRef> AtspiApplicationElement::windows() const {
   std::vector<AccessibilityElementRef> elements;
-  for (const AtspiReference& root : _application.roots())
-    for (const AtspiReference& window : _application.children(root))
-      elements.push_back(element(window));
+  for (const AtspiReference& window : _application.children(_application.roots()))
+    elements.push_back(element(window));
   return elements;
 }
 

@@ -38,36 +38,20 @@ bool isSameCommand(const AtspiKeyBinding& item, const AtspiKeyBinding& key) {
 AtspiContextMenu::AtspiContextMenu(AtspiApplication& application, AtspiReference object, int action)
     : _application(application), _object(std::move(object)), _action(action) {}
 
-std::vector<AtspiReference> AtspiContextMenu::windows() {
-  std::vector<AtspiReference> windows;
-  for (const AtspiReference& root : _application.roots())
-    for (AtspiReference& window : _application.children(root)) windows.push_back(std::move(window));
-  return windows;
-}
-
 std::vector<AtspiReference> AtspiContextMenu::items() {
-  std::vector<AtspiReference> items, level = windows();
+  std::vector<AtspiReference> items, level = _application.children(_application.roots());
   std::erase_if(level, [this](const AtspiReference& window) {
     return std::find(_windowsBefore.begin(), _windowsBefore.end(), window) != _windowsBefore.end();
   });
   for (int depth = 0; depth < deepestItem && !level.empty(); ++depth) {
     level.resize(std::min(level.size(), mostObjects));
     std::vector<QDBusMessage> questions;
-    for (const AtspiReference& object : level) {
-      questions.push_back(atspi::getRole(object));
-      questions.push_back(atspi::getChildren(object));
-    }
-    const auto answers = _application.ask(questions);
-    std::vector<AtspiReference> below;
-    for (std::size_t i = 0; i < level.size(); ++i) {
-      if (atspi::number(answers[2 * i]) == atspirole::menuItem) {
-        items.push_back(level[i]);
-        continue;
-      }
-      for (AtspiReference& child : atspi::references(answers[2 * i + 1]))
-        below.push_back(std::move(child));
-    }
-    level = std::move(below);
+    for (const AtspiReference& object : level) questions.push_back(atspi::getRole(object));
+    const auto roles = _application.ask(questions);
+    std::vector<AtspiReference> others;
+    for (std::size_t i = 0; i < level.size(); ++i)
+      (atspi::number(roles[i]) == atspirole::menuItem ? items : others).push_back(level[i]);
+    level = _application.children(others);
   }
   return items;
 }
@@ -91,7 +75,7 @@ std::optional<AtspiReference> AtspiContextMenu::itemWithKey(
 
 AtspiCommand::Outcome AtspiContextMenu::press(const AtspiKeyBinding& key) {
   using Outcome = AtspiCommand::Outcome;
-  _windowsBefore = windows();
+  _windowsBefore = _application.children(_application.roots());
   _application.ask(atspi::doAction(_object, _action));
   std::optional<AtspiReference> item;
   bool isOpen = false;

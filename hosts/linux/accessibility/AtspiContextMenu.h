@@ -21,7 +21,6 @@ class AtspiContextMenu {
   AtspiCommand::Outcome press(const AtspiKeyBinding& key);
 
  private:
-  std::vector<AtspiReference> windows();
   /// Of the windows that were not there before.
   std::vector<AtspiReference> items();
   std::optional<AtspiReference> itemWithKey(const std::vector<AtspiReference>& items,

@@ -40,7 +40,7 @@ class FocusWalk {
   AtspiReference run() {
     for (int depth = 0; depth < deepest && !_level.empty() && _count < mostObjects; ++depth) {
       if (lookAtLevel()) break;
-      descend();
+      _level = _application.children(_level);
     }
     return _focused;
   }
@@ -70,14 +70,6 @@ class FocusWalk {
     }
     _level = std::move(open);
     return false;
-  }
-
-  void descend() {
-    std::vector<QDBusMessage> questions;
-    for (const AtspiReference& object : _level) questions.push_back(atspi::getChildren(object));
-    _level.clear();
-    for (const QDBusMessage& answer : _application.ask(questions))
-      for (AtspiReference& child : atspi::references(answer)) _level.push_back(std::move(child));
   }
 
   AtspiApplication& _application;

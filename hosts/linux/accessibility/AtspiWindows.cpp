@@ -56,14 +56,8 @@ AtspiWindows::Choice AtspiWindows::inputWindow(AtspiApplication& application) {
   // What has been told so far, without running anything else of the event loop.
   QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
 
+  const std::vector<AtspiReference> objects = application.children(application.roots());
   std::vector<QDBusMessage> questions;
-  for (const AtspiReference& root : application.roots())
-    questions.push_back(atspi::getChildren(root));
-  std::vector<AtspiReference> objects;
-  for (const QDBusMessage& answer : application.ask(questions))
-    for (AtspiReference& child : atspi::references(answer)) objects.push_back(std::move(child));
-
-  questions.clear();
   for (const AtspiReference& object : objects) {
     questions.push_back(atspi::getState(object));
     questions.push_back(atspi::getRole(object));
