@@ -391,6 +391,28 @@ TEST_F(HostileApplication, NothingIsPastedAfterACopyThatBroughtNothing) {
   EXPECT_THAT(told, ElementsAre(HasSubstr("read-only"))) << "at the end of its road, once";
 }
 
+TEST_F(HostileApplication, LateCopyOfASelectionIsNotFollowedBySelectAll) {
+  const int text = addText(editor.window, atspirole::text, "some text");
+  application->change(text, [](auto& changed) { changed.selectionEnd = 4; });
+  const int selectAll = application->add(editor.edit, atspirole::menuItem, "a;;<Primary>a");
+  application->change(selectAll, [&](auto& item) {
+    item.onAction = [&] { application->change(text, [](auto& all) { all.selectionEnd = 9; }); };
+  });
+  int presses = 0;
+  application->change(editor.copy, [&](auto& item) {
+    item.onAction = [&] {
+      if (++presses < 2) return;
+      application->change(text, [&](auto& shown) {
+        pasteboard.setString(shown.text.left(shown.selectionEnd).toStdString());
+      });
+      ++pasteboard.changes;
+    };
+  });
+  const auto element = road();
+  EXPECT_TRUE(element->copyToClipboard());
+  EXPECT_EQ(pasteboard.string(), "some");
+}
+
 TEST_F(HostileApplication, TerminalsOwnCopyKeysAreShownAsPlain) {
   for (const int item : {editor.copy, editor.paste})
     application->change(item, [](auto& changed) {
