@@ -66,6 +66,8 @@ std::vector<QDBusMessage> AtspiApplication::ask(const std::vector<QDBusMessage>&
     _waited += waited;
     _mostUnderWay = waited < quick ? std::min(2 * _mostUnderWay, eager) : cautious;
     _isThere = !isLost(answers[i]);
+    // Limits are kept to a twentieth: nothing is left for the road then.
+    if (!_isThere && limit < limitInMs) _waited = roadLimit;
   }
   if (!_isThere) answers.assign(questions.size(), QDBusMessage());
   return answers;
