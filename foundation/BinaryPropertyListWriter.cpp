@@ -67,7 +67,6 @@ class BinaryWriter {
   struct Known {
     std::uint32_t hash = 0;
     Index number = 0;  // the object's, counted from 1
-    std::size_t start = 0;
   };
 
   // A string and the reference to it. It is looked up a few strings later, when its place in the
@@ -164,13 +163,13 @@ class BinaryWriter {
     for (; _known[place].number != 0; place = (place + 1) & (_known.size() - 1)) {
       if (_known[place].hash != hash) continue;
       // The marker tells the size, so an equal beginning is an equal whole.
-      if (scalar(_known[place].start, count) != bytes) continue;
+      if (scalar(_objects[_known[place].number - 1].start, count) != bytes) continue;
       _scalars.resize(start);
       return _known[place].number - 1;
     }
     _objects.push_back({0, start, count});
     ++_scalarCount;
-    _known[place] = {hash, static_cast<Index>(_objects.size()), start};
+    _known[place] = {hash, static_cast<Index>(_objects.size())};
     return static_cast<Index>(_objects.size() - 1);
   }
 
