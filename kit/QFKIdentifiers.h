@@ -30,6 +30,5 @@ inline constexpr std::string_view showPreferencesDefault = "qfkShowPreferences";
 
 // In the agent's own domain.
 inline constexpr std::string_view selectedGroupDefault = "SelectedGroup";
-inline constexpr std::string_view paletteTakesKeyboardDefault = "PaletteTakesKeyboard";
 
 }  // namespace qf

@@ -10,6 +10,7 @@
 #include "engine/window/WindowModels.h"
 #include "host/Bundle.h"
 #include "hosts/qt/MenuColor.h"
+#include "hosts/qt/QtPaletteWindows.h"
 #include "hosts/qt/TemplateIcon.h"
 #include "kit/QFKIdentifiers.h"
 

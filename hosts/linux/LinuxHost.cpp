@@ -44,7 +44,6 @@
 #include "hosts/qt/QtStatusBar.h"
 #include "hosts/qt/Reasons.h"
 #include "hosts/qt/Translations.h"
-#include "kit/QFKIdentifiers.h"
 
 namespace qf {
 namespace {

@@ -2,12 +2,16 @@
 #pragma once
 
 #include <functional>
+#include <string_view>
 
 #include "host/PaletteWindow.h"
 
 namespace qf {
 
 class PanelSystem;
+
+/// The user default, of the agent's domain, that says whether the palette takes the keyboard.
+inline constexpr std::string_view paletteTakesKeyboardDefault = "PaletteTakesKeyboard";
 
 class QtPaletteWindows final : public PaletteWindows {
  public:
