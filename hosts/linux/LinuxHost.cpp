@@ -120,10 +120,10 @@ struct LinuxHost::Services {
     accessibility.setOutcomeHandler(
         [this](const Availability& outcome) { note(outcome, roadOutcome); });
     appleEvents.setOutcomeHandler([this](AppleEventStatus status, const std::string& reason) {
-      if (status == AppleEventStatus::noError)
-        return note(Availability::available(), engineOutcome);
       // That nobody took the command of an engine that did not start is no news.
       const bool isTold = std::exchange(isLaunchFailureTold, false);
+      if (status == AppleEventStatus::noError)
+        return note(Availability::available(), engineOutcome);
       if (!isTold || status != AppleEventStatus::processNotFound)
         note(Availability::unavailable(reason), engineOutcome);
     });
