@@ -10,7 +10,7 @@
 #include "host/CrashReporter.h"
 #include "host/DistributedNotificationCenter.h"
 #include "host/Host.h"
-#include "host/Services.h"
+#include "host/ServicesMenu.h"
 #include "host/StatusBar.h"
 #include "host/UserDefaults.h"
 #include "kit/QFKClientBase.h"
@@ -34,14 +34,14 @@ void AppDelegate::initialize(UserDefaults& standardUserDefaults) {
 AppDelegate::AppDelegate(Host& host, SharedObjects sharedObjects)
     : _host(host), _sharedObjects(std::move(sharedObjects)) {}
 
-AppDelegate::~AppDelegate() { _host.services.setServicesProvider(nullptr); }
+AppDelegate::~AppDelegate() { _host.servicesMenu.setServicesProvider(nullptr); }
 
 void AppDelegate::applicationDidFinishLaunching() {
   _host.crashReporter.start();
   _menuSettingsMgr = &_sharedObjects.menuSettingsMgr();
   readQFMenuDictionaryFromSharedContainer();
   _serviceHandler = std::make_unique<QFPaletteServices>();
-  _host.services.setServicesProvider(_serviceHandler.get());
+  _host.servicesMenu.setServicesProvider(_serviceHandler.get());
   _host.distributedNotificationCenter.addObserver(std::string(SharedQFMenuPrefsChangedNotification),
                                                   [this] { updateMenuPrefs(); });
   // Connecting has loaded the list already; it is loaded again nonetheless.

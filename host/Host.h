@@ -17,7 +17,7 @@ class MainQueue;
 class MenuPresenter;
 class PaletteWindows;
 class Pasteboards;
-class Services;
+class ServicesMenu;
 class ShortcutReport;
 class Sound;
 class StatusBar;
@@ -41,7 +41,7 @@ struct Host {
   MenuPresenter& menuPresenter;
   PaletteWindows& paletteWindows;
   Pasteboards& pasteboards;
-  Services& services;
+  ServicesMenu& servicesMenu;
   ShortcutReport& shortcutReport;
   Sound& sound;
   StatusBar& statusBar;

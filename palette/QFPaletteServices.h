@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "host/Services.h"
+#include "host/ServicesMenu.h"
 
 namespace qf {
 

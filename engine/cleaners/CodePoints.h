@@ -4,6 +4,7 @@
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>

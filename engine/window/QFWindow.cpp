@@ -7,7 +7,7 @@
 #include <QScrollArea>
 #include <QShortcut>
 
-#include "engine/window/Page.h"
+#include "engine/window/pages/Page.h"
 
 namespace qf {
 namespace {
@@ -25,7 +25,7 @@ QWidget* scrolling(Page* page) {
 
 }  // namespace
 
-QFWindow::QFWindow(const WindowServices& services) : _colorScheme(services.bus), _models(services) {
+QFWindow::QFWindow(const WindowHost& host) : _colorScheme(host.bus), _models(host) {
   setWindowTitle("Quenfold");
   setWindowIcon(QIcon::fromTheme("org.quenfold.Quenfold"));
   addPages();

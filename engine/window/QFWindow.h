@@ -6,10 +6,10 @@
 #include <QWidget>
 #include <vector>
 
-#include "engine/window/Pages.h"
-#include "engine/window/ProblemBar.h"
-#include "engine/window/WindowModels.h"
-#include "hosts/linux/workspace/ColorScheme.h"
+#include "engine/window/models/WindowModels.h"
+#include "engine/window/pages/Pages.h"
+#include "engine/window/widgets/ProblemBar.h"
+#include "hosts/linux/desktop/ColorScheme.h"
 
 namespace qf {
 
@@ -19,7 +19,7 @@ class QFWindow final : public QWidget {
   Q_OBJECT
 
  public:
-  explicit QFWindow(const WindowServices& services);
+  explicit QFWindow(const WindowHost& host);
   ~QFWindow() override;
 
   void showPreferences() { _pageList->setCurrentRow(0); }

@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "engine/EngineWindow.h"
+#include "engine/program/EngineWindow.h"
 #include "host/Workspace.h"
 
 namespace qf {

@@ -12,14 +12,19 @@
 
 #include "foundation/Log.h"
 #include "foundation/Value.h"
-#include "hosts/linux/accessibility/AtspiAccessibility.h"
+#include "hosts/linux/accessibility/elements/AtspiAccessibility.h"
 #include "hosts/linux/bus/BusApplicationObject.h"
 #include "hosts/linux/bus/BusApplications.h"
 #include "hosts/linux/bus/DBusAppleEvents.h"
 #include "hosts/linux/bus/DBusDistributedNotificationCenter.h"
-#include "hosts/linux/bus/DBusServices.h"
+#include "hosts/linux/bus/DBusServicesMenu.h"
 #include "hosts/linux/bus/StatusReport.h"
 #include "hosts/linux/bus/UserNotice.h"
+#include "hosts/linux/clipboard/XcbPasteboards.h"
+#include "hosts/linux/desktop/ColorScheme.h"
+#include "hosts/linux/desktop/DesktopTraySystem.h"
+#include "hosts/linux/desktop/EndSignals.h"
+#include "hosts/linux/desktop/LinuxWorkspace.h"
 #include "hosts/linux/files/LocalCrashReporter.h"
 #include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
 #include "hosts/linux/files/UserLanguages.h"
@@ -28,13 +33,8 @@
 #include "hosts/linux/keys/DesktopHotKeys.h"
 #include "hosts/linux/keys/XcbHotKeys.h"
 #include "hosts/linux/keys/XkbKeyboardLayout.h"
-#include "hosts/linux/pasteboard/XcbPasteboards.h"
-#include "hosts/linux/tray/DesktopTraySystem.h"
-#include "hosts/linux/workspace/ColorScheme.h"
-#include "hosts/linux/workspace/EndSignals.h"
-#include "hosts/linux/workspace/LinuxWorkspace.h"
-#include "hosts/linux/workspace/X11Display.h"
-#include "hosts/linux/workspace/X11PanelSystem.h"
+#include "hosts/linux/x11/X11Display.h"
+#include "hosts/linux/x11/X11PanelSystem.h"
 #include "hosts/qt/QtApplication.h"
 #include "hosts/qt/QtEventState.h"
 #include "hosts/qt/QtMainQueue.h"
@@ -74,8 +74,8 @@ struct LinuxHost::Core {
   BusApplications applications;
 };
 
-struct LinuxHost::Services {
-  explicit Services(Core& core)
+struct LinuxHost::Backends {
+  explicit Backends(Core& core)
       : crashReporter(std::string(core.program.name), std::string(core.program.version)),
         userDefaults(core.program.bundleIdentifier),
         appleEvents(core.applications),
@@ -106,7 +106,7 @@ struct LinuxHost::Services {
              .menuPresenter = menuPresenter,
              .paletteWindows = paletteWindows,
              .pasteboards = pasteboards,
-             .services = servicesMenu,
+             .servicesMenu = servicesMenu,
              .shortcutReport = statusReport,
              .sound = sound,
              .statusBar = statusBar,
@@ -186,7 +186,7 @@ struct LinuxHost::Services {
   QtMenuPresenter menuPresenter;
   X11PanelSystem panelSystem;
   QtPaletteWindows paletteWindows;
-  DBusServices servicesMenu;
+  DBusServicesMenu servicesMenu;
   QtSound sound;
   DesktopTraySystem traySystem;
   QtStatusBar statusBar;
@@ -218,8 +218,8 @@ bool LinuxHost::registerOnlyInstance() {
 BusApplications& LinuxHost::applications() { return _core->applications; }
 
 Host& LinuxHost::services() {
-  if (!_services) _services = std::make_unique<Services>(*_core);
-  return _services->host;
+  if (!_backends) _backends = std::make_unique<Backends>(*_core);
+  return _backends->host;
 }
 
 }  // namespace qf

@@ -44,10 +44,10 @@ class LinuxHost {
 
  private:
   struct Core;
-  struct Services;
+  struct Backends;
 
   std::unique_ptr<Core> _core;
-  std::unique_ptr<Services> _services;
+  std::unique_ptr<Backends> _backends;
 };
 
 }  // namespace qf

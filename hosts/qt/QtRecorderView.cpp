@@ -42,8 +42,7 @@ bool isPressKey(const QKeyEvent& event) {
 
 }  // namespace
 
-QtRecorderView::QtRecorderView(Services services, QWidget* parent)
-    : QWidget(parent), _services(services) {
+QtRecorderView::QtRecorderView(Host host, QWidget* parent) : QWidget(parent), _host(host) {
   setMouseTracking(true);
   setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
   _sinceRelease.setSingleShot(true);
@@ -89,7 +88,7 @@ void QtRecorderView::tellAccessibility() {
 
 void QtRecorderView::postAnnouncement(const std::string& text, int priority) {
   if (QAccessibleInterface* source = QAccessible::queryAccessibleInterface(this)) {
-    _services.announcer.announce(*source, QString::fromStdString(text), priority >= highPriority);
+    _host.announcer.announce(*source, QString::fromStdString(text), priority >= highPriority);
   }
 }
 
@@ -237,7 +236,7 @@ bool QtRecorderView::handlePress(QKeyEvent& event) {
 bool QtRecorderView::handleRelease(const QKeyEvent& event) {
   if (!_monitor && event.nativeScanCode() == _keyToSwallow) _sinceRelease.start();
   if (event.isAutoRepeat()) return true;
-  const bool isModifier = _services.keyboardLayout.modifierFlagsOfKey(event.nativeScanCode()) != 0;
+  const bool isModifier = _host.keyboardLayout.modifierFlagsOfKey(event.nativeScanCode()) != 0;
   if (_monitor && isModifier) {
     const auto monitor = _monitor;
     return monitor(keyEvent(event));
@@ -246,7 +245,7 @@ bool QtRecorderView::handleRelease(const QKeyEvent& event) {
 }
 
 KeyEvent QtRecorderView::keyEvent(const QKeyEvent& event) const {
-  const KeyboardLayout& layout = _services.keyboardLayout;
+  const KeyboardLayout& layout = _host.keyboardLayout;
   std::uint64_t flags = layout.modifierFlagsForHardwareState(event.nativeModifiers());
   const std::uint64_t ownFlags = layout.modifierFlagsOfKey(event.nativeScanCode());
   if (event.type() == QEvent::KeyRelease) {

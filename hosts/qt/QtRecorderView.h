@@ -24,12 +24,12 @@ class QtRecorderView final : public QWidget, public RecorderView {
 
  public:
   /// Both outlive the view.
-  struct Services {
+  struct Host {
     const KeyboardLayout& keyboardLayout;
     Announcer& announcer;
   };
 
-  explicit QtRecorderView(Services services, QWidget* parent = nullptr);
+  explicit QtRecorderView(Host host, QWidget* parent = nullptr);
   ~QtRecorderView() override;
 
   void setDelegate(RecorderViewDelegate* delegate) override;
@@ -75,7 +75,7 @@ class QtRecorderView final : public QWidget, public RecorderView {
   void followMouse(QPointF place);
   void tellAccessibility();
 
-  Services _services;
+  Host _host;
   RecorderViewDelegate* _delegate = nullptr;
   std::optional<Rect> _trackingArea;
   bool _isMouseInside = false;

@@ -13,7 +13,7 @@
 
 #include "tests/desktop/Agent.h"
 #include "tests/desktop/Desktop.h"
-#include "tests/hosts/pasteboard/SelectionPeer.h"
+#include "tests/hosts/clipboard/SelectionPeer.h"
 
 namespace qf::desktop {
 namespace {

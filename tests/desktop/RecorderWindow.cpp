@@ -9,7 +9,7 @@
 
 #include "host/EventState.h"
 #include "host/Menu.h"
-#include "hosts/linux/accessibility/AtspiAnnouncer.h"
+#include "hosts/linux/accessibility/bus/AtspiAnnouncer.h"
 #include "hosts/linux/files/XdgBundle.h"
 #include "hosts/linux/keys/DesktopHotKeys.h"
 #include "hosts/linux/keys/XkbKeyboardLayout.h"

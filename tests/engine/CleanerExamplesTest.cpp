@@ -5,7 +5,7 @@
 #include <set>
 #include <vector>
 
-#include "engine/QFCleanerLibrary.h"
+#include "engine/lists/QFCleanerLibrary.h"
 
 namespace qf {
 namespace {

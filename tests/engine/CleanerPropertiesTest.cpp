@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "engine/QFCleanerLibrary.h"
 #include "engine/cleaners/CodePoints.h"
+#include "engine/lists/QFCleanerLibrary.h"
 
 namespace qf {
 namespace {

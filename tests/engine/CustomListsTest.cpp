@@ -6,10 +6,10 @@
 #include <QDeadlineTimer>
 #include <ctime>
 
-#include "engine/CustomListsReader.h"
-#include "engine/FileWatch.h"
-#include "engine/ListData.h"
-#include "engine/QFCustomFile.h"
+#include "engine/lists/CustomListsReader.h"
+#include "engine/lists/ListData.h"
+#include "engine/lists/QFCustomFile.h"
+#include "engine/program/FileWatch.h"
 #include "hosts/linux/files/XdgFileManager.h"
 #include "kit/QFKListFormat.h"
 #include "tests/support/LogCapture.h"

@@ -5,8 +5,8 @@
 #include <fstream>
 #include <set>
 
-#include "engine/QFCleanerLibrary.h"
-#include "engine/QFPasteboardCleaner.h"
+#include "engine/lists/QFCleanerLibrary.h"
+#include "engine/program/QFPasteboardCleaner.h"
 #include "foundation/PropertyList.h"
 #include "kit/QFKListFormat.h"
 

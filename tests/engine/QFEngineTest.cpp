@@ -2,9 +2,9 @@
 // The engine at the end of its channel: command events in, files, pasteboard and answers out.
 #include <gmock/gmock.h>
 
-#include "engine/EngineWindow.h"
-#include "engine/ListData.h"
-#include "engine/QFEngine.h"
+#include "engine/lists/ListData.h"
+#include "engine/program/EngineWindow.h"
+#include "engine/program/QFEngine.h"
 #include "foundation/KeyedArchive.h"
 #include "foundation/PropertyList.h"
 #include "hosts/linux/files/XdgFileManager.h"

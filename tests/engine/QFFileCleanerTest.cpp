@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
-#include "engine/QFCleanerLibrary.h"
-#include "engine/QFFileCleaner.h"
+#include "engine/lists/QFCleanerLibrary.h"
+#include "engine/program/QFFileCleaner.h"
 #include "hosts/linux/files/XdgFileManager.h"
 #include "tests/support/TemporaryHome.h"
 

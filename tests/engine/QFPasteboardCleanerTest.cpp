@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 
-#include "engine/QFCleanerLibrary.h"
-#include "engine/QFPasteboardCleaner.h"
+#include "engine/lists/QFCleanerLibrary.h"
+#include "engine/program/QFPasteboardCleaner.h"
 #include "tests/support/FakePasteboard.h"
 #include "tests/support/LogCapture.h"
 

@@ -16,7 +16,7 @@
 #include "tests/support/FakeMenuPresenter.h"
 #include "tests/support/FakePaletteWindow.h"
 #include "tests/support/FakePasteboard.h"
-#include "tests/support/FakeServices.h"
+#include "tests/support/FakeServicesMenu.h"
 #include "tests/support/FakeShortcutReport.h"
 #include "tests/support/FakeSound.h"
 #include "tests/support/FakeStatusBar.h"
@@ -42,7 +42,7 @@ struct FakeHost {
   FakeMenuPresenter menuPresenter;
   FakePaletteWindows paletteWindows;
   FakePasteboards pasteboards;
-  FakeServices services;
+  FakeServicesMenu services;
   FakeShortcutReport shortcutReport;
   FakeSound sound;
   FakeStatusBar statusBar;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "hosts/linux/accessibility/AtspiAccessibility.h"
-#include "hosts/linux/pasteboard/XcbPasteboard.h"
+#include "hosts/linux/accessibility/elements/AtspiAccessibility.h"
+#include "hosts/linux/clipboard/XcbPasteboard.h"
 #include "tests/contract/AccessibilityContract.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/support/FakeWorkspace.h"

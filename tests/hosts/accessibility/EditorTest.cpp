@@ -9,8 +9,8 @@
 #include <QThread>
 #include <csignal>
 
-#include "hosts/linux/accessibility/AtspiAccessibility.h"
-#include "hosts/linux/pasteboard/XcbPasteboard.h"
+#include "hosts/linux/accessibility/elements/AtspiAccessibility.h"
+#include "hosts/linux/clipboard/XcbPasteboard.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/support/FakeWorkspace.h"
 #include "textaccess/QFTextAccess.h"

@@ -7,8 +7,8 @@
 #include <stdexcept>
 #include <utility>
 
-#include "hosts/linux/accessibility/AtspiMessages.h"
-#include "hosts/linux/accessibility/AtspiReference.h"
+#include "hosts/linux/accessibility/bus/AtspiMessages.h"
+#include "hosts/linux/accessibility/bus/AtspiReference.h"
 
 namespace qf {
 

@@ -7,9 +7,9 @@
 #include <atomic>
 #include <thread>
 
-#include "hosts/linux/accessibility/AtspiAccessibility.h"
-#include "hosts/linux/accessibility/AtspiApplication.h"
-#include "hosts/linux/accessibility/AtspiRole.h"
+#include "hosts/linux/accessibility/bus/AtspiRequest.h"
+#include "hosts/linux/accessibility/bus/AtspiRole.h"
+#include "hosts/linux/accessibility/elements/AtspiAccessibility.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/hosts/accessibility/FakeAtspiApplication.h"
 #include "tests/support/FakePasteboard.h"
@@ -320,7 +320,7 @@ TEST_F(HostileApplication, VerySlowOneCostsNoMoreThanTheLimitOfTheRoad) {
   application->setDelay(200ms);
   const auto start = std::chrono::steady_clock::now();
   EXPECT_FALSE(find("X"));
-  EXPECT_LT(std::chrono::steady_clock::now() - start, AtspiApplication::roadLimit + 2s);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, AtspiRequest::roadLimit + 2s);
   EXPECT_THAT(told, ElementsAre(HasSubstr("it answers too slowly")));
 }
 

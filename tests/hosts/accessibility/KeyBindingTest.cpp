@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
-#include "hosts/linux/accessibility/AtspiKeyBinding.h"
+#include "hosts/linux/accessibility/reach/AtspiKeyBinding.h"
 
 namespace qf {
 namespace {

@@ -8,7 +8,7 @@
 #include <QTest>
 #include <QThread>
 
-#include "hosts/linux/tray/DesktopTraySystem.h"
+#include "hosts/linux/desktop/DesktopTraySystem.h"
 #include "hosts/qt/QtEventState.h"
 #include "hosts/qt/QtStatusBar.h"
 #include "hosts/qt/TemplateIcon.h"

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/lists/CustomLists.h"
+#include "foundation/Value.h"
+
+namespace qf {
+
+/// List data with a person's own cleaners, as the group "Custom" (which is among the built-in names
+/// once it holds any), and the person's own groups in their order. A group that has the name of a
+/// built-in one is left out, with a line in the log.
+Dictionary withCustomLists(Dictionary listData, const CustomLists& lists);
+
+}  // namespace qf

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <QCoreApplication>
+#include <iostream>
+
+#include "engine/lists/CustomFilePath.h"
+#include "engine/lists/CustomListsReader.h"
+#include "engine/lists/ListData.h"
+#include "engine/lists/QFCustomFile.h"
+#include "engine/lists/QFListPublisher.h"
+#include "engine/program/CommandLine.h"
+#include "engine/program/EngineHost.h"
+#include "engine/program/QFPasteboardCleaner.h"
+#include "engine/program/RunEngine.h"
+#include "engine/program/Scripts.h"
+#include "foundation/Log.h"
+#include "kit/QFAgent.h"
+
+namespace {
+
+using Mode = qf::CommandLine::Mode;
+
+/// The built-in cleaners and the person's own.
+qf::QFCleanerLibrary wholeLibrary(const qf::FileManager& fileManager, qf::CustomLists& lists) {
+  qf::QFCleanerLibrary library;
+  const qf::QFCustomFile file(qf::customFilePath(), fileManager);
+  if (auto read = file.read(library.builtInCleaners())) {
+    lists = *std::move(read);
+  } else {
+    qf::log(file.path().string() + ": " + read.error().localizedDescription);
+  }
+  library.setCustomCleaners(qf::makeCustomCleaners(lists, library.builtInCleaners()));
+  return library;
+}
+
+int clean(const qf::CommandLine& commandLine) {
+  const qf::XdgFileManager fileManager;
+  qf::CustomLists lists;
+  const qf::QFCleanerLibrary library = wholeLibrary(fileManager, lists);
+  if (commandLine.files.empty()) {
+    return qf::cleanStream(library, commandLine.token, std::cin, std::cout);
+  }
+  return qf::cleanFiles(library, fileManager, commandLine.token, commandLine.files);
+}
+
+/// Sends the engine the command, starting it where it does not run.
+int cleanClipboard(int argc, char** argv, const std::string& token) {
+  QCoreApplication application(argc, argv);
+  qf::EngineHost host;
+  qf::CustomLists lists;
+  if (token != qf::undoToken && !wholeLibrary(host.fileManager, lists).knows(token)) {
+    qf::log("there is no cleaner \"" + token + '"');
+    return 1;
+  }
+  int exitCode = 0;
+  const auto fail = [&exitCode](const std::string& reason) {
+    qf::log(reason);
+    exitCode = 1;
+  };
+  host.workspace.setLaunchFailureHandler(fail);
+  host.appleEvents.setOutcomeHandler(
+      [&fail](qf::AppleEventStatus status, const std::string& reason) {
+        if (status != qf::AppleEventStatus::noError) fail(reason);
+      });
+  qf::QFAgent agent(
+      {host.appleEvents, host.bundle, host.notifications, host.fileManager, host.workspace});
+  agent.setupConnection();
+  agent.cleanClipboardWithCleaner(token);
+  return exitCode;
+}
+
+int list() {
+  const qf::XdgBundle bundle;
+  const qf::XdgFileManager fileManager;
+  qf::CustomLists lists;
+  wholeLibrary(fileManager, lists);
+  return qf::listCleaners(
+      qf::withCustomLists(qf::QFListPublisher::defaultListData(bundle, fileManager), lists),
+      std::cout);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);  // or reading a large text takes longer than cleaning it
+  const auto commandLine = qf::parseCommandLine({argv + 1, argv + argc});
+  if (!commandLine) {
+    std::cerr << "quenfold: " << commandLine.error().localizedDescription << '\n';
+    return 2;
+  }
+  switch (commandLine->mode) {
+    case Mode::help:
+      std::cout << qf::commandLineHelp;
+      return 0;
+    case Mode::version:
+      std::cout << "quenfold " QF_VERSION "\n";
+      return 0;
+    case Mode::list:
+      return list();
+    case Mode::clean:
+      return clean(*commandLine);
+    case Mode::cleanClipboard:
+      return cleanClipboard(argc, argv, commandLine->token);
+    case Mode::window:
+      return qf::runEngine(argc, argv, qf::FirstShown::window);
+    case Mode::agent:
+      break;
+  }
+  return qf::runEngine(argc, argv, qf::FirstShown::nothing);
+}

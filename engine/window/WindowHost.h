@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QDBusConnection>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "host/Availability.h"
+
+namespace qf {
+
+class Bundle;
+class DistributedNotificationCenter;
+class FileManager;
+class UserDefaultsDomains;
+class Workspace;
+
+/// What the window needs of the host. All outlive it.
+struct WindowHost {
+  QDBusConnection bus;
+  const Bundle& bundle;
+  FileManager& fileManager;
+  DistributedNotificationCenter& distributedNotificationCenter;
+  UserDefaultsDomains& userDefaults;
+  Workspace& workspace;
+  std::filesystem::path customFile;  ///< a person's own cleaners and groups; empty for nowhere
+  /// The engine's own services by name, asked anew each time.
+  std::function<std::map<std::string, Availability>()> engineStates;
+};
+
+}  // namespace qf

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/window/widgets/TextBox.h"
+
+#include "hosts/qt/QtText.h"
+
+namespace qf {
+
+/// Unlike toPlainText(), which writes no-break spaces and line separators as others.
+QString TextBox::shown() const {
+  return document()->toRawText().replace(QChar::ParagraphSeparator, '\n');
+}
+
+void TextBox::setText(const std::string& text) {
+  if (this->text() != text) setPlainText(toQString(text));
+  _text = text;
+  _shown = shown();
+}
+
+std::string TextBox::text() const {
+  const QString now = shown();
+  return now == _shown ? _text : now.toStdString();
+}
+
+}  // namespace qf

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/accessibility/elements/AtspiAccessibility.h"
+
+#include "hosts/linux/accessibility/elements/AtspiApplicationElement.h"
+#include "hosts/linux/accessibility/elements/AtspiSystemWideElement.h"
+
+namespace qf {
+
+AtspiAccessibility::AtspiAccessibility(Pasteboard& pasteboard, const Workspace& workspace)
+    : _pasteboard(pasteboard), _workspace(workspace), _windows(_bus), _obstacle(workspace) {}
+
+Availability AtspiAccessibility::availability() const {
+  const Availability bus = _bus.availability();
+  return bus.isAvailable ? _obstacle.availability() : bus;
+}
+
+AccessibilityElementRef AtspiAccessibility::systemWideElement() {
+  return std::make_shared<AtspiSystemWideElement>(*this, _workspace);
+}
+
+AccessibilityElementRef AtspiAccessibility::applicationElement(std::int32_t processIdentifier) {
+  return std::make_shared<AtspiApplicationElement>(_bus, _windows, _obstacle, _pasteboard,
+                                                   processIdentifier);
+}
+
+bool AtspiAccessibility::isProcessTrusted(bool) { return _bus.availability().isAvailable; }
+
+}  // namespace qf

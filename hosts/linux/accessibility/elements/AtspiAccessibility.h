@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/AccessibilityElement.h"
+#include "hosts/linux/accessibility/bus/AtspiBus.h"
+#include "hosts/linux/accessibility/elements/AtspiLastFailure.h"
+#include "hosts/linux/accessibility/elements/AtspiWindows.h"
+
+namespace qf {
+
+class Pasteboard;
+class Workspace;
+
+/// Other applications as they show themselves on the accessibility bus (AT-SPI 2), spoken over
+/// D-Bus alone. Outlives its elements.
+class AtspiAccessibility : public Accessibility {
+ public:
+  /// Needs an application object; `pasteboard` is the one that menus copy to. Both outlive this.
+  AtspiAccessibility(Pasteboard& pasteboard, const Workspace& workspace);
+
+  /// Besides the bus this tells why the application that was tried last could not be reached.
+  Availability availability() const override;
+  /// Called once at the end of each road on which something was tried; it does not begin one.
+  void setOutcomeHandler(std::function<void(const Availability&)> handler) {
+    _obstacle.setHandler(std::move(handler));
+  }
+  AccessibilityElementRef systemWideElement() override;
+  AccessibilityElementRef applicationElement(std::int32_t processIdentifier) override;
+  /// Nobody has to be asked here: whoever is on the bus may use it.
+  bool isProcessTrusted(bool prompt) override;
+
+  /// How many questions applications have been asked so far.
+  std::uint64_t questionCount() const { return _bus.questionCount(); }
+
+ private:
+  Pasteboard& _pasteboard;
+  const Workspace& _workspace;
+  AtspiBus _bus;
+  AtspiWindows _windows;
+  AtspiLastFailure _obstacle;
+};
+
+}  // namespace qf

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/accessibility/elements/AtspiFocus.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "hosts/linux/accessibility/bus/AtspiMessages.h"
+#include "hosts/linux/accessibility/bus/AtspiRequest.h"
+#include "hosts/linux/accessibility/bus/AtspiRole.h"
+
+namespace qf {
+namespace {
+
+constexpr std::size_t mostObjects = 2000;
+constexpr int deepest = 40;
+
+/// Objects that may have any number of others below them, none of which takes text. Documents do,
+/// though LibreOffice's say that they manage their descendants.
+bool isCrowd(uint role, AtspiStates states) {
+  if (role == atspirole::documentText || role == atspirole::documentFrame) return false;
+  return role == atspirole::menuBar || role == atspirole::list || role == atspirole::table ||
+         role == atspirole::tree || role == atspirole::treeTable ||
+         states.has(AtspiState::managesDescendants);
+}
+
+/// In GTK 4 nothing but windows ever says that it shows.
+bool isShown(AtspiRequest& application, AtspiStates states) {
+  const bool neverShows = application.toolkit() == QLatin1String("GTK");
+  return states.has(neverShows ? AtspiState::visible : AtspiState::showing) &&
+         !states.has(AtspiState::defunct);
+}
+
+/// Goes down level by level where something shows. Qt calls the current tab focused as well, so
+/// what takes text goes before what does not.
+class FocusWalk {
+ public:
+  FocusWalk(AtspiRequest& application, const AtspiReference& window)
+      : _application(application), _level{window} {}
+
+  AtspiReference run() {
+    for (int depth = 0; depth < deepest && !_level.empty() && _count < mostObjects; ++depth) {
+      if (lookAtLevel()) break;
+      _level = _application.children(_level);
+    }
+    return _focused;
+  }
+
+ private:
+  /// True once an object is found that takes text. Leaves the objects below which to look further.
+  bool lookAtLevel() {
+    _level.resize(std::min(_level.size(), mostObjects - _count));
+    _count += _level.size();
+    std::vector<QDBusMessage> questions;
+    for (const AtspiReference& object : _level) {
+      questions.push_back(atspi::getState(object));
+      questions.push_back(atspi::getRole(object));
+    }
+    const auto answers = _application.ask(questions);
+    std::vector<AtspiReference> open;
+    for (std::size_t i = 0; i < _level.size(); ++i) {
+      const AtspiStates states = atspi::states(answers[2 * i]);
+      if (!isShown(_application, states)) continue;
+      const bool isEditable = states.has(AtspiState::editable);
+      const uint role = atspi::number(answers[2 * i + 1]);
+      // LibreOffice's menu bar keeps the focus of the last menu for itself too.
+      const bool isFocused = states.has(AtspiState::focused) && role != atspirole::menuBar;
+      if (isFocused && (isEditable || _focused.isNull())) _focused = _level[i];
+      if (isFocused && isEditable) return true;
+      if (!isCrowd(role, states)) open.push_back(_level[i]);
+    }
+    _level = std::move(open);
+    return false;
+  }
+
+  AtspiRequest& _application;
+  std::vector<AtspiReference> _level;
+  AtspiReference _focused;
+  std::size_t _count = 0;
+};
+
+}  // namespace
+
+AtspiReference findFocusedObject(AtspiRequest& application, const AtspiReference& window,
+                                 bool windowIsActive, const AtspiReference& remembered) {
+  const AtspiStates states = remembered.isNull() ? AtspiStates() : application.states(remembered);
+  if (isShown(application, states) && (!windowIsActive || states.has(AtspiState::focused)))
+    return remembered;
+
+  const AtspiReference found = FocusWalk(application, window).run();
+  return found.isNull() && isShown(application, states) ? remembered : found;
+}
+
+}  // namespace qf

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QSet>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "hosts/linux/accessibility/bus/AtspiReference.h"
+#include "hosts/linux/accessibility/reach/AtspiKeyBinding.h"
+
+namespace qf {
+
+class AtspiRequest;
+
+/// The menu bar of one window in the shape that every application is shown in, and after its own
+/// menus one of our making: Select All, Copy and Paste, for what no menu offers. It is read as far
+/// as somebody looked, outlives the road on which it was read, and can be compared with the
+/// application later. Main thread.
+class AtspiMenuTree {
+ public:
+  enum class Kind { bar, barItem, menu, item };
+
+  struct Node {
+    Kind kind;
+    Node* parent;
+    AtspiReference source;  ///< null for the entries that no application has
+    std::optional<AtspiKeyBinding> key;
+    std::vector<std::unique_ptr<Node>> children;
+    bool isRead = false;             ///< of a bar item: whether what is below its menu is here
+    std::string_view ownTitle = {};  ///< of what is of our making
+  };
+
+  static std::shared_ptr<AtspiMenuTree> read(AtspiRequest& application,
+                                             const AtspiReference& window);
+
+  const Node& bar() const { return *_bar; }
+  /// Reads the menu that the node belongs to, where that was not done before. Whoever looks into a
+  /// second menu will look into all of them: they are read together.
+  const std::vector<std::unique_ptr<Node>>& children(AtspiRequest& application, const Node& node);
+
+  /// Some applications make the items of a menu anew when it is opened: puts the new ones in the
+  /// place of the old ones where they are the same by number and keys.
+  void renewItems(AtspiRequest& application, const Node& barItem);
+
+  /// Whether what was read is still so; costs one round of questions.
+  bool isCurrent(AtspiRequest& application) const;
+
+ private:
+  struct Submenu {
+    Node* item;
+    std::vector<AtspiReference> children;
+  };
+
+  using Children = std::vector<std::pair<AtspiReference, std::vector<AtspiReference>>>;
+
+  /// `readChildren` is what the bar was found by, or by what it was seen that there is none.
+  AtspiMenuTree(const AtspiReference& bar, const std::vector<AtspiReference>& topMenus,
+                Children readChildren);
+
+  void readMenus(AtspiRequest& application, const std::vector<Node*>& barItems);
+  void unwrapPopups(AtspiRequest& application, std::vector<Submenu>& submenus);
+  std::vector<Submenu> addItems(AtspiRequest& application, std::vector<Submenu>& submenus);
+  void rememberChildren(const Submenu& submenu, const AtspiReference& container);
+
+  std::unique_ptr<Node> _bar;
+  bool _isWhole = true;  ///< no answer was missing
+  QSet<AtspiReference> _seen;
+  Children _readChildren;
+  std::vector<std::pair<AtspiReference, QString>> _readBindings;
+};
+
+}  // namespace qf

@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hosts/linux/clipboard/ClipboardService.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "foundation/Log.h"
+#include "hosts/linux/clipboard/BrokenPipeGuard.h"
+
+namespace qf {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto ownLimit = 2s;
+constexpr auto farewellLimit = 1s;
+
+template <class Event>
+const Event& as(const xcb_generic_event_t& event) {
+  return reinterpret_cast<const Event&>(event);
+}
+
+}  // namespace
+
+ClipboardService::ClipboardService(const std::string& displayName)
+    : _connection(displayName),
+      _atoms(_connection),
+      _transfers(_connection, _atoms),
+      _wakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
+      _availability(_connection.availability()) {
+  if (!_connection.isAlive()) return;
+  _window = _connection.createWindow(XCB_EVENT_MASK_PROPERTY_CHANGE);
+  xcb_xfixes_select_selection_input(_connection.get(), _window, _atoms.clipboard,
+                                    XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                        XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                        XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+  // An answer means that no later change can be missed.
+  _connection.reply(xcb_get_input_focus_reply, xcb_get_input_focus(_connection.get()));
+  _thread = std::thread([this] { run(); });
+}
+
+ClipboardService::~ClipboardService() {
+  {
+    const std::lock_guard lock(_mutex);
+    _isEnding = true;
+  }
+  wake();
+  if (_thread.joinable()) _thread.join();
+  close(_wakeUp);
+}
+
+Availability ClipboardService::availability() const {
+  const std::lock_guard lock(_mutex);
+  return _availability;
+}
+
+std::shared_ptr<const ClipboardContents> ClipboardService::contents() const {
+  const std::lock_guard lock(_mutex);
+  return _contents;
+}
+
+bool ClipboardService::own(std::shared_ptr<const ClipboardContents> contents) {
+  auto wish = std::make_unique<Wish>();
+  wish->contents = std::move(contents);
+  wish->deadline = Clock::now() + ownLimit;
+  const auto deadline = wish->deadline;
+  auto isGranted = wish->isGranted.get_future();
+  {
+    const std::lock_guard lock(_mutex);
+    if (!_availability.isAvailable || _isEnding) return false;
+    _wishes.push_back(std::move(wish));
+  }
+  wake();
+  return isGranted.wait_until(deadline) == std::future_status::ready && isGranted.get();
+}
+
+void ClipboardService::wake() const { eventfd_write(_wakeUp, 1); }
+
+bool ClipboardService::isEnding() const {
+  const std::lock_guard lock(_mutex);
+  return _isEnding && _wishes.empty() && !_wish;
+}
+
+void ClipboardService::run() {
+  const BrokenPipeGuard guard;
+  serveUntil([this] { return isEnding(); }, std::nullopt);
+  if (_connection.isAlive()) handToManager();
+  finish();
+}
+
+// Events that libxcb has read already don't show on the socket: nothing may be sent or asked for
+// between the last look at them and the wait.
+void ClipboardService::serveUntil(const std::function<bool()>& isDone,
+                                  std::optional<Clock::time_point> deadline) {
+  while (_connection.isAlive()) {
+    do {
+      askForTime();
+      xcb_flush(_connection.get());
+    } while (handleEvents());
+    if (isDone() || (deadline && Clock::now() >= *deadline)) return;
+    waitForInput(deadline);
+    _transfers.forgetStalled();
+  }
+}
+
+void ClipboardService::waitForInput(std::optional<Clock::time_point> deadline) const {
+  const auto expiry = _transfers.nextExpiry();
+  auto limit = deadline.value_or(Clock::time_point::max());
+  if (expiry) limit = std::min(limit, *expiry);
+  int milliseconds = -1;
+  if (limit != Clock::time_point::max()) {
+    const auto remaining = std::chrono::ceil<std::chrono::milliseconds>(limit - Clock::now());
+    milliseconds = static_cast<int>(std::max(remaining, 0ms).count());
+  }
+  std::array<pollfd, 2> watched{
+      {{xcb_get_file_descriptor(_connection.get()), POLLIN, 0}, {_wakeUp, POLLIN, 0}}};
+  poll(watched.data(), watched.size(), milliseconds);
+  eventfd_t count = 0;
+  eventfd_read(_wakeUp, &count);
+}
+
+bool ClipboardService::handleEvents() {
+  bool handled = false;
+  while (const XcbConnection::Event event{xcb_poll_for_event(_connection.get())}) {
+    handle(*event);
+    handled = true;
+  }
+  return handled;
+}
+
+void ClipboardService::handle(const xcb_generic_event_t& event) {
+  if (_connection.isSelectionNotice(event))
+    return ownerChanged(as<xcb_xfixes_selection_notify_event_t>(event));
+  switch (event.response_type & 0x7f) {
+    case 0:  // an error
+      if (as<xcb_generic_error_t>(event).error_code == XCB_WINDOW)
+        _transfers.requestorGone(as<xcb_generic_error_t>(event).resource_id);
+      break;
+    case XCB_SELECTION_REQUEST:
+      _transfers.answer(as<xcb_selection_request_event_t>(event));
+      break;
+    case XCB_DESTROY_NOTIFY:
+      _transfers.requestorGone(as<xcb_destroy_notify_event_t>(event).window);
+      break;
+    case XCB_SELECTION_NOTIFY:
+      if (as<xcb_selection_notify_event_t>(event).selection == _atoms.clipboardManager)
+        _managerAnswered = true;
+      break;
+    case XCB_PROPERTY_NOTIFY: {
+      const auto& changed = as<xcb_property_notify_event_t>(event);
+      if (changed.window != _window && changed.state == XCB_PROPERTY_DELETE)
+        _transfers.propertyDeleted(changed.window, changed.atom);
+      if (changed.window == _window && changed.atom == _atoms.transfer && _wish)
+        takeOwnership(changed.time);
+      break;
+    }
+  }
+}
+
+// To own a selection takes a time of the server (ICCCM 2.1), which a change of a property tells.
+void ClipboardService::askForTime() {
+  if (_wish) return;
+  const std::lock_guard lock(_mutex);
+  while (!_wishes.empty() && !_wish) {
+    _wish = std::move(_wishes.front());
+    _wishes.pop_front();
+    if (_wish->deadline > Clock::now()) continue;
+    _wish->isGranted.set_value(false);
+    _wish.reset();
+  }
+  if (_wish)
+    xcb_change_property(_connection.get(), XCB_PROP_MODE_APPEND, _window, _atoms.transfer,
+                        XCB_ATOM_INTEGER, 32, 0, nullptr);
+}
+
+// The server's notice of the new owner comes before its answer, so that all is known after it. The
+// contents change with the notice, in the order in which owners changed.
+void ClipboardService::takeOwnership(xcb_timestamp_t time) {
+  _isTaken = false;
+  const auto wish = std::move(_wish);
+  _pending = wish->contents;
+  xcb_set_selection_owner(_connection.get(), _window, _atoms.clipboard, time);
+  _connection.reply(xcb_get_selection_owner_reply,
+                    xcb_get_selection_owner(_connection.get(), _atoms.clipboard));
+  handleEvents();
+  _pending.reset();
+  wish->isGranted.set_value(_isTaken);
+}
+
+void ClipboardService::ownerChanged(const xcb_xfixes_selection_notify_event_t& notice) {
+  const bool isOurs = notice.owner == _window && _pending;
+  _isTaken = _isTaken || isOurs;
+  const auto contents = isOurs ? std::exchange(_pending, nullptr) : nullptr;
+  _transfers.offer(contents.get(), notice.selection_timestamp);
+  _ownedSince = notice.selection_timestamp;
+  const std::lock_guard lock(_mutex);
+  _contents = contents;
+  ++_changeCount;
+}
+
+// The clipboard manager protocol of freedesktop.org.
+void ClipboardService::handToManager() {
+  const auto saved = contents();
+  const auto manager =
+      _connection.reply(xcb_get_selection_owner_reply,
+                        xcb_get_selection_owner(_connection.get(), _atoms.clipboardManager));
+  const bool isSaving = saved && !saved->offers().empty() && manager && manager->owner;
+  if (isSaving) {
+    std::vector<std::string> names;
+    for (const auto& offer : saved->offers()) names.push_back(offer.target);
+    const auto targets = _connection.atoms(names);
+    xcb_change_property(_connection.get(), XCB_PROP_MODE_REPLACE, _window, _atoms.saveList,
+                        XCB_ATOM_ATOM, 32, static_cast<std::uint32_t>(targets.size()),
+                        targets.data());
+    xcb_convert_selection(_connection.get(), _window, _atoms.clipboardManager, _atoms.saveTargets,
+                          _atoms.saveList, _ownedSince);
+  }
+  serveUntil([&] { return (!isSaving || _managerAnswered) && !_transfers.isBusy(); },
+             Clock::now() + farewellLimit);
+}
+
+// From here on nobody is served and nothing can be owned.
+void ClipboardService::finish() {
+  const std::lock_guard lock(_mutex);
+  if (!_isEnding) {
+    _availability = _connection.availability();
+    log("The clipboard cannot be reached any more: " + _availability.reason);
+  }
+  _contents.reset();
+  if (_wish) _wishes.push_back(std::move(_wish));
+  for (const auto& wish : _wishes) wish->isGranted.set_value(false);
+  _wishes.clear();
+}
+
+}  // namespace qf
