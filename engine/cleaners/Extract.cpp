@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Finds things in a text and answers them one a line.
+// Finds things in a text and answers them one a line; fails where there are none.
 #include <unordered_set>
 
 #include "engine/cleaners/Cleaner.h"
@@ -8,6 +8,12 @@
 
 namespace qf {
 namespace {
+
+/// Where there are none the text stays: an empty one in its place is never what was wanted.
+Result<std::string> findsOr(const char* reason, std::string lines) {
+  if (lines.empty()) return Error{reason};
+  return lines;
+}
 
 /// One a line, each once, in the order in which they came.
 class Finds {
@@ -23,14 +29,14 @@ class Finds {
   std::string _lines;
 };
 
-std::string extractWebAddresses(std::string_view text) {
+Result<std::string> extractWebAddresses(std::string_view text) {
   Finds finds;
   for (std::size_t position = 0; position < text.size();) {
     const TextPart part = findWebAddress(text, position);
     if (part.length > 0) finds.add(text.substr(part.start, part.length));
     position = part.start + part.length;
   }
-  return std::move(finds).lines();
+  return findsOr("there is no web address in the text", std::move(finds).lines());
 }
 
 bool isLocalCharacter(char character) {
@@ -47,7 +53,7 @@ bool isHostCharacter(char character) {
 constexpr std::size_t longestLocalPart = 64;
 constexpr std::size_t longestHost = 255;
 
-std::string extractMailAddresses(std::string_view text) {
+Result<std::string> extractMailAddresses(std::string_view text) {
   Finds finds;
   for (std::size_t at = text.find('@'); at != std::string_view::npos; at = text.find('@', at + 1)) {
     std::size_t start = at;
@@ -61,12 +67,12 @@ std::string extractMailAddresses(std::string_view text) {
     const bool named = dot != std::string_view::npos && dot > 0 && host.size() - dot > 2;
     if (start < at && named && isValidUTF8(host)) finds.add(text.substr(start, end - start));
   }
-  return std::move(finds).lines();
+  return findsOr("there is no e-mail address in the text", std::move(finds).lines());
 }
 
 /// Digits with the separators between them and a sign before: "-1,234.5". A time or a date in dots
 /// comes as one.
-std::string extractNumbers(std::string_view text) {
+Result<std::string> extractNumbers(std::string_view text) {
   std::string result;
   for (std::size_t position = 0; position < text.size();) {
     const std::size_t start = text.find_first_of("0123456789", position);
@@ -83,7 +89,7 @@ std::string extractNumbers(std::string_view text) {
     result.append(text.substr(start - isSign, end - start + isSign)).push_back('\n');
     position = end;
   }
-  return result;
+  return findsOr("there is no number in the text", std::move(result));
 }
 
 std::string removeTracking(std::string_view text) {

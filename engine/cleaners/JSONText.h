@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,9 +11,12 @@ namespace qf {
 
 enum class JSONLayout { pretty, compact };
 
+/// Why the text is not JSON (RFC 8259) that can be read: with line and column where it is wrong,
+/// for a number beyond a double's range, and for more than 512 containers inside one another.
+std::optional<Error> jsonFault(std::string_view text);
+
 /// The same JSON (RFC 8259) laid out anew. Only white space between its parts changes: keys keep
-/// their order, numbers and strings their spelling. Fails, saying where, for what is no JSON, and
-/// for more than 512 containers inside one another.
+/// their order, numbers of any size and strings their spelling. Fails as `jsonFault` does.
 Result<std::string> layOutJSON(std::string_view text, JSONLayout layout);
 
 }  // namespace qf

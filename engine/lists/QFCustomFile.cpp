@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <utility>
 
+#include "engine/cleaners/JSONText.h"
 #include "engine/lists/CustomListsReader.h"
 #include "host/FileManager.h"
 #include "hosts/linux/files/PrivateFiles.h"
@@ -40,10 +42,10 @@ void setFlag(JSON& object, const char* key, bool wanted) {
 /// of its own rather than lost.
 JSON& listIn(JSON& document, const std::string& key) {
   JSON& list = document[key];
-  if (!list.is_null() && !list.is_array()) document[key + " (not a list)"] = list;
-  JSON& result = document[key];
-  if (!result.is_array()) result = JSON::array();
-  return result;
+  if (list.is_array()) return list;
+  const JSON other = std::exchange(list, JSON::array());
+  if (!other.is_null()) document[key + " (not a list)"] = other;
+  return document[key];  // the other entry may have moved it
 }
 
 std::string nameOf(const JSON& group) { return textIn(group, "name"); }
@@ -155,11 +157,12 @@ Result<JSON> QFCustomFile::document() const {
   const auto bytes = _fileManager.contents(_path);
   if (!bytes && std::filesystem::exists(_path, unknown)) return Error{"it cannot be read"};
   if (!bytes) return JSON::object();
-  try {
-    return JSON::parse(bytes->begin(), bytes->end());
-  } catch (const JSON::parse_error& error) {
-    return Error{error.what()};
-  }
+  const std::string_view text(reinterpret_cast<const char*>(bytes->data()), bytes->size());
+  if (auto fault = jsonFault(text)) return *std::move(fault);
+  constexpr bool throws = false;
+  JSON document = JSON::parse(text, nullptr, throws);
+  if (document.is_discarded()) return Error{"the file cannot be read"};
+  return document;
 }
 
 Result<CustomLists> QFCustomFile::read(const QFCleanerLibrary::Cleaners& builtInCleaners) const {

@@ -176,6 +176,8 @@ const std::vector<Example>& examples() {
       {"#JSON-PRETTY", "{\"b\":1.0,\"a\":[1e5,-0,{}],\"u\":\"\\u00e9 \\\"\", \"e\":[ ]}",
        "{\n  \"b\": 1.0,\n  \"a\": [\n    1e5,\n    -0,\n    {}\n  ],\n  \"u\": \"\\u00e9 \\\"\",\n"
        "  \"e\": []\n}\n"},
+      {"#JSON-COMPACT", "[1e999, -0.5E+400, \"1\\\"1e9\", " + std::string(400, '9') + "]",
+       "[1e999,-0.5E+400,\"1\\\"1e9\"," + std::string(400, '9') + "]"},
       {"#JSON-COMPACT", "{ \"b\" : 1.0 ,\n \"a\" : [ 1 , 2 ] }\n", "{\"b\":1.0,\"a\":[1,2]}"},
       {"#ESCAPE-STRING", "a\"b\\\n\té/\x01", "a\\\"b\\\\\\n\\té/\\u0001"},
       {"#UNESCAPE-STRING", "a\\\"b\\\\\\n\\u00e9\\x", "a\"b\\\né\\x"},
@@ -214,11 +216,24 @@ TEST(CleanerExamples, leaveNoCleanerOut) {
   }
 }
 
+TEST(CleanerExamples, sayWhereATextIsWrong) {
+  const QFCleanerLibrary library;
+  EXPECT_EQ(library.clean("#JSON-PRETTY", "{\n \"ä\": nil}").error().localizedDescription,
+            "this is not valid JSON (line 2, column 8)");
+  EXPECT_EQ(library.clean("#JSON-PRETTY", "[1e999,\n]").error().localizedDescription,
+            "this is not valid JSON (line 2, column 1)");
+}
+
 TEST(CleanerExamples, refuseWhatTheyCannotTake) {
   const QFCleanerLibrary library;
   const std::vector<std::pair<std::string, std::string>> refused = {
       {"#JSON-PRETTY", "{\"a\":}"},
       {"#JSON-COMPACT", ""},
+      {"#JSON-COMPACT", "[1e999, 01]"},
+      {"#JSON-COMPACT", "[1e999, 1.e5]"},
+      {"#EXTRACT-URLS", "no address"},
+      {"#EXTRACT-MAIL-ADDRESSES", "@"},
+      {"#EXTRACT-NUMBERS", ""},
       {"#JSON-PRETTY", std::string(600, '[') + std::string(600, ']')},
       {"#BASE64-DECODE", "not base64!"},
       {"#BASE64-DECODE", "/w=="},

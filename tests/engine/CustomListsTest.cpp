@@ -177,6 +177,18 @@ TEST_F(CustomListsOf, aFileThatIsNoJSONIsNeitherReadNorWritten) {
   EXPECT_THAT(lists.error().localizedDescription, HasSubstr("line 2, column 4"));
   EXPECT_TRUE(file.removeCleaner("x"));
   EXPECT_EQ(written(), "{\"cleaners\": [\n  {]}");
+
+  TemporaryHome::write(home / "cleaners.json", "{\"mine\": 1e999}");
+  const auto tooLarge = file.read(library.builtInCleaners());
+  ASSERT_FALSE(tooLarge);
+  EXPECT_EQ(tooLarge.error().localizedDescription, "a number is too large (line 1, column 14)");
+}
+
+TEST_F(CustomListsOf, whatIsNoListIsKeptBesideTheNewOne) {
+  TemporaryHome::write(home / "cleaners.json", R"({"cleaners": "mine"})");
+  EXPECT_FALSE(file.storeCleaner({"A", "#CUSTOM:A", "", "", {"#TRIM"}}));
+  EXPECT_EQ(file.read(library.builtInCleaners())->cleaners.size(), 1u);
+  EXPECT_THAT(written(), HasSubstr("\"cleaners (not a list)\": \"mine\""));
 }
 
 TEST_F(CustomListsOf, aMissingFileHoldsNothingAndIsMadeByTheFirstChange) {

@@ -52,12 +52,13 @@ TEST_F(PasteboardCleaner, touchesNothingThatItCannotClean) {
   EXPECT_EQ(general.changeCount(), before + 1);
   EXPECT_THAT(
       log.lines,
-      ElementsAre("Pasteboard NSGeneralPboard left as it is: it holds no text",
-                  "Pasteboard NSGeneralPboard left as it is: it is no JSON, see byte 2",
-                  "Pasteboard NSGeneralPboard left as it is: there is no cleaner "
-                  "\"#NO-SUCH-CLEANER\"",
-                  "Pasteboard NSGeneralPboard left as it is: there is no cleaning to take back",
-                  "Pasteboard another left as it is: there is none of that name"));
+      ElementsAre(
+          "Pasteboard NSGeneralPboard left as it is: it holds no text",
+          "Pasteboard NSGeneralPboard left as it is: this is not valid JSON (line 1, column 2)",
+          "Pasteboard NSGeneralPboard left as it is: there is no cleaner "
+          "\"#NO-SUCH-CLEANER\"",
+          "Pasteboard NSGeneralPboard left as it is: there is no cleaning to take back",
+          "Pasteboard another left as it is: there is none of that name"));
 }
 
 TEST_F(PasteboardCleaner, undoPutsBackEveryFormAndUndoingAgainTheResult) {
