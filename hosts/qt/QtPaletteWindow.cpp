@@ -193,8 +193,8 @@ void QtPaletteWindow::changeEvent(QEvent* event) {
 }
 
 void QtPaletteWindow::closeEvent(QCloseEvent* event) {
-  event->ignore();
   orderOut();
+  event->accept();  // refused, it would stop the session from ending
 }
 
 bool QtPaletteWindow::eventFilter(QObject* /*watched*/, QEvent* event) {

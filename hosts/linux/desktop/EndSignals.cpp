@@ -29,7 +29,7 @@ EndSignals::EndSignals()
     : _notifier(arrived = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK), QSocketNotifier::Read) {
   QObject::connect(&_notifier, &QSocketNotifier::activated, qApp, [this] {
     _notifier.setEnabled(false);
-    QCoreApplication::quit();
+    QCoreApplication::exit();  // quit() asks the windows first, and any of them may refuse
   });
   handleEndSignals(noteEndSignal);
 }

@@ -4,6 +4,7 @@
 
 #include <QDBusInterface>
 #include <QDBusReply>
+#include <csignal>
 #include <iostream>
 
 #include "tests/desktop/Agent.h"
@@ -220,6 +221,17 @@ TEST_F(PalettePanel, ComesIntoViewWhenItsMonitorGoesAndReturnsWithIt) {
   EXPECT_TRUE(until([&] { return x() == 1000; })) << x();
   output("xrandr", {"--delmonitor", "right"});
   output("xrandr", {"--delmonitor", "left"});
+}
+
+TEST(PaletteEnd, SignalsEndTheAgentWhileItShows) {
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    Agent agent;
+    agent.pick("Show Palette");
+    ASSERT_TRUE(until([&] { return Palette(agent).isVisible(); }));
+    agent.program().signal(signal);
+    EXPECT_TRUE(until([&] { return !agent.program().isRunning(); })) << signal;
+    EXPECT_EQ(agent.program().exitCode(), 0) << signal;
+  }
 }
 
 TEST_F(PalettePanel, IsWholeForAScreenReader) {

@@ -182,6 +182,17 @@ TEST(Menu, StaysOnTheScreenAtAnyLength) {
   }
 }
 
+TEST(Menu, OpensOnlyWithSomethingToPick) {
+  for (const int separators : {0, 2}) {
+    SampleMenu model([&](SampleMenu& sample) {
+      for (int i = 0; i < separators; ++i) sample.menu->addItem(MenuItem::separatorItem());
+    });
+    QtMenuPresenter().popUpMenu(model.menu, {100, 100});
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << separators;
+    EXPECT_TRUE(desktop::Keyboard().canTakeAll()) << separators;
+  }
+}
+
 TEST(Menu, ColorsStayReadableOnDarkMenus) {
   const QColor dark(45, 45, 45);
   const Color navy{0, 0, 0.5};

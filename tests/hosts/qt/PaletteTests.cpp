@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QTextLayout>
+#include <QWindow>
 #include <set>
 
 #include "hosts/qt/PanelSystem.h"
@@ -112,6 +113,14 @@ TEST(PalettePanel, KeysSkipWhatIsNoCleaner) {
   EXPECT_TRUE(sample.panel.isVisible());
   QTest::keyClick(&sample.field(), Qt::Key_Escape);
   EXPECT_FALSE(sample.panel.isVisible());
+}
+
+TEST(PalettePanel, AgreesToCloseAndCanBeShownAgain) {
+  SamplePalette sample;
+  sample.show({"Upper"});
+  EXPECT_TRUE(sample.panel.windowHandle()->close()) << "the end of a session waits for it";
+  EXPECT_FALSE(sample.panel.isVisible());
+  sample.show({"Upper"});
 }
 
 TEST(PalettePanel, ClicksSelectOnlyCleaners) {
