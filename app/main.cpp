@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <cstdio>
+#include <string>
 #include <string_view>
 
 #include "app/ApplicationMain.h"
 #include "foundation/Log.h"
+#include "host/Host.h"
+#include "host/UserDefaults.h"
 #include "hosts/linux/LinuxHost.h"
 #include "kit/QFKIdentifiers.h"
 
@@ -69,5 +72,8 @@ int main(int argc, char** argv) {
                          .activationPolicy = qf::ActivationPolicy::accessory,
                      });
   if (!host.registerOnlyInstance()) return 0;
+  // A hot key or the palette may ask for the current group before the menu has opened once.
+  host.services().userDefaults.standardUserDefaults().registerDefaults(
+      {{std::string(qf::selectedGroupDefault), "Standard"}});
   return qf::applicationMain(host.services());
 }

@@ -59,6 +59,7 @@ QtMenu::QtMenu(std::shared_ptr<Menu> model, QWidget* parent)
 void QtMenu::openBeside(const QRect& place) {
   connect(this, &QMenu::aboutToHide, this, &QObject::deleteLater);
   prepare();
+  if (isEmpty()) return deleteLater();  // Qt would open it unseen, with mouse and keyboard
   const QScreen* screen = QGuiApplication::screenAt(place.center());
   if (screen == nullptr) screen = QGuiApplication::primaryScreen();
   const QRect available = screen->geometry();

@@ -16,7 +16,8 @@ class QtMenu final : public QMenu {
  public:
   explicit QtMenu(std::shared_ptr<Menu> model, QWidget* parent = nullptr);
 
-  /// Opens below the place, or above it where there is more room, and goes when it has closed.
+  /// Opens below the place, or above it where there is more room, and goes when it has closed. A
+  /// menu without items is not opened and goes at once.
   void openBeside(const QRect& place);
 
  protected:

@@ -9,6 +9,7 @@
 #include "host/EventState.h"
 #include "shortcuts/KeyCode.h"
 #include "tests/desktop/Agent.h"
+#include "tests/desktop/Home.h"
 #include "tests/desktop/Keyboard.h"
 #include "tests/desktop/OtherProcess.h"
 
@@ -125,6 +126,25 @@ TEST(HotKeysOfTheAgent, ShowAndHideThePalette) {
         until([&] { return windowOf(agent.program().processIdentifier()).isEmpty() != shows; }));
   }
   Settings().setPalette(0);
+}
+
+TEST(HotKeysOfTheAgent, PopUpNothingForAGroupWithoutEntries) {
+  QFile::remove(home(".config/org.quenfold.Menu.plist"));  // no group was ever chosen
+  Settings settings;
+  settings.set(keyK, 1, "#current");
+  Agent agent;
+  Keyboard keyboard;
+  keyboard.press({KEY_LEFTCTRL, KEY_LEFTALT, KEY_K});
+  EXPECT_TRUE(until([&] { return agent.shows("Upper Case"); })) << "Standard, before any menu";
+  keyboard.press({KEY_ESC});
+  EXPECT_TRUE(until([&] { return !agent.shows("Upper Case"); }));
+
+  settings.set(keyK, 1, "No such group");
+  Agent::services();
+  keyboard.press({KEY_LEFTCTRL, KEY_LEFTALT, KEY_K});
+  agent.openMenu();  // at the first click
+  keyboard.press({KEY_ESC});
+  EXPECT_TRUE(until([&] { return !agent.shows("Quit"); }));
 }
 
 TEST(HotKeysOfTheAgent, TellOfAnotherHolderAndGoWithTheAgent) {
