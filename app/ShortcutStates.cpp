@@ -39,6 +39,10 @@ std::map<std::string, ShortcutStatus> shortcutStates(const QFKMenuSettingsManage
       if (!isFirst && holder->second != key) states[holder->second].state = State::duplicate;
       holder->second = key;
     }
+    if (status.state == State::active && item.uuid != key) {
+      status = {State::refused,
+                "its \"uuid\" in the settings file is missing or not its key there"};
+    }
     states[key] = std::move(status);
   };
   // In the order in which they are registered: of equal ones the last counts.

@@ -15,10 +15,10 @@ struct ShortcutStatus {
     unset,      ///< it has no keys
     invalid,    ///< its keys are in the way of typing
     duplicate,  ///< a later shortcut has the same keys, which do what that one says
-    refused,    ///< the desktop did not give the keys
+    refused,    ///< its keys do nothing, for the reason given
   };
   State state = State::active;
-  std::string reason;  ///< of a refusal, in words a person can act on
+  std::string reason;  ///< in words a person can act on; empty but for `refused`
   bool operator==(const ShortcutStatus&) const = default;
 };
 

@@ -14,6 +14,8 @@ constexpr const char* known[] = {
     QT_TRANSLATE_NOOP("qf::Reasons", "no tray on this desktop"),
     QT_TRANSLATE_NOOP("qf::Reasons", "another program holds %1; choose other keys here or there"),
     QT_TRANSLATE_NOOP("qf::Reasons", "this keyboard has no key for %1"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "its \"uuid\" in the settings file is missing or not its key there"),
     QT_TRANSLATE_NOOP("qf::Reasons", "the X server tells nothing of its keyboard"),
     QT_TRANSLATE_NOOP("qf::Reasons", "the X server closed the connection"),
     QT_TRANSLATE_NOOP("qf::Reasons", "the connection to the X display was lost; log in again"),

@@ -747,6 +747,10 @@
         <source>No X display: start Quenfold in a desktop session with X11 or XWayland (DISPLAY).</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>its &quot;uuid&quot; in the settings file is missing or not its key there</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>qf::ReorderableList</name>

@@ -747,6 +747,10 @@
         <source>No X display: start Quenfold in a desktop session with X11 or XWayland (DISPLAY).</source>
         <translation>Kein X-Display: Quenfold in einer Desktop-Sitzung mit X11 oder XWayland starten (DISPLAY).</translation>
     </message>
+    <message>
+        <source>its &quot;uuid&quot; in the settings file is missing or not its key there</source>
+        <translation>seine „uuid“ fehlt in der Einstellungsdatei oder ist nicht sein Schlüssel dort</translation>
+    </message>
 </context>
 <context>
     <name>qf::ReorderableList</name>

@@ -188,6 +188,12 @@ TEST_F(AppDelegateTest, TellsWhatBecameOfEachShortcut) {
       {typing, {State::invalid, ""}},
   };
   EXPECT_EQ(shortcutStates(settings, validator, host.hotKeys), expected);
+
+  host.fileManager.put("/data/group.org.quenfold/Data/quenfold-menu.plist",
+                       R"({"user-shortcuts" = {"__list" = ("A"); "A" = {"keycode" = 96;};};})");
+  settings.readSettings();
+  EXPECT_EQ(shortcutStates(settings, validator, host.hotKeys).at("A").state, State::refused)
+      << "without a uuid its press does nothing";
 }
 
 TEST_F(AppDelegateTest, GoesOnWithoutHotKeys) {

@@ -143,9 +143,8 @@ void KeyboardService::handlePress(const xcb_key_press_event_t& press) {
 }
 
 KeyboardService::Grab KeyboardService::grabNow(const KeyCombination& combination) {
-  if (const auto found = _grabs.find(combination); found != _grabs.end()) {
-    return found->second.empty() ? Grab::heldByAnother : Grab::granted;
-  }
+  const auto found = _grabs.find(combination);
+  if (found != _grabs.end() && !found->second.empty()) return Grab::granted;
   const auto keyboard = map();
   const auto keys = keyboard->keys(combination.keyCode);
   if (keys.empty()) return Grab::noSuchKey;
@@ -159,7 +158,7 @@ KeyboardService::Grab KeyboardService::grabNow(const KeyCombination& combination
     }
     strokes.emplace_back(key, modifiers);
   }
-  _grabs.emplace(combination, std::move(strokes));
+  _grabs[combination] = std::move(strokes);
   return Grab::granted;
 }
 

@@ -40,7 +40,8 @@ class KeyboardService {
   std::shared_ptr<const KeyboardMap> map() const;
 
   /// Waits for the server, 900 ms at most; a server that has left a call unanswered is not waited
-  /// for again until it answers. A combination is grabbed once, however often it is asked for.
+  /// for again until it answers. A combination is grabbed once, however often it is asked for; a
+  /// grab that was lost is tried again.
   Grab grab(const KeyCombination& combination);
   /// Returns at once.
   void ungrab(const KeyCombination& combination);
@@ -68,7 +69,7 @@ class KeyboardService {
   KeyboardConnection _connection;
   const Handlers _handlers;
   int _wakeUp;  // an eventfd
-  /// What was asked for, with the strokes that are grabbed for it; none where that is refused now.
+  /// What was asked for, with the strokes that are grabbed for it; none where the grab was lost.
   std::map<KeyCombination, std::vector<Stroke>> _grabs;
 
   mutable std::mutex _mutex;  // guards what follows

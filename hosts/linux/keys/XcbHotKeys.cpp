@@ -60,7 +60,8 @@ Availability XcbHotKeys::availability(std::uint32_t keyCode, std::uint32_t modif
 HotKeyStatus XcbHotKeys::registerEventHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
                                              HotKeyID id, Ref& ref) {
   const KeyCombination combination{keyCode, modifiers};
-  if (!_grabs.contains(combination)) {
+  const auto found = _grabs.find(combination);
+  if (found == _grabs.end() || found->second.isLost) {
     const KeyboardService::Grab answer = _keyboard->grab(combination);
     if (answer != KeyboardService::Grab::granted) {
       refuse(combination, answer);
@@ -70,7 +71,9 @@ HotKeyStatus XcbHotKeys::registerEventHotKey(std::uint32_t keyCode, std::uint32_
     _refusals.erase(combination);
   }
   ref = ++_lastNumber;
-  _grabs[combination].emplace(ref, id);
+  Grab& grab = _grabs[combination];
+  grab.isLost = false;
+  grab.registrations.emplace(ref, id);
   _combinations.emplace(ref, combination);
   return HotKeyStatus::noError;
 }
@@ -91,9 +94,11 @@ void XcbHotKeys::refuse(const KeyCombination& combination, KeyboardService::Grab
 void XcbHotKeys::unregisterEventHotKey(Ref ref) {
   const auto registration = _combinations.extract(ref);
   if (!registration) return;
-  Registrations& left = _grabs[registration.mapped()];
+  auto& left = _grabs[registration.mapped()].registrations;
   left.erase(ref);
-  if (left.empty()) dropUnusedSoon();
+  if (!left.empty()) return;
+  _refusals.erase(registration.mapped());
+  dropUnusedSoon();
 }
 
 void XcbHotKeys::dropUnusedSoon() {
@@ -104,9 +109,8 @@ void XcbHotKeys::dropUnusedSoon() {
 void XcbHotKeys::dropUnused() {
   _dropsSoon = false;
   for (auto next = _grabs.begin(); next != _grabs.end();) {
-    if (next->second.empty()) {
+    if (next->second.registrations.empty()) {
       _keyboard->ungrab(next->first);
-      _refusals.erase(next->first);
       next = _grabs.erase(next);
     } else {
       ++next;
@@ -122,17 +126,20 @@ std::optional<std::uint64_t> XcbHotKeys::installEventHandler(Handler handler) {
 
 void XcbHotKeys::pressed(const KeyCombination& combination) {
   const auto grab = _grabs.find(combination);
-  if (grab == _grabs.end() || grab->second.empty()) return;
-  const HotKeyEvent event{.directObject = grab->second.rbegin()->second};
+  if (grab == _grabs.end() || grab->second.registrations.empty()) return;
+  const HotKeyEvent event{.directObject = grab->second.registrations.rbegin()->second};
   const auto handlers = _handlers;
   for (const auto& [number, handler] : handlers) handler(event);
 }
 
 void XcbHotKeys::grabChanged(const KeyCombination& combination, KeyboardService::Grab answer) {
-  if (answer == KeyboardService::Grab::granted) {
-    _refusals.erase(combination);
-  } else if (_grabs.contains(combination)) {
+  const auto grab = _grabs.find(combination);
+  if (grab == _grabs.end() || grab->second.registrations.empty()) return;
+  grab->second.isLost = answer != KeyboardService::Grab::granted;
+  if (grab->second.isLost) {
     refuse(combination, answer);
+  } else {
+    _refusals.erase(combination);
   }
 }
 

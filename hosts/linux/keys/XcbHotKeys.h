@@ -13,8 +13,8 @@ namespace qf {
 class MainQueue;
 
 /// Hot keys by grabs of the X server. These are not counted, so the registrations are counted here;
-/// a grab that nobody wants any more is dropped once the run loop has turned, so that one which is
-/// wanted again meanwhile is never let go.
+/// an unused grab is dropped once the run loop has turned, so that one that is registered again
+/// meanwhile is never let go.
 class XcbHotKeys : public HotKeys {
  public:
   /// The queue outlives the hot keys.
@@ -33,7 +33,10 @@ class XcbHotKeys : public HotKeys {
   const KeyboardService& keyboard() const { return *_keyboard; }
 
  private:
-  using Registrations = std::map<Ref, HotKeyID>;
+  struct Grab {
+    std::map<Ref, HotKeyID> registrations;  ///< none: to be dropped
+    bool isLost = false;                    ///< to another program, when the keyboard changed
+  };
 
   void pressed(const KeyCombination& combination);
   void grabChanged(const KeyCombination& combination, KeyboardService::Grab answer);
@@ -43,7 +46,7 @@ class XcbHotKeys : public HotKeys {
   void later(std::function<void(XcbHotKeys&)> work);
 
   MainQueue& _mainQueue;
-  std::map<KeyCombination, Registrations> _grabs;  // without registrations: to be dropped
+  std::map<KeyCombination, Grab> _grabs;
   std::map<Ref, KeyCombination> _combinations;
   std::map<KeyCombination, std::string> _refusals;
   std::map<std::uint64_t, Handler> _handlers;

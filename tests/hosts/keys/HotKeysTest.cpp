@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
 
+#include <QRegularExpression>
 #include <csignal>
 #include <thread>
 
@@ -29,6 +30,20 @@ constexpr std::uint16_t controlMask = 4, lockMask = 2, altMask = 8, numLockMask 
 void setLayout(const QStringList& arguments) {
   output("setxkbmap", arguments);
   settle();
+}
+
+/// As on a keyboard that has each in the other's place.
+void swapKeys(const QString& one, const QString& other) {
+  const QString display = qEnvironmentVariable("DISPLAY");
+  QString keymap = output("xkbcomp", {"-w0", display, "-"});
+  const auto line = [&](const QString& key) {
+    const QRegularExpression form("(?<=" + key + " = )\\d+(?=;)");
+    return form.match(keymap);
+  };
+  const auto first = line(one), second = line(other);
+  keymap.replace(second.capturedStart(), second.capturedLength(), first.captured());
+  keymap.replace(first.capturedStart(), first.capturedLength(), second.captured());
+  output("xkbcomp", {"-w0", "-", display}, keymap.toUtf8());
 }
 
 class HotKeysOnX : public testing::Test {
@@ -219,6 +234,30 @@ TEST_F(HotKeysOnX, StayWithTheirKeysWhenTheLayoutChanges) {
   keyboard.press({KEY_LEFTALT, KEY_LEFTCTRL, KEY_K});
   EXPECT_TRUE(counter.heard(1, ++count));
   setLayout({"us", "-option", ""});
+}
+
+TEST_F(HotKeysOnX, LostToAnotherProgramAreWonBackWhenTheyAreRegisteredAgain) {
+  const auto state = [this] { return counter.hotKeys.availability(keyK, control).isAvailable; };
+  const auto followSettings = [this] {
+    counter.drop(1);
+    counter.hotKeys.forgetRefusals();
+    return counter.add(keyK, control, 1);
+  };
+  counter.add(keyK, control, 1);
+  Keyboard other;
+  ASSERT_TRUE(other.grab(KEY_J, controlMask));
+  swapKeys("<AC07>", "<AC08>");  // J and K
+  EXPECT_TRUE(until([&] { return !state(); }));
+
+  EXPECT_EQ(followSettings(), HotKeyStatus::eventHotKeyExists);
+  settle();
+  EXPECT_FALSE(state());
+  other.ungrab(KEY_J, controlMask);
+  EXPECT_EQ(followSettings(), HotKeyStatus::noError);
+  settle();
+  EXPECT_TRUE(state());
+  keyboard.press({KEY_LEFTCTRL, KEY_J});
+  EXPECT_TRUE(counter.heard(1));
 }
 
 TEST(HotKeysOnWayland, SayWhereTheyWork) {
