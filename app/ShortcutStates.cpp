@@ -40,8 +40,7 @@ std::map<std::string, ShortcutStatus> shortcutStates(const QFKMenuSettingsManage
       holder->second = key;
     }
     if (status.state == State::active && item.uuid != key) {
-      status = {State::refused,
-                "its \"uuid\" in the settings file is missing or not its key there"};
+      status = {State::refused, "the settings file gives it no uuid, or one that is not its key"};
     }
     states[key] = std::move(status);
   };

@@ -15,7 +15,7 @@ constexpr const char* known[] = {
     QT_TRANSLATE_NOOP("qf::Reasons", "another program holds %1; choose other keys here or there"),
     QT_TRANSLATE_NOOP("qf::Reasons", "this keyboard has no key for %1"),
     QT_TRANSLATE_NOOP("qf::Reasons",
-                      "its \"uuid\" in the settings file is missing or not its key there"),
+                      "the settings file gives it no uuid, or one that is not its key"),
     QT_TRANSLATE_NOOP("qf::Reasons", "the X server tells nothing of its keyboard"),
     QT_TRANSLATE_NOOP("qf::Reasons", "the X server closed the connection"),
     QT_TRANSLATE_NOOP("qf::Reasons", "the connection to the X display was lost; log in again"),

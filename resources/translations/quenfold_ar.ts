@@ -748,7 +748,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>its &quot;uuid&quot; in the settings file is missing or not its key there</source>
+        <source>the settings file gives it no uuid, or one that is not its key</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -748,8 +748,8 @@
         <translation>Kein X-Display: Quenfold in einer Desktop-Sitzung mit X11 oder XWayland starten (DISPLAY).</translation>
     </message>
     <message>
-        <source>its &quot;uuid&quot; in the settings file is missing or not its key there</source>
-        <translation>seine „uuid“ fehlt in der Einstellungsdatei oder ist nicht sein Schlüssel dort</translation>
+        <source>the settings file gives it no uuid, or one that is not its key</source>
+        <translation>die Einstellungsdatei gibt ihm keine uuid oder eine andere als seinen Schlüssel</translation>
     </message>
 </context>
 <context>
