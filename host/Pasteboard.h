@@ -47,6 +47,17 @@ class Pasteboard {
   /// application copies. False when the pasteboard could not be taken.
   virtual bool setString(std::string_view text) = 0;
   virtual bool setItems(std::vector<PasteboardItem> items) = 0;
+
+  /// Names the contents: the same text in every process of the session, another one after each
+  /// change by any application. Never blocks. It does not say what the contents are.
+  virtual std::string contentsIdentifier() const = 0;
+  /// Whether the contents still are the ones that another process, or this one, named so. Waits
+  /// until all changes up to now are known, at most 2 s; false after that.
+  virtual bool hasContents(std::string_view identifier) const = 0;
+  /// Replaces the contents that are named so, and no others: where another application was first,
+  /// its contents stay. Answers the name of the new contents; nothing where they were not replaced.
+  virtual std::optional<std::string> replaceContents(std::string_view identifier,
+                                                     std::vector<PasteboardItem> items) = 0;
 };
 
 /// The pasteboards by name.

@@ -79,6 +79,34 @@ TYPED_TEST_P(PasteboardContract, countsEveryChangeByWhomever) {
   EXPECT_EQ(board.string(), "other");
 }
 
+TYPED_TEST_P(PasteboardContract, namesItsContentsAndReplacesNoOthers) {
+  auto& board = this->pasteboard();
+  auto& other = this->other();
+  const auto items = [](std::string_view text) {
+    return std::vector{PasteboardItem{{{std::string(pasteboardTypeString), bytesOf(text)}}}};
+  };
+  ASSERT_TRUE(board.setString("first"));
+  const std::string first = board.contentsIdentifier();
+  EXPECT_TRUE(board.hasContents(first));
+  EXPECT_TRUE(other.hasContents(first));
+  EXPECT_EQ(other.contentsIdentifier(), first);
+  EXPECT_FALSE(board.hasContents(""));
+  EXPECT_FALSE(board.hasContents(first + "0"));
+  ASSERT_TRUE(board.setString("first"));
+  EXPECT_FALSE(other.hasContents(first));
+
+  const std::string again = board.contentsIdentifier();
+  ASSERT_TRUE(other.setString("second"));
+  EXPECT_FALSE(board.hasContents(again));
+  EXPECT_EQ(board.replaceContents(again, items("third")), std::nullopt);
+  EXPECT_EQ(board.string(), "second");
+
+  const auto third = board.replaceContents(other.contentsIdentifier(), items("third"));
+  ASSERT_TRUE(third);
+  EXPECT_TRUE(other.hasContents(*third));
+  EXPECT_EQ(other.string(), "third");
+}
+
 TYPED_TEST_P(PasteboardContract, readsAtOnceWhatOthersPutThere) {
   for (int i = 0; i < 200; ++i) {
     this->pasteboard().setString("ours");
@@ -125,7 +153,7 @@ TYPED_TEST_P(PasteboardContract, keepsSeveralItems) {
 
 REGISTER_TYPED_TEST_SUITE_P(PasteboardContract, isTheGeneralOneAndThere,
                             givesTextBackToItselfAndToOthers, countsEveryChangeByWhomever,
-                            readsAtOnceWhatOthersPutThere, isEmptyOnceCleared,
-                            keepsEveryFormInItsOrder, keepsSeveralItems);
+                            namesItsContentsAndReplacesNoOthers, readsAtOnceWhatOthersPutThere,
+                            isEmptyOnceCleared, keepsEveryFormInItsOrder, keepsSeveralItems);
 
 }  // namespace qf

@@ -38,6 +38,17 @@ class FakePasteboard : public Pasteboard {
     return true;
   }
 
+  std::string contentsIdentifier() const override { return "fake:" + std::to_string(_changeCount); }
+  bool hasContents(std::string_view identifier) const override {
+    return identifier == contentsIdentifier();
+  }
+  std::optional<std::string> replaceContents(std::string_view identifier,
+                                             std::vector<PasteboardItem> items) override {
+    if (!hasContents(identifier)) return std::nullopt;
+    setItems(std::move(items));
+    return contentsIdentifier();
+  }
+
  private:
   std::string _name;
   std::vector<PasteboardItem> _items;

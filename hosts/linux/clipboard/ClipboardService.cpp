@@ -17,7 +17,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto ownLimit = 2s;
+constexpr auto answerLimit = 2s;
 constexpr auto farewellLimit = 1s;
 
 template <class Event>
@@ -40,7 +40,9 @@ ClipboardService::ClipboardService(const std::string& displayName)
                                         XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                         XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
   // An answer means that no later change can be missed.
-  _connection.reply(xcb_get_input_focus_reply, xcb_get_input_focus(_connection.get()));
+  const auto owner = _connection.reply(
+      xcb_get_selection_owner_reply, xcb_get_selection_owner(_connection.get(), _atoms.clipboard));
+  if (owner) _ownership.owner = owner->owner;
   _thread = std::thread([this] { run(); });
 }
 
@@ -64,19 +66,40 @@ std::shared_ptr<const ClipboardContents> ClipboardService::contents() const {
   return _contents;
 }
 
-bool ClipboardService::own(std::shared_ptr<const ClipboardContents> contents) {
-  auto wish = std::make_unique<Wish>();
-  wish->contents = std::move(contents);
-  wish->deadline = Clock::now() + ownLimit;
-  const auto deadline = wish->deadline;
-  auto isGranted = wish->isGranted.get_future();
+ClipboardOwnership ClipboardService::ownership() const {
+  const std::lock_guard lock(_mutex);
+  return _ownership;
+}
+
+std::optional<ClipboardOwnership> ClipboardService::settledOwnership() const {
+  Inquiry inquiry;
+  auto answer = inquiry.get_future();
   {
     const std::lock_guard lock(_mutex);
-    if (!_availability.isAvailable || _isEnding) return false;
+    if (!_availability.isAvailable || _isEnding) return std::nullopt;
+    _inquiries.push_back(std::move(inquiry));
+  }
+  wake();
+  if (answer.wait_for(answerLimit) != std::future_status::ready) return std::nullopt;
+  return answer.get();
+}
+
+std::optional<ClipboardOwnership> ClipboardService::own(
+    std::shared_ptr<const ClipboardContents> contents, std::optional<std::string_view> from) {
+  auto wish = std::make_unique<Wish>();
+  wish->contents = std::move(contents);
+  wish->from = from;
+  wish->deadline = Clock::now() + answerLimit;
+  const auto deadline = wish->deadline;
+  auto granted = wish->granted.get_future();
+  {
+    const std::lock_guard lock(_mutex);
+    if (!_availability.isAvailable || _isEnding) return std::nullopt;
     _wishes.push_back(std::move(wish));
   }
   wake();
-  return isGranted.wait_until(deadline) == std::future_status::ready && isGranted.get();
+  if (granted.wait_until(deadline) != std::future_status::ready) return std::nullopt;
+  return granted.get();
 }
 
 void ClipboardService::wake() const { eventfd_write(_wakeUp, 1); }
@@ -99,6 +122,7 @@ void ClipboardService::serveUntil(const std::function<bool()>& isDone,
                                   std::optional<Clock::time_point> deadline) {
   while (_connection.isAlive()) {
     do {
+      answerInquiries();
       askForTime();
       xcb_flush(_connection.get());
     } while (handleEvents());
@@ -170,36 +194,62 @@ void ClipboardService::askForTime() {
     _wish = std::move(_wishes.front());
     _wishes.pop_front();
     if (_wish->deadline > Clock::now()) continue;
-    _wish->isGranted.set_value(false);
+    _wish->granted.set_value(std::nullopt);
     _wish.reset();
   }
-  if (_wish)
-    xcb_change_property(_connection.get(), XCB_PROP_MODE_APPEND, _window, _atoms.transfer,
-                        XCB_ATOM_INTEGER, 32, 0, nullptr);
+  if (_wish) touchTime();
 }
 
-// The server's notice of the new owner comes before its answer, so that all is known after it. The
-// contents change with the notice, in the order in which owners changed.
+void ClipboardService::touchTime() {
+  xcb_change_property(_connection.get(), XCB_PROP_MODE_APPEND, _window, _atoms.transfer,
+                      XCB_ATOM_INTEGER, 32, 0, nullptr);
+}
+
+// The contents change with the server's notice, in the order in which owners changed. All changes
+// up to `time` are known here, and the server refuses that time once a later change has been made
+// (ICCCM 2.1): nothing can come between the comparison and the claim.
 void ClipboardService::takeOwnership(xcb_timestamp_t time) {
-  _isTaken = false;
+  // Two changes by one window within the same millisecond could not be told apart.
+  if (const auto last = ownership(); last.owner == _window && last.since == time)
+    return touchTime();
+  _taken.reset();
   const auto wish = std::move(_wish);
-  _pending = wish->contents;
-  xcb_set_selection_owner(_connection.get(), _window, _atoms.clipboard, time);
+  if (!wish->from || ownership().isNamed(*wish->from)) {
+    _pending = wish->contents;
+    xcb_set_selection_owner(_connection.get(), _window, _atoms.clipboard, time);
+    settle();
+    _pending.reset();
+  }
+  wish->granted.set_value(_taken);
+}
+
+// The server's notices of all that it has done come before its answer.
+void ClipboardService::settle() {
   _connection.reply(xcb_get_selection_owner_reply,
                     xcb_get_selection_owner(_connection.get(), _atoms.clipboard));
   handleEvents();
-  _pending.reset();
-  wish->isGranted.set_value(_isTaken);
+}
+
+void ClipboardService::answerInquiries() {
+  std::vector<Inquiry> inquiries;
+  {
+    const std::lock_guard lock(_mutex);
+    inquiries.swap(_inquiries);
+  }
+  if (inquiries.empty()) return;
+  settle();
+  for (Inquiry& inquiry : inquiries) inquiry.set_value(ownership());
 }
 
 void ClipboardService::ownerChanged(const xcb_xfixes_selection_notify_event_t& notice) {
   const bool isOurs = notice.owner == _window && _pending;
-  _isTaken = _isTaken || isOurs;
+  const ClipboardOwnership ownership{notice.owner, notice.selection_timestamp};
+  if (isOurs) _taken = ownership;
   const auto contents = isOurs ? std::exchange(_pending, nullptr) : nullptr;
   _transfers.offer(contents.get(), notice.selection_timestamp);
-  _ownedSince = notice.selection_timestamp;
   const std::lock_guard lock(_mutex);
   _contents = contents;
+  _ownership = ownership;
   ++_changeCount;
 }
 
@@ -218,7 +268,7 @@ void ClipboardService::handToManager() {
                         XCB_ATOM_ATOM, 32, static_cast<std::uint32_t>(targets.size()),
                         targets.data());
     xcb_convert_selection(_connection.get(), _window, _atoms.clipboardManager, _atoms.saveTargets,
-                          _atoms.saveList, _ownedSince);
+                          _atoms.saveList, ownership().since);
   }
   serveUntil([&] { return (!isSaving || _managerAnswered) && !_transfers.isBusy(); },
              Clock::now() + farewellLimit);
@@ -233,8 +283,10 @@ void ClipboardService::finish() {
   }
   _contents.reset();
   if (_wish) _wishes.push_back(std::move(_wish));
-  for (const auto& wish : _wishes) wish->isGranted.set_value(false);
+  for (const auto& wish : _wishes) wish->granted.set_value(std::nullopt);
   _wishes.clear();
+  for (Inquiry& inquiry : _inquiries) inquiry.set_value(std::nullopt);
+  _inquiries.clear();
 }
 
 }  // namespace qf

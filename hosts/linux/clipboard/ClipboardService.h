@@ -9,10 +9,13 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
+#include <vector>
 
 #include "host/Availability.h"
 #include "hosts/linux/clipboard/ClipboardContents.h"
+#include "hosts/linux/clipboard/ClipboardOwnership.h"
 #include "hosts/linux/clipboard/ClipboardTransfers.h"
 
 namespace qf {
@@ -35,26 +38,39 @@ class ClipboardService {
   std::shared_ptr<const ClipboardContents> contents() const;
   /// The window by which we own the clipboard.
   xcb_window_t window() const { return _window; }
-  /// Takes the clipboard. False when the server refused, or did not answer within 2 s.
-  bool own(std::shared_ptr<const ClipboardContents> contents);
+  /// By the last notice of a change that has been handled.
+  ClipboardOwnership ownership() const;
+  /// By all changes that the server has made up to this call. Nothing when the server is lost, or
+  /// did not answer within 2 s.
+  std::optional<ClipboardOwnership> settledOwnership() const;
+  /// Takes the clipboard, where an identifier is given only from those contents: a change by
+  /// another application that comes first wins, whenever it comes. Nothing when the clipboard was
+  /// not taken, or the server did not answer within 2 s.
+  std::optional<ClipboardOwnership> own(std::shared_ptr<const ClipboardContents> contents,
+                                        std::optional<std::string_view> from = std::nullopt);
 
  private:
   using Clock = XcbConnection::Clock;
 
   struct Wish {
     std::shared_ptr<const ClipboardContents> contents;
+    std::optional<std::string> from;
     Clock::time_point deadline;
-    std::promise<bool> isGranted;
+    std::promise<std::optional<ClipboardOwnership>> granted;
   };
+  using Inquiry = std::promise<std::optional<ClipboardOwnership>>;
 
   // All below run on the service's thread.
   void run();
   void serveUntil(const std::function<bool()>& isDone, std::optional<Clock::time_point> deadline);
   void waitForInput(std::optional<Clock::time_point> deadline) const;
   bool handleEvents();
+  void settle();
+  void answerInquiries();
   void handle(const xcb_generic_event_t& event);
   void ownerChanged(const xcb_xfixes_selection_notify_event_t& notice);
   void askForTime();
+  void touchTime();
   void takeOwnership(xcb_timestamp_t time);
   void handToManager();
   void finish();
@@ -70,15 +86,16 @@ class ClipboardService {
 
   std::unique_ptr<Wish> _wish;                        // waits for the server's time
   std::shared_ptr<const ClipboardContents> _pending;  // waits for the server's notice
-  bool _isTaken = false;
-  xcb_timestamp_t _ownedSince = XCB_CURRENT_TIME;
+  std::optional<ClipboardOwnership> _taken;           // by the wish that is being granted
   bool _managerAnswered = false;
 
   std::atomic<std::int64_t> _changeCount = 0;
   mutable std::mutex _mutex;  // guards what follows
   Availability _availability;
   std::shared_ptr<const ClipboardContents> _contents;
+  ClipboardOwnership _ownership;
   std::deque<std::unique_ptr<Wish>> _wishes;
+  mutable std::vector<Inquiry> _inquiries;
   bool _isEnding = false;
 
   std::thread _thread;

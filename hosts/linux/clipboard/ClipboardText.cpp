@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/clipboard/ClipboardText.h"
 
+#include <unicode/unistr.h>
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -34,9 +36,12 @@ std::optional<int> plainTextRank(std::string_view target) {
 }
 
 std::string textFromSelection(std::string_view type, const Data& bytes) {
+  if (type == "STRING") return textFromLatin1(bytes);
   std::string text(bytes.begin(), bytes.end());
-  if (type == "STRING" || invalidUTF8Offset(text)) return textFromLatin1(bytes);
-  return text;
+  if (!invalidUTF8Offset(text)) return text;
+  std::string wellFormed;
+  icu::UnicodeString::fromUTF8(text).toUTF8String(wellFormed);
+  return wellFormed;
 }
 
 std::optional<Data> latin1FromText(const Data& utf8) {

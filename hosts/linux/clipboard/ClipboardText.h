@@ -14,7 +14,8 @@ namespace qf {
 /// How well a target spells plain text, 0 best; nothing for a target that is no plain text.
 std::optional<int> plainTextRank(std::string_view target);
 
-/// The text in UTF-8. STRING is Latin-1 (ICCCM 2.6.2), and so is whatever is not valid UTF-8.
+/// The text in UTF-8. STRING is Latin-1 (ICCCM 2.6.2). What is ill-formed in UTF-8 becomes U+FFFD,
+/// one for each maximal part (The Unicode Standard, section 3.9).
 std::string textFromSelection(std::string_view type, const Data& bytes);
 
 /// The text in Latin-1, or nothing where it does not fit.

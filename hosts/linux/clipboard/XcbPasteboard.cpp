@@ -32,7 +32,20 @@ bool XcbPasteboard::setString(std::string_view text) {
 }
 
 bool XcbPasteboard::setItems(std::vector<PasteboardItem> items) {
-  return _service.own(std::make_shared<const ClipboardContents>(std::move(items)));
+  return _service.own(std::make_shared<const ClipboardContents>(std::move(items))).has_value();
+}
+
+bool XcbPasteboard::hasContents(std::string_view identifier) const {
+  const auto ownership = _service.settledOwnership();
+  return ownership && ownership->isNamed(identifier);
+}
+
+std::optional<std::string> XcbPasteboard::replaceContents(std::string_view identifier,
+                                                          std::vector<PasteboardItem> items) {
+  const auto ownership =
+      _service.own(std::make_shared<const ClipboardContents>(std::move(items)), identifier);
+  if (!ownership) return std::nullopt;
+  return ownership->identifier();
 }
 
 }  // namespace qf

@@ -115,6 +115,28 @@ TEST_F(XcbPasteboardTest, readsFromOtherPrograms) {
               ElementsAre(PasteboardItem{{{"image/png", bytesOf("picture")}}}));
 }
 
+TEST_F(XcbPasteboardTest, readsIllFormedTextWithReplacements) {
+  outputOf(
+      "printf 'Gr\\374\\342\\202 \\303\\237' | xclip -selection clipboard -t UTF8_STRING "
+      ">/dev/null");
+  EXPECT_TRUE(until([&] { return pasteboard->string() == "Gr\uFFFD\uFFFD ß"; }))
+      << pasteboard->string().value_or("nothing");
+}
+
+// The contents that were there before are told apart by their owner; later ones by the time too.
+TEST_F(XcbPasteboardTest, knowsContentsThatAreOlderThanItself) {
+  XcbPasteboard other;
+  ASSERT_TRUE(other.setString("old"));
+  const XcbPasteboard late;
+  EXPECT_TRUE(late.hasContents(other.contentsIdentifier()));
+  EXPECT_TRUE(other.hasContents(late.contentsIdentifier()));
+  const std::string old = other.contentsIdentifier();
+  ASSERT_TRUE(other.setString("new"));
+  EXPECT_FALSE(late.hasContents(old));
+  EXPECT_TRUE(late.hasContents(other.contentsIdentifier()));
+  EXPECT_EQ(late.contentsIdentifier(), other.contentsIdentifier());
+}
+
 TEST_F(XcbPasteboardTest, anOwnerThatSaysNothingCostsASecondAndGivesNothing) {
   const SelectionOwner owner("CLIPBOARD", [](auto&, auto&) { return true; });
   const auto takes = durationOf([&] { EXPECT_EQ(pasteboard->string(), std::nullopt); });
