@@ -13,11 +13,24 @@ BusApplicationObject::BusApplicationObject(QString bundleIdentifier, int process
 
 QByteArray BusApplicationObject::HandleEvent(quint32 eventClass, quint32 eventID,
                                              const QByteArray& data) {
-  if (!_eventReceiver) return {};
-  const QString sender = message().service();
-  Answer answer = _eventReceiver(eventClass, eventID, data, sender);
-  if (!answer.errorName.isEmpty()) sendErrorReply(answer.errorName, answer.errorText);
+  return receive({eventClass, eventID, data, {}, {}}).data;
+}
+
+QByteArray BusApplicationObject::HandleEventWithHints(quint32 eventClass, quint32 eventID,
+                                                      const QByteArray& data,
+                                                      const QVariantMap& hints,
+                                                      QVariantMap& answerHints) {
+  Answer answer = receive({eventClass, eventID, data, hints, {}});
+  answerHints = std::move(answer.hints);
   return answer.data;
+}
+
+BusApplicationObject::Answer BusApplicationObject::receive(Event event) {
+  if (!_eventReceiver) return {};
+  event.sender = message().service();
+  Answer answer = _eventReceiver(event);
+  if (!answer.errorName.isEmpty()) sendErrorReply(answer.errorName, answer.errorText);
+  return answer;
 }
 
 void BusApplicationObject::Reopen() {

@@ -5,6 +5,7 @@
 #include <QDBusContext>
 #include <QObject>
 #include <QString>
+#include <QVariantMap>
 #include <functional>
 
 namespace qf {
@@ -17,6 +18,7 @@ class BusApplicationObject : public QObject, protected QDBusContext {
   Q_PROPERTY(QString BundleIdentifier READ bundleIdentifier SCRIPTABLE true)
   Q_PROPERTY(int ProcessIdentifier READ processIdentifier SCRIPTABLE true)
   Q_PROPERTY(int ActivationPolicy READ activationPolicy SCRIPTABLE true)
+  Q_PROPERTY(bool TakesHints READ takesHints SCRIPTABLE true)
 
  public:
   /// The reply's bytes, or a D-Bus error when `errorName` is not empty.
@@ -24,24 +26,38 @@ class BusApplicationObject : public QObject, protected QDBusContext {
     QByteArray data;
     QString errorName;
     QString errorText;
+    QVariantMap hints;
   };
-  using EventReceiver = std::function<Answer(quint32 eventClass, quint32 eventID,
-                                             const QByteArray& data, const QString& sender)>;
+  struct Event {
+    quint32 eventClass;
+    quint32 eventID;
+    QByteArray data;
+    QVariantMap hints;
+    QString sender;
+  };
+  using EventReceiver = std::function<Answer(const Event&)>;
 
   BusApplicationObject(QString bundleIdentifier, int processIdentifier, int activationPolicy);
 
   QString bundleIdentifier() const { return _bundleIdentifier; }
   int processIdentifier() const { return _processIdentifier; }
   int activationPolicy() const { return _activationPolicy; }
+  bool takesHints() const { return true; }
   void setActivationPolicy(int policy) { _activationPolicy = policy; }
   void setEventReceiver(EventReceiver receiver) { _eventReceiver = std::move(receiver); }
   void setReopenHandler(std::function<void()> handler) { _reopenHandler = std::move(handler); }
 
  public slots:
   Q_SCRIPTABLE QByteArray HandleEvent(quint32 eventClass, quint32 eventID, const QByteArray& data);
+  /// The answer's hints are a second value of the reply.
+  Q_SCRIPTABLE QByteArray HandleEventWithHints(quint32 eventClass, quint32 eventID,
+                                               const QByteArray& data, const QVariantMap& hints,
+                                               QVariantMap& answerHints);
   Q_SCRIPTABLE void Reopen();
 
  private:
+  Answer receive(Event event);
+
   QString _bundleIdentifier;
   int _processIdentifier;
   int _activationPolicy;

@@ -84,51 +84,55 @@ QStringList BusApplications::owners(std::string_view bundleIdentifier,
 
 std::vector<BusApplications::Instance> BusApplications::instances(
     std::string_view bundleIdentifier) const {
-  struct Question {
-    QString uniqueName;
-    QDBusPendingReply<QVariantMap> properties;
-    QDBusPendingReply<quint32> process;
-  };
-
   const QDeadlineTimer deadline(limitInMilliseconds);
-  std::vector<Question> questions;
-  for (const QString& owner : owners(bundleIdentifier, deadline)) {
-    if (owner == _bus.baseService()) {
-      questions.push_back({owner, {}, {}});
-      continue;
-    }
-    QDBusMessage properties =
+  const QStringList all = owners(bundleIdentifier, deadline);
+  std::vector<QDBusPendingCall> properties;
+  for (const QString& owner : all) {
+    QDBusMessage question =
         busCall(owner, bus::applicationPath, QStringLiteral("org.freedesktop.DBus.Properties"),
                 QStringLiteral("GetAll"));
-    properties << QString(bus::applicationInterface);
-    const QDBusMessage process = busDaemonCall(QStringLiteral("GetConnectionUnixProcessID"), owner);
-    const int limit = remainingMilliseconds(deadline);
-    questions.push_back({owner, _bus.asyncCall(properties, limit), _bus.asyncCall(process, limit)});
+    question << QString(bus::applicationInterface);
+    properties.push_back(_bus.asyncCall(question, remainingMilliseconds(deadline)));
   }
-
   std::vector<Instance> found;
-  for (Question& question : questions) {
-    if (question.uniqueName == _bus.baseService()) {
-      found.push_back({question.uniqueName, _object->processIdentifier(),
-                       static_cast<ActivationPolicy>(_object->activationPolicy())});
-      continue;
-    }
-    question.process.waitForFinished();
-    question.properties.waitForFinished();
-    if (question.process.isError()) continue;  // it has left the bus meanwhile
-    const QVariantMap published =
-        question.properties.isError() ? QVariantMap() : question.properties.value();
-    int processIdentifier = published.value(QStringLiteral("ProcessIdentifier")).toInt();
-    if (processIdentifier <= 0) processIdentifier = static_cast<int>(question.process.value());
-    found.push_back({question.uniqueName, processIdentifier,
-                     policyFromBus(published.value(QStringLiteral("ActivationPolicy")))});
-  }
+  for (std::size_t i = 0; i < properties.size(); ++i)
+    if (auto instance = describe(all[static_cast<qsizetype>(i)], properties[i]))
+      found.push_back(*std::move(instance));
   return found;
+}
+
+/// Nothing where it has left the bus meanwhile.
+std::optional<BusApplications::Instance> BusApplications::describe(
+    const QString& owner, const QDBusPendingCall& properties) const {
+  if (owner == _bus.baseService())  // a process that waits cannot answer itself
+    return Instance{owner, _object->processIdentifier(),
+                    static_cast<ActivationPolicy>(_object->activationPolicy()),
+                    _object->takesHints()};
+  QDBusPendingReply<QVariantMap> answer(properties);
+  answer.waitForFinished();
+  const QVariantMap published = answer.isError() ? QVariantMap() : answer.value();
+  int process = published.value(QStringLiteral("ProcessIdentifier")).toInt();
+  if (process <= 0) process = processOf(owner);
+  if (process <= 0) return std::nullopt;
+  return Instance{owner, process,
+                  policyFromBus(published.value(QStringLiteral("ActivationPolicy"))),
+                  published.value(QStringLiteral("TakesHints")).toBool()};
+}
+
+/// As the bus knows it; 0 where it has left the bus.
+std::int32_t BusApplications::processOf(const QString& owner) const {
+  const QDBusPendingReply<quint32> answer(
+      _bus.call(busDaemonCall(QStringLiteral("GetConnectionUnixProcessID"), owner), QDBus::Block,
+                limitInMilliseconds));
+  return answer.isError() ? 0 : static_cast<std::int32_t>(answer.value());
 }
 
 std::vector<RunningApplication> BusApplications::running(std::string_view bundleIdentifier) const {
   std::vector<Instance>& listed = _listed[std::string(bundleIdentifier)];
-  listed = instances(bundleIdentifier);
+  if (!_isCurrent.contains(bundleIdentifier)) {
+    listed = instances(bundleIdentifier);
+    if (!listed.empty()) noteListed(bundleIdentifier);
+  }
 
   std::vector<RunningApplication> applications;
   applications.reserve(listed.size());
@@ -139,10 +143,18 @@ std::vector<RunningApplication> BusApplications::running(std::string_view bundle
   return applications;
 }
 
-std::optional<QString> BusApplications::uniqueName(std::int32_t processIdentifier) const {
+void BusApplications::noteListed(std::string_view bundleIdentifier) const {
+  if (_isCurrent.empty())
+    QMetaObject::invokeMethod(
+        _object.get(), [this] { forgetListed(); }, Qt::QueuedConnection);
+  _isCurrent.emplace(bundleIdentifier);
+}
+
+std::optional<BusApplications::Instance> BusApplications::instance(
+    std::int32_t processIdentifier) const {
   for (const auto& [identifier, instances] : _listed)
     for (const Instance& instance : instances)
-      if (instance.processIdentifier == processIdentifier) return instance.uniqueName;
+      if (instance.processIdentifier == processIdentifier) return instance;
   return std::nullopt;
 }
 

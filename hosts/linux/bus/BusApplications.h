@@ -2,11 +2,13 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusPendingCall>
 #include <QDeadlineTimer>
 #include <QStringList>
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,31 +49,38 @@ class BusApplications {
   void setActivationPolicy(ActivationPolicy policy);
 
   /// The running instances in the order in which they started, named by their identifier. Blocks at
-  /// most 1 s in all; of an instance that is too busy to answer, the bus tells the process, and it
-  /// counts as one in the background.
+  /// most 1 s for the instances, and 1 s more for the bus; of an instance that is too busy to
+  /// answer, the bus tells the process, and it counts as one in the background. Where there were
+  /// some, they are asked once until the run loop turns or `forgetListed` is called.
   std::vector<RunningApplication> running(std::string_view bundleIdentifier) const;
+  /// After it `running` asks anew.
+  void forgetListed() const { _isCurrent.clear(); }
 
   /// The unique bus names behind `running`.
   QStringList owners(std::string_view bundleIdentifier,
                      QDeadlineTimer deadline = QDeadlineTimer(1000)) const;
 
-  /// Where messages to that process go: known once `running` has listed it.
-  std::optional<QString> uniqueName(std::int32_t processIdentifier) const;
+  struct Instance {
+    QString uniqueName;  ///< where messages to it go
+    std::int32_t processIdentifier;
+    ActivationPolicy policy;
+    bool takesHints;
+  };
+  /// Known once `running` has listed that process.
+  std::optional<Instance> instance(std::int32_t processIdentifier) const;
   /// The identifier under which `running` has listed that process.
   std::optional<std::string> bundleIdentifier(std::int32_t processIdentifier) const;
 
  private:
-  struct Instance {
-    QString uniqueName;
-    std::int32_t processIdentifier;
-    ActivationPolicy policy;
-  };
-
   std::vector<Instance> instances(std::string_view bundleIdentifier) const;
+  std::optional<Instance> describe(const QString& owner, const QDBusPendingCall& properties) const;
+  std::int32_t processOf(const QString& owner) const;
+  void noteListed(std::string_view bundleIdentifier) const;
 
   QDBusConnection _bus;
   std::unique_ptr<BusApplicationObject> _object;
   mutable std::map<std::string, std::vector<Instance>, std::less<>> _listed;
+  mutable std::set<std::string, std::less<>> _isCurrent;  ///< of what is listed
 };
 
 }  // namespace qf

@@ -3,13 +3,16 @@
 
 #include <unistd.h>
 
+#include <QDBusArgument>
 #include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusPendingReply>
 #include <algorithm>
+#include <chrono>
 #include <optional>
 
 #include "hosts/linux/bus/BusApplications.h"
+#include "hosts/linux/bus/EventHintsExchange.h"
 #include "hosts/linux/bus/SessionBus.h"
 
 namespace qf {
@@ -36,7 +39,7 @@ std::string secondsText(int milliseconds) {
 }
 
 BusApplicationObject::Answer tooLarge() {
-  return {{}, QDBusError::errorString(QDBusError::LimitsExceeded), "more than 16 MiB of data"};
+  return {{}, QDBusError::errorString(QDBusError::LimitsExceeded), "more than 16 MiB of data", {}};
 }
 
 }  // namespace
@@ -44,9 +47,7 @@ BusApplicationObject::Answer tooLarge() {
 DBusAppleEvents::DBusAppleEvents(BusApplications& applications)
     : _applications(applications), _bus(applications.bus()) {
   _applications.object().setEventReceiver(
-      [this](quint32 eventClass, quint32 eventID, const QByteArray& data, const QString& sender) {
-        return receive(eventClass, eventID, data, sender);
-      });
+      [this](const BusApplicationObject::Event& event) { return receive(event); });
 }
 
 DBusAppleEvents::~DBusAppleEvents() { _applications.object().setEventReceiver({}); }
@@ -73,13 +74,25 @@ DBusAppleEvents::Outcome DBusAppleEvents::send(const AppleEvent& event, std::int
   // A bus may cut off whoever sends more than it carries.
   if (event.data.size() > largestData)
     return {AppleEventStatus::connectionInvalid, "the command holds more than 16 MiB of data"};
-  const std::optional<QString> target = _applications.uniqueName(event.target.processIdentifier);
-  if (!target || *target == _bus.baseService())  // a process that waits cannot answer itself
+  const std::optional<BusApplications::Instance> target =
+      _applications.instance(event.target.processIdentifier);
+  // A process that waits cannot answer itself.
+  if (!target || target->uniqueName == _bus.baseService())
     return {AppleEventStatus::processNotFound, "Quenfold is not running; is it installed?"};
 
-  QDBusMessage message = busCall(*target, bus::applicationPath, bus::applicationInterface,
-                                 QStringLiteral("HandleEvent"));
+  EventHints hints;
+  if (_hintsExchange) {
+    auto found =
+        _hintsExchange->hintsOfEvent(target->takesHints, std::chrono::milliseconds(milliseconds));
+    if (!found) return {};
+    hints = *std::move(found);
+  }
+  QDBusMessage message = busCall(
+      target->uniqueName, bus::applicationPath, bus::applicationInterface,
+      target->takesHints ? QStringLiteral("HandleEventWithHints") : QStringLiteral("HandleEvent"));
   message << event.eventClass << event.eventID << toByteArray(event.data);
+  if (target->takesHints) message << hints.toMap();
+  _applications.forgetListed();
   if (sendMode & waitReplyMask) return call(message, milliseconds, reply);
   if (_bus.send(message)) return {};
   return {AppleEventStatus::connectionInvalid, "the session bus did not take the command"};
@@ -88,10 +101,16 @@ DBusAppleEvents::Outcome DBusAppleEvents::send(const AppleEvent& event, std::int
 DBusAppleEvents::Outcome DBusAppleEvents::call(const QDBusMessage& message, int milliseconds,
                                                Data& reply) {
   const QDBusMessage answer = _bus.call(message, QDBus::Block, milliseconds);
-  if (answer.type() == QDBusMessage::ReplyMessage) {
-    reply = toData(answer.arguments().value(0).toByteArray());
-    return {};
-  }
+  if (answer.type() != QDBusMessage::ReplyMessage) return failure(answer, milliseconds);
+  reply = toData(answer.arguments().value(0).toByteArray());
+  if (_hintsExchange)
+    _hintsExchange->answered(
+        AnswerHints::fromMap(qdbus_cast<QVariantMap>(answer.arguments().value(1))));
+  return {};
+}
+
+DBusAppleEvents::Outcome DBusAppleEvents::failure(const QDBusMessage& answer,
+                                                  int milliseconds) const {
   if (const Availability state = availability(); !state.isAvailable)
     return {AppleEventStatus::connectionInvalid, state.reason};
 
@@ -114,20 +133,21 @@ DBusAppleEvents::Outcome DBusAppleEvents::call(const QDBusMessage& message, int 
   }
 }
 
-BusApplicationObject::Answer DBusAppleEvents::receive(quint32 eventClass, quint32 eventID,
-                                                      const QByteArray& data,
-                                                      const QString& sender) {
-  if (!isSameUser(sender))
-    return {{}, QDBusError::errorString(QDBusError::AccessDenied), "not a program of this user"};
-  if (data.size() > static_cast<qsizetype>(largestData)) return tooLarge();
+BusApplicationObject::Answer DBusAppleEvents::receive(const BusApplicationObject::Event& event) {
+  if (!isSameUser(event.sender)) {
+    const QString denied = QDBusError::errorString(QDBusError::AccessDenied);
+    return {{}, denied, "not a program of this user", {}};
+  }
+  if (event.data.size() > static_cast<qsizetype>(largestData)) return tooLarge();
 
-  const auto found = _handlers.find({eventClass, eventID});
+  const auto found = _handlers.find({event.eventClass, event.eventID});
   if (found == _handlers.end() || !found->second) return {};
   const EventHandler handler = found->second;  // it may replace itself
-  const std::optional<Data> reply = handler(toData(data));
-  if (!reply) return {};
-  if (reply->size() > largestData) return tooLarge();
-  return {toByteArray(*reply), {}, {}};
+  _servedEvent.begin(EventHints::fromMap(event.hints));
+  const std::optional<Data> reply = handler(toData(event.data));
+  const QVariantMap hints = _servedEvent.end().toMap();
+  if (reply && reply->size() > largestData) return tooLarge();
+  return {reply ? toByteArray(*reply) : QByteArray(), {}, {}, hints};
 }
 
 bool DBusAppleEvents::isSameUser(const QString& sender) {

@@ -32,6 +32,17 @@ int main(int argc, char** argv) {
   };
   handle("echo", [](const Data& data) { return data; });
   handle("none", [](const Data&) { return std::nullopt; });
+  // Says which hints it got, and answers what it did by their letters.
+  handle("hint", [&](const Data&) {
+    const EventHints& hints = events.servedEvent().hints();
+    const std::string got =
+        hints.clipboard.value_or("none") +
+        (hints.deadline
+             ? std::to_string(hints.deadline->time_since_epoch() / std::chrono::microseconds(1))
+             : "");
+    events.servedEvent().setAnswerHints({AnswerHints::Outcome::cleaned, "new " + got});
+    return Data(got.begin(), got.end());
+  });
   handle("hang", [](const Data&) {
     std::this_thread::sleep_for(std::chrono::seconds(5));
     return std::nullopt;

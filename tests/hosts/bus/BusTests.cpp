@@ -14,6 +14,7 @@
 #include "hosts/linux/bus/BusApplications.h"
 #include "hosts/linux/bus/DBusAppleEvents.h"
 #include "hosts/linux/bus/DBusDistributedNotificationCenter.h"
+#include "hosts/linux/bus/EventHintsExchange.h"
 #include "hosts/linux/bus/SessionBus.h"
 #include "hosts/linux/bus/StatusReport.h"
 #include "hosts/linux/bus/UserNotice.h"
@@ -95,6 +96,7 @@ TEST_F(Bus, ListsTheInstancesInTheirOrderWithPolicyAndProcess) {
 
   // One that hangs is still there, found within the limit; one that ends is gone.
   kill(first->pid(), SIGSTOP);
+  applications.forgetListed();
   QElapsedTimer timer;
   timer.start();
   running = applications.running(peerIdentifier);
@@ -102,6 +104,10 @@ TEST_F(Bus, ListsTheInstancesInTheirOrderWithPolicyAndProcess) {
   ASSERT_EQ(running.size(), 2U);
   EXPECT_EQ(running[0].processIdentifier, first->pid());
   EXPECT_EQ(running[1].activationPolicy, ActivationPolicy::regular);
+  // Asked once more before the command is sent, it costs no further second.
+  timer.restart();
+  EXPECT_EQ(applications.running(peerIdentifier).size(), 2U);
+  EXPECT_LT(timer.elapsed(), 500);
 
   first.reset();
   ASSERT_TRUE(until([&] { return applications.running(peerIdentifier).size() == 1; }));
@@ -139,6 +145,48 @@ TEST_F(Bus, CarriesEventsAndTheirReplies) {
   EXPECT_EQ(send(peer.pid(), "hang", "x", 0), AppleEventStatus::noError);
   EXPECT_THAT(reply, IsEmpty());
   EXPECT_THAT(reasons, IsEmpty());
+}
+
+/// Gives what a test says, and keeps what came back.
+struct Hints : EventHintsExchange {
+  std::optional<EventHints> hintsOfEvent(bool takesHints, std::chrono::milliseconds) override {
+    EXPECT_TRUE(takesHints);
+    return next;
+  }
+  void answered(const AnswerHints& hints) override { answer = hints; }
+
+  std::optional<EventHints> next = EventHints();
+  std::optional<AnswerHints> answer;
+};
+
+TEST_F(Bus, HintsTravelBesideAnEventAndItsAnswer) {
+  const Peer peer;
+  applications.running(peerIdentifier);
+  Hints hints;
+  events.setHintsExchange(&hints);
+  hints.next = {EventHints::Clock::time_point(std::chrono::microseconds(7)), "x11:1:2"};
+  EXPECT_EQ(send(peer.pid(), "hint", "x"), AppleEventStatus::noError);
+  EXPECT_EQ(reply, bytes("x11:1:27"));
+  ASSERT_TRUE(hints.answer);
+  EXPECT_EQ(hints.answer->outcome, AnswerHints::Outcome::cleaned);
+  EXPECT_EQ(hints.answer->clipboard, "new x11:1:27");
+
+  // Each event has its own, and an answer has those of its handler only.
+  hints.next = EventHints();
+  EXPECT_EQ(send(peer.pid(), "hint", "x"), AppleEventStatus::noError);
+  EXPECT_EQ(reply, bytes("none"));
+  EXPECT_EQ(send(peer.pid(), "echo", "x"), AppleEventStatus::noError);
+  EXPECT_EQ(hints.answer->outcome, AnswerHints::Outcome::unknown);
+  EXPECT_EQ(hints.answer->clipboard, std::nullopt);
+
+  // What is not wanted any more is not sent.
+  hints.next = std::nullopt;
+  hints.answer.reset();
+  EXPECT_EQ(send(peer.pid(), "die ", "x"), AppleEventStatus::noError);
+  EXPECT_THAT(reply, IsEmpty());
+  EXPECT_FALSE(hints.answer);
+  hints.next = EventHints();
+  EXPECT_EQ(send(peer.pid(), "echo", "x"), AppleEventStatus::noError);
 }
 
 TEST_F(Bus, HandlesEventsFromTheRunLoopOnly) {
