@@ -44,7 +44,7 @@ void AppDelegate::applicationDidFinishLaunching() {
   _host.servicesMenu.setServicesProvider(_serviceHandler.get());
   _host.distributedNotificationCenter.addObserver(std::string(SharedQFMenuPrefsChangedNotification),
                                                   [this] { updateMenuPrefs(); });
-  // Connecting has loaded the list already; it is loaded again nonetheless.
+  // Connecting has loaded the list already; this second load is intended.
   _sharedObjects.client().reloadListData();
   checkAccessibilityTrust();
   _globalMenu = &_sharedObjects.globalMenu();

@@ -28,7 +28,7 @@ struct Host;
 /// follows the menu settings. Main thread.
 class AppDelegate : public ApplicationDelegate {
  public:
-  /// Where the process-wide objects come from, each made when first asked for.
+  /// The process-wide objects, each made on first use.
   struct SharedObjects {
     std::function<QFKMenuSettingsManager&()> menuSettingsMgr;
     std::function<QFKClientBase&()> client;
@@ -42,8 +42,8 @@ class AppDelegate : public ApplicationDelegate {
   /// Registers the defaults of the program; once, before its first delegate.
   static void initialize(UserDefaults& standardUserDefaults);
 
-  /// The host and the objects outlive the delegate, which in turn outlives the last run of the main
-  /// loop: it never stops observing.
+  /// The host and the objects outlive the delegate. The delegate never stops observing, so it
+  /// outlives the main loop.
   AppDelegate(Host& host, SharedObjects sharedObjects);
   ~AppDelegate() override;
 
@@ -56,15 +56,15 @@ class AppDelegate : public ApplicationDelegate {
   /// The group that the status menu shows.
   std::optional<std::string> currentGroup() const;
 
-  /// Someone changed the menu settings.
+  /// The menu settings have changed.
   void updateMenuPrefs();
   void readQFMenuDictionaryFromSharedContainer();
 
   /// Replaces every registered hot key by those of the settings.
   void setupAllHotKeys();
-  /// Registers the item's combination where it is a valid one.
+  /// Registers the item's combination if it is valid.
   void setupSingleHotKey(const std::optional<QFKShortcutActionItem>& item);
-  /// Does what the item of that key stands for now.
+  /// Performs the present action of the item with that key.
   void handleHotKeyWithIdentifier(const std::optional<std::string>& identifier);
 
  private:
@@ -79,7 +79,7 @@ class AppDelegate : public ApplicationDelegate {
   QFGlobalPalette* _globalPalette = nullptr;
   QFGlobalMenu* _globalMenu = nullptr;
   QFKMenuSettingsManager* _menuSettingsMgr = nullptr;
-  /// What hot keys hold of the delegate, weakly.
+  /// Hot keys refer to the delegate weakly by this.
   std::shared_ptr<AppDelegate*> _self = std::make_shared<AppDelegate*>(this);
 };
 

@@ -5,8 +5,8 @@ namespace qf {
 
 struct Host;
 
-/// The process entry behind `main`: runs the agent on that host, which lives as long as the
-/// process, and answers the exit code. Once a process, on the main thread.
+/// Runs the agent on that host, which lives as long as the process, and returns the exit code. Once
+/// per process, on the main thread.
 int applicationMain(Host& host);
 
 }  // namespace qf

@@ -28,7 +28,7 @@ namespace {
 
 SharedGlobalMenu sharedGlobalMenu;
 SharedGlobalPalette sharedGlobalPalette;
-/// The palette's combination as its menu item shows it.
+/// The palette's combination for its menu item.
 std::optional<MenuKeyEquivalent> paletteKeyEquivalent(const ShortcutKeyNames& names) {
   const auto item = QFKMenuSettingsManager::sharedManager().paletteShortcut();
   const auto shortcut = MASShortcut::shortcutWithKeyCode(item.keycode, item.modifiers);

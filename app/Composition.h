@@ -5,8 +5,8 @@ namespace qf {
 
 struct Host;
 
-/// Says how each process-wide object is made, with the host and with one another. Once, before the
-/// first is asked for; the host lives as long as the process. Main thread.
+/// Defines how each process-wide object is made and connected. Call once, before the first is used;
+/// the host lives as long as the process. Main thread.
 void composeSharedInstances(Host& host);
 
 }  // namespace qf

@@ -6,8 +6,8 @@
 
 namespace qf {
 
-/// The process's status menu as the palette sees it. Asked for at each call: menu and palette know
-/// each other, so neither can be made while the other is.
+/// The process's status menu as the palette sees it. Looked up at each call: menu and palette refer
+/// to each other, so neither can take the other when it is made.
 class SharedGlobalMenu final : public GlobalMenuControl {
  public:
   std::optional<std::string> currentGroup() const override {

@@ -6,7 +6,7 @@
 
 namespace qf {
 
-/// The process's palette as the status menu sees it, asked for at each call.
+/// The process's palette as the status menu sees it, looked up at each call.
 class SharedGlobalPalette final : public PaletteControl {
  public:
   bool isVisible() const override { return QFGlobalPalette::shared().isVisible(); }

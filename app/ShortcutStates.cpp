@@ -44,7 +44,7 @@ std::map<std::string, ShortcutStatus> shortcutStates(const QFKMenuSettingsManage
     }
     states[key] = std::move(status);
   };
-  // In the order in which they are registered: of equal ones the last counts.
+  // In order of registration: of equal ones the last counts.
   add(std::string(QFKMenuSettingsManager::paletteShortcutKey), settings.paletteShortcut());
   for (const std::string& key : settings.shortcutIDList()) {
     if (const auto item = settings.shortcutForKey(key)) add(key, *item);

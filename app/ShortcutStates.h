@@ -12,7 +12,7 @@ class HotKeys;
 class MASShortcutValidator;
 class QFKMenuSettingsManager;
 
-/// What has become of each shortcut of the settings, once `AppDelegate` has registered them.
+/// The state of each shortcut of the settings after `AppDelegate` has registered them.
 std::map<std::string, ShortcutStatus> shortcutStates(const QFKMenuSettingsManager& settings,
                                                      const MASShortcutValidator& validator,
                                                      const HotKeys& hotKeys);

@@ -43,7 +43,7 @@ The text of other applications is reached through the accessibility bus, which t
 turns on. Applications of Qt 6 that were running before have to be started again.
 )";
 
-/// Whether the arguments asked only for a text, which is then printed.
+/// Prints the text that the arguments ask for, if any; returns whether there was one.
 bool answerWithText(int argc, char** argv) {
   const std::string_view option = argc > 1 ? argv[1] : "";
   if (option == "--help" || option == "-h") {

@@ -12,19 +12,18 @@ namespace qf {
 //
 // "bplist0?", the objects, a table of their offsets, and a trailer of 32 bytes: 6 unused, the size
 // of an offset, the size of a reference, then 8 bytes each: the number of objects, the root's
-// number, the table's offset. All numbers have the big end first. An object is a marker byte (kind
-// in the high half, size in the low half, 15 there meaning that an integer object with the size
-// follows) and its content; containers hold references, which are object numbers.
+// number, the table's offset. All numbers are big-endian. An object is a marker byte (kind in the
+// high half, size in the low half; 15 means that an integer object with the size follows) and its
+// content. Containers hold references, which are object numbers.
 
 bool looksLikeBinaryPropertyList(std::span<const std::uint8_t> bytes);
 
-/// Objects that overlap are refused, as are sets, null and dates that are no dates. Errors name the
-/// byte offset.
+/// Refuses overlapping objects, sets, null and dates out of range. Errors name the byte offset.
 Result<Value> readBinaryPropertyList(std::span<const std::uint8_t> bytes,
                                      PropertyListLimits limits);
 
-/// Equal scalars and equal strings are written once; numbers and references take as few bytes as
-/// they can. Fails for what `writePropertyList` names.
+/// Writes equal scalars and equal strings once, and numbers and references in the fewest bytes.
+/// Fails as `writePropertyList` does.
 Result<Data> writeBinaryPropertyList(const Value& value);
 
 }  // namespace qf

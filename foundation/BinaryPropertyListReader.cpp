@@ -48,7 +48,7 @@ class BinaryReader {
     return {};
   }
 
-  // Of 1 to 8 bytes. Eight can be read from whatever offset, since nothing but the trailer's last
+  // A number of 1 to 8 bytes. Eight bytes can be read at any offset, since only the trailer's last
   // number stands less than eight bytes from the end.
   std::uint64_t number(std::size_t offset, std::size_t size) const {
     std::uint64_t result;
@@ -83,7 +83,8 @@ class BinaryReader {
     return true;
   }
 
-  // Puts the object into that place, which must stay where it is: a later one shares its content.
+  // Decodes the object into that place. The place must not move: later references share its
+  // content.
   const DecodedObject* object(Value& place, std::uint64_t index, std::size_t depth) {
     const std::size_t entry = _table + static_cast<std::size_t>(index) * _offsetSize;
     DecodedObject& object = _objects[index];
@@ -134,8 +135,8 @@ class BinaryReader {
     }
   }
 
-  // Takes the bytes for one object. Objects that don't overlap never take more than there are, so
-  // what is decoded stays in proportion to the file.
+  // Claims the bytes of one object. Objects that do not overlap never claim more than the file has,
+  // so the decoded size stays in proportion to the file.
   bool claim(std::size_t offset, std::size_t start, std::uint64_t count, std::size_t unit) {
     if (start > _table || count > (_table - start) / unit) {
       return fail("an object that ends outside the objects' part of the file", offset);
@@ -146,7 +147,7 @@ class BinaryReader {
     return true;
   }
 
-  // The extent of an object of counted units.
+  // The extent of an object that consists of `count` units.
   std::optional<Extent> extent(std::size_t offset, std::size_t unit) {
     std::uint64_t count = _bytes[offset] & 0x0F;
     std::size_t start = offset + 1;
@@ -256,7 +257,7 @@ class BinaryReader {
     return true;
   }
 
-  // Puts what a container refers to into its place there, counted as a part of the container.
+  // Decodes a referenced object into its place in the container, and counts it to the container.
   bool part(Value& place, DecodedObject& container, std::size_t reference, std::size_t depth) {
     const std::uint64_t index = number(reference, _referenceSize);
     if (index >= _objectCount) return fail("a reference to no object", reference);
@@ -335,9 +336,9 @@ class BinaryReader {
   std::size_t _objectCount = 0;
   std::uint64_t _rootIndex = 0;
   std::size_t _table = 0;      // where the objects end and the offset table starts
-  std::size_t _unclaimed = 0;  // bytes of the objects' part that no object has taken
+  std::size_t _unclaimed = 0;  // bytes of the object area that no object has claimed
   std::vector<DecodedObject> _objects;
-  std::deque<Value> _names;  // the keys that were not a value before
+  std::deque<Value> _names;  // keys that no decoded value holds
   Error _error;
 };
 

@@ -44,7 +44,7 @@ void appendMarker(Data& bytes, std::uint8_t kind, std::size_t count) {
   }
 }
 
-// Numbers the objects first, since the size of a reference depends on how many there are.
+// Numbers all objects before it writes: the size of a reference depends on their count.
 class BinaryWriter {
  public:
   Result<Data> write(const Value& root) {
@@ -57,7 +57,7 @@ class BinaryWriter {
   using Index = std::uint32_t;
   static constexpr std::size_t mostWaiting = 16;
 
-  // A scalar with its place in `_scalars`, or a container with its place in `_references`.
+  // A scalar at an offset of `_scalars`, or a container at an offset of `_references`.
   struct Object {
     std::uint8_t kind;  // 0 for a scalar
     std::size_t start;
@@ -69,8 +69,8 @@ class BinaryWriter {
     Index number = 0;  // the object's, counted from 1
   };
 
-  // A string and the reference to it. It is looked up a few strings later, when its place in the
-  // index has come from memory: waiting for that would cost more than all the rest.
+  // A string and the reference to it. It is looked up a few strings later, once its slot of the
+  // index has been prefetched: waiting for memory would cost more than all else.
   struct Waiting {
     std::string_view text;
     std::uint32_t hash;
@@ -82,7 +82,7 @@ class BinaryWriter {
     return false;
   }
 
-  // Adds what the reference at that place shall lead to.
+  // Adds the object that the reference at that place points to.
   bool add(std::size_t reference, const Value& value, std::size_t depth) {
     if (_nodes++ == PropertyListLimits::file().nodes) return fail("too many values");
     if (const auto text = value.string()) return addString(reference, *text);
@@ -129,7 +129,7 @@ class BinaryWriter {
     return addWaiting(mostWaiting);
   }
 
-  // Looks the oldest strings up until that many wait.
+  // Looks up the oldest waiting strings until only that many wait.
   bool addWaiting(std::size_t rest) {
     for (; _waiting.size() > rest; _waiting.pop_front()) {
       const auto& [text, hash, reference] = _waiting.front();
@@ -153,8 +153,8 @@ class BinaryWriter {
     return true;
   }
 
-  // The object whose bytes have been put at the end of `_scalars`; they are taken back when an
-  // equal one stands there already.
+  // The object whose bytes were appended to `_scalars`; removes them again when an equal one
+  // exists.
   Index addScalar(std::size_t start, std::uint32_t hash) {
     const std::size_t count = _scalars.size() - start;
     if (_scalarCount == _known.size() / 4 * 3) growIndex();
@@ -162,7 +162,7 @@ class BinaryWriter {
     std::size_t place = hash & (_known.size() - 1);
     for (; _known[place].number != 0; place = (place + 1) & (_known.size() - 1)) {
       if (_known[place].hash != hash) continue;
-      // The marker tells the size, so an equal beginning is an equal whole.
+      // The marker holds the size, so comparing from the start compares the whole.
       if (scalar(_objects[_known[place].number - 1].start, count) != bytes) continue;
       _scalars.resize(start);
       return _known[place].number - 1;
@@ -188,7 +188,7 @@ class BinaryWriter {
     }
   }
 
-  // A container with room for its references, where `_references` ended.
+  // A container, with room for its references at the end of `_references`.
   bool open(std::size_t reference, std::uint8_t kind, std::size_t count, std::size_t references,
             std::size_t depth) {
     if (depth == PropertyListLimits::file().depth) return fail("nested too deeply");
@@ -221,7 +221,7 @@ class BinaryWriter {
     return container.kind == 0xD0 ? container.count * 2 : container.count;
   }
 
-  // Where each object will stand, and behind them all the offset table.
+  // The offset of each object, and last that of the offset table.
   std::vector<std::size_t> layOut(std::size_t referenceSize) const {
     std::vector<std::size_t> offsets;
     offsets.reserve(_objects.size() + 1);
@@ -267,10 +267,10 @@ class BinaryWriter {
   }
 
   std::vector<Object> _objects;
-  std::vector<Index> _references;  // first the one to the root
+  std::vector<Index> _references;  // the root's comes first
   std::deque<Waiting> _waiting;
   Data _scalars;
-  // The scalars by their bytes' hash, at its place or the next free one; a number of 0 is free.
+  // Hash table of the scalars' bytes with linear probing; number 0 marks a free slot.
   std::vector<Known> _known;
   std::size_t _scalarCount = 0;
   std::size_t _nodes = 0;

@@ -8,8 +8,8 @@
 
 namespace qf {
 
-// Eight bytes of text looked at together (Warren, "Hacker's Delight", section 6-1). Each test is
-// non-zero exactly when one of the eight bytes passes it.
+// Tests on eight bytes of text at once (Warren, "Hacker's Delight", section 6-1). A result is
+// non-zero exactly when one of the eight bytes passes the test.
 
 constexpr std::uint64_t eightTimes(std::uint8_t byte) {
   return std::uint64_t{0x0101010101010101} * byte;
@@ -32,8 +32,8 @@ constexpr std::uint64_t anyEqual(std::uint64_t word, char c) {
   return anyBelow(word ^ eightTimes(static_cast<std::uint8_t>(c)), 1);
 }
 
-/// How many bytes stand before the first that passes, or fewer, given the test's result. A test
-/// may name bytes behind that one wrongly, hence fewer where those are the low ones.
+/// Given a test's result, the number of bytes before the first that passes, or fewer: a test may
+/// flag bytes after that one wrongly, and on big-endian machines those come first.
 constexpr std::size_t firstOfEight(std::uint64_t passing) {
   if constexpr (std::endian::native != std::endian::little) return 0;
   return static_cast<std::size_t>(std::countr_zero(passing)) / 8;

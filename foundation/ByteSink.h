@@ -11,15 +11,15 @@
 
 namespace qf {
 
-/// Takes bytes one small piece after another, in blocks that never move, and hands them out whole.
+/// Collects bytes piece by piece in blocks that never move, and hands them out as one string.
 class ByteSink {
  public:
-  /// Where the next bytes go; room for that many is there until the next call.
+  /// Room for that many bytes, valid until the next call.
   std::uint8_t* reserve(std::size_t count) {
     if (static_cast<std::size_t>(_end - _at) < count) addBlock(count);
     return _at;
   }
-  /// Takes the bytes that were put where `reserve` said, up to here.
+  /// Keeps the bytes written since `reserve`, up to this end.
   void advanceTo(std::uint8_t* end) { _at = end; }
 
   template <std::size_t N>
@@ -49,7 +49,7 @@ class ByteSink {
  private:
   struct Block {
     std::unique_ptr<std::uint8_t[]> bytes;
-    std::size_t used;  // of a block that is not the last
+    std::size_t used;  // bytes in a block; not kept for the last
   };
   static constexpr std::size_t largestBlock = 64 * 1024;
 

@@ -14,8 +14,8 @@ using std::chrono::year_month_day;
 constexpr sys_days referenceDay{std::chrono::year(2001) / 1 / 1};
 constexpr double secondsPerDay = 86400;
 
-// The number that the digits of `text` at each 'd' of the pattern spell, part by part; every other
-// character of the pattern must stand in the text as it is.
+// Reads one number per run of 'd' in the pattern; every other character of the pattern must match
+// the text.
 template <std::size_t N>
 bool match(std::string_view pattern, std::string_view text, int (&numbers)[N]) {
   if (text.size() != pattern.size()) return false;

@@ -10,24 +10,24 @@
 
 namespace qf {
 
-/// What a reader of numbered objects knows of one of them. It is decoded once, however often it is
-/// referred to; its cost is counted at each place that refers to it.
+/// A reader's record of one numbered object. The object is decoded once; its cost counts at each
+/// reference to it.
 struct DecodedObject {
   enum class State : std::uint8_t { unread, open, done };  // open: a reference to it closes a cycle
 
-  const Value* value = nullptr;  ///< where it was decoded to, once it is done
+  const Value* value = nullptr;  ///< the decoded value, once done
   std::uint32_t nodes = 1;       ///< values in all
-  std::uint16_t height = 0;      ///< containers inside one another, 0 for a scalar
+  std::uint16_t height = 0;      ///< nested containers, 0 for a scalar
   State state = State::unread;
 
-  /// What these counts can hold.
+  /// The largest values of these counters.
   static PropertyListLimits bounded(PropertyListLimits limits) {
     limits.nodes = std::min(limits.nodes, std::size_t{UINT32_MAX});
     limits.depth = std::min(limits.depth, std::size_t{UINT16_MAX - 1});
     return limits;
   }
 
-  /// Counts a part of this container. False when that makes too many values.
+  /// Adds an element's counts to this container's. False when there are too many values.
   bool add(const DecodedObject& part, PropertyListLimits limits) {
     const std::size_t sum = std::size_t{nodes} + part.nodes;
     if (sum > limits.nodes) return false;
@@ -36,7 +36,7 @@ struct DecodedObject {
     return true;
   }
 
-  /// Whether it may stand inside `depth` - 1 containers.
+  /// Whether it may be nested inside `depth` - 1 containers.
   bool fits(std::size_t depth, PropertyListLimits limits) const {
     return depth + height <= limits.depth + 1;
   }

@@ -5,7 +5,7 @@
 
 namespace qf {
 
-/// Why an operation failed, in words that can stand in a log line or before a person.
+/// Why an operation failed, in words for a log line or for a person.
 struct Error {
   std::string localizedDescription;
 };

@@ -3,7 +3,7 @@
 
 namespace qf {
 
-/// What a reader's step returns after it has kept its error: false, or a null pointer.
+/// What a step of a reader returns after it has stored its error: false or a null pointer.
 struct Failure {
   operator bool() const { return false; }
   template <class T>

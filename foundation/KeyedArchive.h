@@ -18,9 +18,9 @@ Result<Data> archiveKeyed(const Value& root);
 /// under each key.
 Result<Data> archiveKeyedObject(std::string_view className, const Dictionary& codedFields);
 
-/// Reads an archive. Only the classes of property-list values are made, and the shortcut class
-/// ("MASShortcut"), which reads as the dictionary of its coded fields; an archive that names any
-/// other, or that is wrong in any way, is refused with what and where. Any thread.
+/// Reads an archive. It may hold the classes of property-list values and the shortcut class
+/// ("MASShortcut"), which reads as the dictionary of its fields. An archive with any other class or
+/// any other fault is refused; the error says what is wrong and where. Any thread.
 Result<Value> unarchiveKeyed(std::span<const std::uint8_t> bytes,
                              PropertyListLimits limits = PropertyListLimits::message());
 

@@ -47,7 +47,7 @@ class KeyedArchiver {
     return _objects.size() - 1;
   }
 
-  // Numbers and truth values stand in their object, everything else has a place of its own.
+  // Numbers and booleans stand inside their object; everything else gets a slot of its own.
   std::optional<Value> codedField(const Value& value) {
     if (value.boolean() || value.integer() || value.real()) return value;
     const auto index = add(value, 1);
@@ -73,7 +73,7 @@ class KeyedArchiver {
     return known->second;
   }
 
-  // The place of a container that stands in the archive already, else of a new one.
+  // The slot of the container, new unless it is in the archive already.
   std::optional<std::pair<std::size_t, bool>> open(const void* container, std::size_t depth) {
     if (depth == PropertyListLimits::file().depth) return fail("nested too deeply");
     const auto [known, isNew] = _containers.try_emplace(container, _objects.size());
@@ -117,7 +117,7 @@ class KeyedArchiver {
     return slot;
   }
 
-  // Puts the object into its slot; its class's record follows when it is the first of the class.
+  // Stores the object in its slot. A class record follows the first object of a class.
   void finishObject(std::size_t slot, Dictionary record, std::string_view className) {
     const auto [known, isNew] = _classes.try_emplace(std::string(className), _objects.size());
     if (isNew) {

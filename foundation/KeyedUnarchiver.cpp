@@ -28,7 +28,7 @@ constexpr std::pair<std::string_view, CodedClass> codedClasses[] = {
     {"MASShortcut", CodedClass::shortcut},
 };
 
-// An archive is flat; per value that it codes it needs a few more of its own.
+// An archive is flat and needs a few values of its own per archived value.
 constexpr std::size_t archiveNodesPerNode = 8;
 
 class KeyedUnarchiver {
@@ -46,7 +46,7 @@ class KeyedUnarchiver {
   }
 
  private:
-  static constexpr std::size_t nowhere = 0;  // no object that codes anything has this number
+  static constexpr std::size_t nowhere = 0;  // object 0 is "$null"
 
   Failure fail(std::string_view what, std::uint64_t index = nowhere) {
     if (_error.localizedDescription.empty()) {
@@ -82,14 +82,15 @@ class KeyedUnarchiver {
     return std::nullopt;
   }
 
-  // The object as the archive holds it.
+  // The raw object of the archive.
   const Value* object(std::uint64_t index) {
     if (index == 0) return fail("no object where a value must be");
     if (index >= _objects->size()) return fail("outside the archive", index);
     return &(*_objects)[index];
   }
 
-  // Puts the object into that place, which must stay where it is: a later one shares its content.
+  // Decodes the object into that place. The place must not move: later references share its
+  // content.
   const DecodedObject* decoded(Value& place, std::uint64_t index, std::size_t depth) {
     const Value* coded = object(index);
     if (!coded) return nullptr;
@@ -157,7 +158,7 @@ class KeyedUnarchiver {
     return std::nullopt;
   }
 
-  // The one field of a string or data object, in its place or by reference.
+  // The field of a string or data object, inline or by reference.
   bool decodeWrapped(Value& place, const Dictionary& fields, std::string_view key, Value::Kind kind,
                      std::uint64_t index) {
     const Value* content = fields.find(key);
@@ -179,7 +180,7 @@ class KeyedUnarchiver {
     return true;
   }
 
-  // Puts what the reference stands for into its place, counted as a part of the container.
+  // Decodes a referenced object into its place in the container, and counts it to the container.
   bool part(Value& place, DecodedObject& container, const Value& reference, std::uint64_t index,
             std::size_t depth) {
     if (!reference.uid()) return fail("a part that is no reference", index);

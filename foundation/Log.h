@@ -10,7 +10,7 @@ namespace qf {
 /// Any thread.
 void log(std::string_view line);
 
-/// Where lines go instead, until an empty function puts standard error back. For tests.
+/// Redirects the lines, for tests; an empty function restores standard error.
 using LogSink = std::function<void(std::string_view line)>;
 void setLogSink(LogSink sink);
 

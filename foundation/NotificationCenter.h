@@ -21,8 +21,8 @@ class NotificationCenter {
   ObserverID addObserver(std::string name, Handler handler);
   void removeObserver(ObserverID observer);
 
-  /// Runs the handlers before it returns, in the order in which they were added. A handler may add
-  /// and remove observers; one removed meanwhile is not run any more, one added waits for the next.
+  /// Runs the handlers in the order of their adding, then returns. A handler may add and remove
+  /// observers: a removed one no longer runs, an added one runs from the next `post` on.
   void post(std::string_view name);
 
  private:

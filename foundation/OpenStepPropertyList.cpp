@@ -72,7 +72,7 @@ class OpenStepReader : private TextScanner {
     return root;
   }
 
-  // Whether a string stands here with an equals sign or a semicolon behind it.
+  // Whether a string follows with an equals sign or a semicolon after it.
   bool startsEntries() {
     if (!startsString()) return false;
     const std::size_t start = _at;
@@ -130,7 +130,7 @@ class OpenStepReader : private TextScanner {
     return Value(*std::move(entries));
   }
 
-  // "key = value;" and "key;", which stands for "key = key;", as long as strings come.
+  // Entries "key = value;" and "key;", short for "key = key;".
   std::optional<Dictionary> dictionaryEntries(std::size_t depth) {
     Dictionary entries;
     for (;;) {
@@ -181,7 +181,7 @@ class OpenStepReader : private TextScanner {
     }
   }
 
-  // What follows a backslash.
+  // The escape after a backslash.
   bool appendEscape(std::string& text) {
     static constexpr std::string_view letters = "abfnrtv\"'\\\n";
     static constexpr std::string_view characters = "\a\b\f\n\r\t\v\"'\\\n";
@@ -202,7 +202,7 @@ class OpenStepReader : private TextScanner {
     return true;
   }
 
-  // The number of at most `count` digits; nothing when there are none.
+  // A number of at most `count` digits; nothing without any digit.
   std::optional<char32_t> digits(int base, std::size_t count) {
     char32_t number = 0;
     const std::size_t start = _at;
@@ -257,7 +257,7 @@ class OpenStepReader : private TextScanner {
     }
   }
 
-  // What stands up to the closing bracket, which is passed.
+  // The text up to the closing bracket, which is consumed.
   std::optional<std::string_view> upTo(std::string_view bracket) {
     const auto length = rest().find(bracket);
     if (length == std::string_view::npos) return fail("a value without its end");

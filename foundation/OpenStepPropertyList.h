@@ -12,11 +12,11 @@ namespace qf {
 // gives them, with GNUstep's typed values <*I1>, <*R1.5>, <*BY>, <*D2001-01-01 00:00:00 +0000> and
 // <[base 64]>. Any thread.
 
-/// Reads well-formed UTF-8. A text of entries without braces around them is a dictionary; one
-/// without any value is an error. Errors name the line.
+/// Reads well-formed UTF-8. Entries without braces around them make a dictionary; an empty text is
+/// an error. Errors name the line.
 Result<Value> readOpenStepPropertyList(std::string_view text, PropertyListLimits limits);
 
-/// Reads the entries of a strings file, which may be none.
+/// Reads the entries of a strings file; an empty file has none.
 Result<Dictionary> readOpenStepEntries(std::string_view text, PropertyListLimits limits);
 
 }  // namespace qf

@@ -9,10 +9,10 @@
 
 namespace qf {
 
-/// What a reader may spend on outside bytes before it refuses them.
+/// The limits of a reader: bytes from outside that exceed one are refused.
 struct PropertyListLimits {
-  std::size_t depth;  ///< containers inside one another; readers recurse as deep, so: hundreds
-  std::size_t nodes;  ///< values in all, a shared one counted at each place that refers to it
+  std::size_t depth;  ///< nested containers; readers recurse as deep, so keep it in the hundreds
+  std::size_t nodes;  ///< values in all; a shared one counts at each reference to it
   std::size_t bytes;  ///< of the input
 
   static constexpr PropertyListLimits file() { return {512, 8'000'000, std::size_t{1} << 30}; }

@@ -8,7 +8,7 @@
 
 namespace qf {
 
-/// A value, or the error that kept it from being made.
+/// A value, or the error that explains why there is none.
 template <class T>
 class [[nodiscard]] Result {
  public:
@@ -19,7 +19,7 @@ class [[nodiscard]] Result {
   const T& operator*() const& { return std::get<T>(_content); }
   T&& operator*() && { return std::get<T>(std::move(_content)); }
   const T* operator->() const { return &std::get<T>(_content); }
-  /// Only when there is no value.
+  /// Call only without a value.
   const Error& error() const { return std::get<Error>(_content); }
 
  private:

@@ -10,19 +10,18 @@ namespace qf {
 
 /// The one object of a class in this process, made on first use and kept until the process ends.
 ///
-/// The maker is given by app/, the one place that knows every collaborator; tests build the objects
-/// directly and never come here. Making is guarded (any thread); the objects have rules of their
-/// own.
+/// app/ gives the maker, being the one place that knows every collaborator; tests build the objects
+/// directly instead. Making the object is thread-safe; using it follows the object's own rules.
 template <class T>
 class SharedInstance {
  public:
   using Maker = std::function<std::unique_ptr<T>()>;
 
-  /// Before the first `get`; a maker given later has no effect.
+  /// Call before the first `get`; later calls have no effect.
   static void setMaker(Maker maker) { state().maker = std::move(maker); }
 
   static T& get() { return get(state().maker); }
-  /// Made by this maker, if this is the first `get`: for a class whose callers choose what is made.
+  /// The first `get` uses this maker: for a class whose callers choose the subclass.
   static T& get(const Maker& maker) {
     State& shared = state();
     std::call_once(shared.once, [&] { shared.object = maker(); });
@@ -43,7 +42,7 @@ class SharedInstance {
   };
 
   static State& state() {
-    // Never destroyed: the objects live until the process ends, whatever order statics end in.
+    // Never destroyed, so that the order in which statics end does not matter.
     static State& shared = *new State;
     return shared;
   }

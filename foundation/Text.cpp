@@ -24,7 +24,7 @@ std::string utf8(const icu::UnicodeString& text) {
 }  // namespace
 
 std::string lowercased(std::string_view text) {
-  if (isASCII(text)) {  // the names in a long list, mostly
+  if (isASCII(text)) {  // true of most names in a long list
     std::string result(text);
     std::transform(text.begin(), text.end(), result.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });

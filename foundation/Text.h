@@ -7,8 +7,8 @@
 
 namespace qf {
 
-// Unicode operations on UTF-8 text; none depends on the user's locale. A byte that is not part of
-// valid UTF-8 counts as U+FFFD.
+// Unicode operations on UTF-8 text, independent of the user's locale. A byte outside valid UTF-8
+// counts as U+FFFD.
 
 std::string lowercased(std::string_view text);
 std::string uppercased(std::string_view text);
@@ -16,7 +16,7 @@ std::string uppercased(std::string_view text);
 /// Whether every character is a letter (with its marks), a number, punctuation or a symbol.
 bool isVisibleText(std::string_view text);
 
-/// How many characters a platform string of this text counts: UTF-16 units.
+/// The text's length as a platform string: UTF-16 units.
 std::size_t utf16Length(std::string_view text);
 
 }  // namespace qf

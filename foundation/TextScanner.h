@@ -12,15 +12,15 @@
 
 namespace qf {
 
-/// What the readers of the two text formats have in common: a place in the text, the first error
-/// with its line, and the count of what has been spent. The text outlives the scanner.
+/// Shared by the readers of the two text formats: a position in the text, the first error with its
+/// line, and the count of values. The text outlives the scanner.
 class TextScanner {
  protected:
   TextScanner(std::string_view format, std::string_view text, PropertyListLimits limits)
       : _limits(limits), _format(format), _text(text) {}
 
   bool atEnd() const { return _at == _text.size(); }
-  /// The character here, or 0 at the end.
+  /// The current character, or 0 at the end.
   char peek() const { return atEnd() ? '\0' : _text[_at]; }
   std::string_view rest() const { return _text.substr(_at); }
 
@@ -42,7 +42,7 @@ class TextScanner {
     return true;
   }
 
-  /// Moves behind the next occurrence of the literal; false when there is none.
+  /// Moves past the next occurrence of the literal; false when there is none.
   bool skipPast(std::string_view literal) {
     const auto found = _text.find(literal, _at);
     if (found == std::string_view::npos) return false;
@@ -50,7 +50,7 @@ class TextScanner {
     return true;
   }
 
-  /// Keeps the first error, placed at the line where the scanner stands.
+  /// Stores the first error, with the current line.
   std::nullopt_t fail(std::string_view what) {
     if (_error.localizedDescription.empty()) {
       const auto line = std::count(_text.begin(), _text.begin() + static_cast<long>(_at), '\n') + 1;
@@ -61,7 +61,7 @@ class TextScanner {
   }
   const Error& error() const { return _error; }
 
-  /// Charges one value that stands inside `depth` - 1 containers, before it is made.
+  /// Counts one value nested in `depth` - 1 containers, before it is made.
   bool admit(std::size_t depth, bool isContainer) {
     if (isContainer && depth > _limits.depth) {
       fail("nested too deeply");

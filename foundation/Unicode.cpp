@@ -15,7 +15,7 @@ std::size_t asciiPrefix(std::string_view text) {
   return at;
 }
 
-// The length of the well-formed sequence in front, or 0 (The Unicode Standard, table 3-7).
+// The length of the leading well-formed sequence, or 0 (The Unicode Standard, table 3-7).
 std::size_t sequenceLength(std::string_view text) {
   const auto byte = [&text](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
   const std::uint8_t lead = byte(0);
@@ -73,7 +73,7 @@ char32_t unitAt(std::span<const std::uint8_t> bytes, std::size_t offset, Encodin
   return unit;
 }
 
-// Appends the units as UTF-8. On failure the offset of the first unit that is wrong.
+// Appends the units as UTF-8. On failure returns the offset of the first wrong unit.
 std::optional<std::size_t> appendUnits(std::string& text, std::span<const std::uint8_t> bytes,
                                        Encoding encoding) {
   std::size_t at = encoding.mark;

@@ -34,16 +34,16 @@ bool isASCII(std::string_view text);
 /// The offset of the first byte that is not part of well-formed UTF-8, or nothing.
 std::optional<std::size_t> invalidUTF8Offset(std::string_view text);
 
-/// UTF-8 from UTF-16, big end first; nothing when a surrogate stands alone or half a unit is left.
+/// UTF-8 from big-endian UTF-16; nothing for a lone surrogate or half a unit at the end.
 std::optional<std::string> utf8FromUTF16BE(std::span<const std::uint8_t> bytes);
 
 /// UTF-16 code units of well-formed UTF-8.
 std::u16string utf16FromUTF8(std::string_view text);
 
-/// A text file as UTF-8 without its byte order mark. UTF-16 and UTF-32 are known by their mark, or
-/// by the zero bytes around an ASCII character in front (XML 1.0, appendix F); everything else is
-/// UTF-8. Fails where the bytes are not well-formed, with the byte offset. The text lies in `bytes`
-/// or, where it had to be converted, in `storage`.
+/// A text file as UTF-8 without its byte order mark. UTF-16 and UTF-32 are recognised by their mark
+/// or by the zero bytes around a leading ASCII character (XML 1.0, appendix F); everything else is
+/// UTF-8. Fails with the byte offset where the bytes are not well-formed. The result points into
+/// `bytes` or, after a conversion, into `storage`.
 Result<std::string_view> decodeTextFile(std::span<const std::uint8_t> bytes, std::string& storage);
 
 }  // namespace qf

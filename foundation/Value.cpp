@@ -14,7 +14,7 @@
 namespace qf {
 namespace {
 
-// Up to this many keys a search from front to back beats an index.
+// Up to this many keys a linear search beats an index.
 constexpr std::size_t searchableSize = 16;
 
 std::string_view withoutLeadingBlanks(std::string_view text) {
@@ -129,7 +129,7 @@ const Value::Text* Value::Text::make(std::string_view content) {
 
 void Value::release() {
   const Shared* last = node();
-  // Who owns it alone need not tell others.
+  // A sole owner needs no atomic decrement.
   if (last->owners.load(std::memory_order_acquire) != 1 &&
       last->owners.fetch_sub(1, std::memory_order_acq_rel) != 1) {
     return;
@@ -248,7 +248,7 @@ std::optional<std::size_t> Dictionary::positionAmongFirst(std::size_t count,
   return std::nullopt;
 }
 
-// The place in the index that leads to the key, or the free one where it would.
+// The slot of the key in the index, or the free slot where it belongs.
 std::size_t Dictionary::indexPlace(std::string_view key, std::uint32_t hash) const {
   const std::size_t mask = _index.size() - 1;
   std::size_t place = hash & mask;
@@ -258,7 +258,7 @@ std::size_t Dictionary::indexPlace(std::string_view key, std::uint32_t hash) con
   return place;
 }
 
-// False when a key comes twice; the index is then not complete.
+// False for a duplicate key; the index is then incomplete.
 bool Dictionary::buildIndex() {
   _index.clear();
   const bool isSmall = _entries.size() <= searchableSize;

@@ -20,7 +20,7 @@ class Dictionary;
 using Array = std::vector<Value>;
 using Data = std::vector<std::uint8_t>;
 
-/// A whole number from the signed and the unsigned 64-bit range together.
+/// An integer of the signed or the unsigned 64-bit range.
 class Integer {
  public:
   constexpr Integer(std::int64_t value)
@@ -53,9 +53,9 @@ struct UID {
   bool operator==(const UID&) const = default;
 };
 
-/// One immutable value of a property list. Copies share their contents, so they cost nothing to
-/// speak of; sharing is safe between threads. Absence is an empty `std::optional<Value>` or a null
-/// pointer, never a kind of value. Strings are UTF-8.
+/// One immutable value of a property list. Copies share their contents and are cheap; sharing
+/// between threads is safe. A missing value is an empty `std::optional<Value>` or a null pointer,
+/// never a kind of value. Strings are UTF-8.
 class Value {
  public:
   enum class Kind : std::uint8_t {
@@ -84,12 +84,12 @@ class Value {
   Value(Data value);
   Value(Array value);
   Value(Dictionary value);
-  Value(const void*) = delete;  // no pointer becomes a boolean unasked
+  Value(const void*) = delete;  // a pointer must not convert to a boolean
 
   Value(const Value& other) : _form(other._form) {
     if (isShared()) node()->owners.fetch_add(1, std::memory_order_relaxed);
   }
-  /// Leaves false behind.
+  /// The moved-from value holds false.
   Value(Value&& other) noexcept : _form(std::exchange(other._form, Value(false)._form)) {}
   Value& operator=(Value other) noexcept {
     std::swap(_form, other._form);
@@ -101,7 +101,7 @@ class Value {
 
   Kind kind() const { return _form.wide.kind; }
 
-  // The content when it is of that kind, else nothing: a value of the wrong kind reads as missing.
+  // The content if it is of that kind, else nothing: a value of the wrong kind reads as missing.
   const bool* boolean() const { return scalar(Kind::boolean, &Content::boolean); }
   std::optional<Integer> integer() const {
     if (kind() != Kind::integer) return std::nullopt;
@@ -110,7 +110,7 @@ class Value {
   const double* real() const { return scalar(Kind::real, &Content::real); }
   const Date* date() const { return scalar(Kind::date, &Content::date); }
   const UID* uid() const { return scalar(Kind::uid, &Content::uid); }
-  /// Lasts until this value is changed, moved or gone.
+  /// Valid until this value is changed, moved or destroyed.
   std::optional<std::string_view> string() const {
     if (kind() != Kind::string) return std::nullopt;
     if (isShared()) return static_cast<const Text*>(node())->content();
@@ -120,13 +120,12 @@ class Value {
   const Array* array() const { return content<Array>(Kind::array); }
   const Dictionary* dictionary() const;
 
-  /// The whole number that a number, a boolean or a string of digits stands for (a real is cut, a
-  /// number out of range is the nearest in it, a string is read up to its first other character);
-  /// 0 for everything else.
+  /// The integer value of a number, a boolean or a string of digits; 0 for everything else. A real
+  /// is truncated, a number out of range is clamped, a string is read up to its first non-digit.
   std::int64_t integerValue() const;
-  /// The same in the unsigned range: an integer's bits as they are.
+  /// The same as an unsigned number: an integer's bits are reinterpreted.
   std::uint64_t unsignedIntegerValue() const;
-  /// Whether a number is not 0; a string counts when it begins with Y, y, T, t or a digit 1 to 9
+  /// Whether a number is not 0. A string is true when it begins with Y, y, T, t or a digit 1 to 9,
   /// after blanks, a sign and zeros.
   bool boolValue() const;
 
@@ -137,8 +136,8 @@ class Value {
   bool operator==(const Value& other) const;
 
  private:
-  // Counted by hand: a std::variant of std::shared_ptr takes longer to move and more memory to
-  // hold, and a list of 100'000 cleaners has a million of these.
+  // Reference-counted by hand: a std::variant of std::shared_ptr is slower to move and larger, and
+  // a list of 100'000 cleaners has a million of these.
   struct Shared {
     mutable std::atomic<std::uint32_t> owners = 1;
   };
@@ -149,7 +148,7 @@ class Value {
     static void operator delete(void* piece) { DenseMemory::giveBack(piece); }
     const T content;
   };
-  // The characters follow it, so that a string is one piece.
+  // The characters follow this header in the same allocation.
   struct Text final : Shared {
     explicit Text(std::uint32_t size_) : size(size_) {}
     static const Text* make(std::string_view content);
@@ -166,11 +165,11 @@ class Value {
     UID uid;
     const Shared* node;
   };
-  // Two forms in 16 bytes, which begin alike. A short string needs no node: most of the names and
-  // keys in a list are short, and each stands in many places.
+  // Two layouts in 16 bytes with a common beginning. A short string needs no node: most names and
+  // keys of a list are short and occur in many places.
   struct Wide {
     Kind kind;
-    std::uint8_t detail;  // `shared`, or whether an integer is negative
+    std::uint8_t detail;  // `shared`, or an integer's sign
     Content content;
   };
   struct Brief {
@@ -226,7 +225,7 @@ class Key {
   Value _text;
 };
 
-/// String keys with their values, in the order in which the keys first came.
+/// String keys with their values, in order of insertion.
 class Dictionary {
  public:
   using Entry = std::pair<Key, Value>;
@@ -235,20 +234,19 @@ class Dictionary {
 
   Dictionary() = default;
   Dictionary(std::initializer_list<Entry> entries);
-  /// A later entry replaces an earlier one of the same key. One pass, unlike a `set` for each:
-  /// for readers.
+  /// Made in one pass, for readers. A later entry replaces an earlier one of the same key.
   explicit Dictionary(Entries entries);
 
   /// Null when there is no such key. Valid until the dictionary is next changed.
   const Value* find(std::string_view key) const;
   bool contains(std::string_view key) const { return find(key) != nullptr; }
 
-  // The value when it is there and of that kind, else nothing.
+  // The value if the key exists and its value is of that kind, else nothing.
   std::optional<std::string_view> string(std::string_view key) const;
   const Array* array(std::string_view key) const;
   const Dictionary* dictionary(std::string_view key) const;
 
-  /// Replaces the value where the key stands already, else appends.
+  /// Replaces the value of an existing key, else appends.
   void set(std::string_view key, Value value);
   /// Makes room for that many keys.
   void reserve(std::size_t count) { _entries.reserve(count); }
@@ -260,7 +258,7 @@ class Dictionary {
   const_iterator begin() const { return _entries.begin(); }
   const_iterator end() const { return _entries.end(); }
 
-  /// The order of keys does not matter.
+  /// Ignores the order of keys.
   bool operator==(const Dictionary& other) const;
 
  private:
@@ -270,8 +268,9 @@ class Dictionary {
   bool buildIndex();
 
   Entries _entries;
-  // For more keys than a search from front to back is good for: at the key's hash or in the next
-  // free place behind it. The hash keeps a search away from the keys of others, which lie anywhere.
+  // Hash table with linear probing, for dictionaries too large for a linear search. A slot keeps
+  // the hash, so that a search does not touch the keys of other slots, which lie anywhere in
+  // memory.
   struct IndexEntry {
     std::uint32_t hash = 0;
     std::uint32_t position = 0;  // counted from 1; 0 is free

@@ -14,12 +14,12 @@ namespace qf {
 bool looksLikeXML(std::string_view text);
 
 /// Reads well-formed UTF-8 without a byte order mark. A later key replaces an equal earlier one,
-/// whole numbers may be hexadecimal, attributes are skipped; entities other than XML's own five are
-/// refused, and so is a document type with an internal subset. Errors name the line.
+/// integers may be hexadecimal, attributes are skipped. Refuses entities other than XML's own five
+/// and a document type with an internal subset. Errors name the line.
 Result<Value> readXMLPropertyList(std::string_view text, PropertyListLimits limits);
 
-/// Writes with the customary header, tabs and sorted keys. Dates lose fractions of a second. Fails
-/// for what `writePropertyList` names.
+/// Writes the standard header, tabs and sorted keys. Dates lose fractions of a second. Fails as
+/// `writePropertyList` does.
 Result<Data> writeXMLPropertyList(const Value& value);
 
 }  // namespace qf

@@ -23,7 +23,7 @@ constexpr bool isXMLCharacter(char32_t code) {
   return isUnicodeScalar(code) && code != 0xFFFE && code != 0xFFFF;
 }
 
-// Whether a character that XML forbids stands in front of well-formed UTF-8.
+// Whether well-formed UTF-8 begins with a character that XML forbids.
 constexpr bool isForbidden(std::string_view text) {
   return !isXMLCharacter(static_cast<std::uint8_t>(text.front())) ||
          text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF");
@@ -31,7 +31,7 @@ constexpr bool isForbidden(std::string_view text) {
 
 enum : std::uint8_t { endsName = 1, endsPlainText = 2 };
 
-// What a byte puts an end to. 0xEF begins the two characters beyond ASCII that XML forbids.
+// What a byte ends. 0xEF begins the two characters outside ASCII that XML forbids.
 constexpr std::array<std::uint8_t, 256> byteRoles = [] {
   std::array<std::uint8_t, 256> table{};
   for (std::size_t c = 0; c < 0x20; ++c) table[c] = endsPlainText;
@@ -46,7 +46,7 @@ constexpr bool hasRole(char c, std::uint8_t role) {
   return byteRoles[static_cast<std::uint8_t>(c)] & role;
 }
 
-// The length of the text in front that stands for itself.
+// The length of the leading plain text: no markup, no reference.
 std::size_t plainLength(std::string_view text) {
   std::size_t length = 0;
   for (; text.size() - length >= 8; length += 8) {
@@ -132,7 +132,7 @@ class XMLReader : private TextScanner {
     return root;
   }
 
-  // XML forbids some characters everywhere; here, in what is not read as text.
+  // Checks for characters that XML forbids in the parts that are not read as text.
   bool checkSkipped(std::size_t start) {
     const std::size_t end = _at;
     for (_at = start; _at < end; ++_at) {
@@ -176,7 +176,7 @@ class XMLReader : private TextScanner {
     return false;
   }
 
-  // The bytes have been decoded by what they are. A declaration of another encoding contradicts
+  // The encoding was found from the bytes themselves; a declaration of another one contradicts
   // them.
   bool checkDeclaration() {
     const std::string_view declaration = rest().substr(0, rest().find("?>"));
@@ -218,7 +218,7 @@ class XMLReader : private TextScanner {
 
   std::optional<Tag> startTag() {
     if (peek() != '<') return fail(atEnd() ? "the text ends too early" : "expected an element");
-    if (accept("<string>")) return Tag{"string", false};  // those that come most
+    if (accept("<string>")) return Tag{"string", false};  // the most frequent
     if (accept("<key>")) return Tag{"key", false};
     if (accept("<dict>")) return Tag{"dict", false};
     const std::string_view text = rest().substr(1);
@@ -352,7 +352,7 @@ class XMLReader : private TextScanner {
     return Value(std::move(entries));
   }
 
-  // The characters up to the end tag, which is read too. Valid until the next call.
+  // The characters up to the end tag, which is consumed. Valid until the next call.
   std::optional<std::string_view> content(const Tag& tag) {
     if (tag.isEmpty) return std::string_view();
     const std::string_view text = rest();
@@ -440,7 +440,7 @@ class XMLReader : private TextScanner {
   }
 
   std::string _content;
-  // The parts, so far, of all the containers that are being read.
+  // The elements, so far, of all containers being read.
   Array _items;
   std::vector<Dictionary::Entry> _entries;
 };

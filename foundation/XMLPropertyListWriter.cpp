@@ -25,7 +25,7 @@ constexpr std::string_view header =
 
 enum class Escape : std::uint8_t { none, entity, forbidden, wide };
 
-// What a byte of text needs; `wide` begins or continues a character beyond ASCII.
+// How a byte of text is written; `wide` bytes belong to characters outside ASCII.
 constexpr std::array<Escape, 256> escapes = [] {
   std::array<Escape, 256> table{};
   for (std::size_t c = 0; c < 0x20; ++c) table[c] = Escape::forbidden;
@@ -98,7 +98,7 @@ class XMLWriter {
     static constexpr char tabs[] = "\t\t\t\t\t\t\t\t";
     std::uint8_t* to = _output.reserve(depth + 8);
     if (depth > 8) std::memset(to + 8, '\t', depth - 8);
-    std::memcpy(to, tabs, 8);  // more than is kept, mostly: one store
+    std::memcpy(to, tabs, 8);  // one store; usually more than is kept
     _output.advanceTo(to + depth);
   }
 
@@ -132,7 +132,7 @@ class XMLWriter {
   }
 
   bool escaped(std::string_view text) {
-    bool isChecked = false;  // as UTF-8
+    bool isChecked = false;  // whether it is known to be UTF-8
     for (;;) {
       text.remove_prefix(putPlain(text));
       if (text.empty()) return true;
@@ -155,7 +155,7 @@ class XMLWriter {
     }
   }
 
-  // Puts what needs no escape in front of the text; how much that was.
+  // Writes the leading part of the text that needs no escape; returns its length.
   std::size_t putPlain(std::string_view text) {
     std::uint8_t* const start = _output.reserve(text.size());
     std::uint8_t* to = start;
@@ -223,7 +223,7 @@ class XMLWriter {
 
   ByteSink _output;
   std::string _problem;
-  std::vector<const Dictionary::Entry*> _sorted;  // of all the dictionaries that are being written
+  std::vector<const Dictionary::Entry*> _sorted;  // the entries of all dictionaries being written
   std::size_t _nodes = 0;
   char _digits[32];
 };

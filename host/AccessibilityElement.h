@@ -24,19 +24,18 @@ using AccessibilityValue = std::variant<Point, Size, Rect, Range, bool, Accessib
 
 /// One element of another application's user interface. Main thread.
 ///
-/// Every application is shown in one shape: an "AXApplication" has an "AXMenuBar" whose children
-/// are menu bar items, each of these has one menu, and that has items, an item with a submenu
-/// having it as its child. Two entries stand before the application's own first menu, and the host
-/// may add a menu at the end whose items do what no menu of the application offers. The tree is
-/// finite and has no cycles. An item's "AXMenuItemCmdChar" is the one upper-case character of its
-/// key equivalent, its "AXMenuItemCmdModifiers" a number: 0 for the primary key alone, plus 1 for
-/// Shift, 2 for Option, 4 for Control, 8 without the primary key.
+/// Every application is presented in one shape: an "AXApplication" has an "AXMenuBar" with menu bar
+/// items; each of these has one menu with items; a submenu is the child of its item. Two entries
+/// precede the application's own first menu, and the host may add a menu at the end with commands
+/// that the application's menus lack. The tree is finite and has no cycles. An item's
+/// "AXMenuItemCmdChar" is the one upper-case character of its key equivalent, its
+/// "AXMenuItemCmdModifiers" a number: 0 for the primary key alone, plus 1 for Shift, 2 for Option,
+/// 4 for Control, 8 without the primary key.
 ///
-/// One call waits for the application at most 1 s, and 5 s while it carries out what was pressed:
-/// long texts take their time. All calls of one road together wait at most 15 s. An application
-/// that did not answer counts as not there from then on for every element of the same road
-/// (everything reached from one application element): nothing is read from it and nothing is sent
-/// to it, since a late press would still run.
+/// One call waits for the application at most 1 s, a press 5 s, since long texts take time. All
+/// calls of one request together (everything reached from one application element) wait at most
+/// 15 s. An application that did not answer counts as absent for the rest of the request: nothing
+/// is read from it and nothing is sent to it, since a late press would still run.
 class AccessibilityElement {
  public:
   virtual ~AccessibilityElement() = default;
@@ -49,10 +48,9 @@ class AccessibilityElement {
   virtual bool setAttributeValue(std::string_view attribute, const AccessibilityValue& value) = 0;
   virtual std::vector<std::string> attributeNames() const = 0;
 
-  /// "AXPress" of a menu item waits at most 1 s for the item to become sensitive, acts, and returns
-  /// when the application has acted: once its change of the clipboard is seen, or after 250 ms (of
-  /// Copy, after 1 s). Where Copy changed nothing, Paste fails on the rest of that
-  /// road: it would put an old clipboard in the place of the text.
+  /// "AXPress" of a menu item waits at most 1 s for the item to become sensitive, presses it, and
+  /// returns once the clipboard changed, or after 250 ms (Copy: 1 s). After a Copy that changed
+  /// nothing, Paste fails for the rest of the request: it would replace the text by old contents.
   virtual bool performAction(std::string_view action) = 0;
 
   /// Nothing when the process has ended.
@@ -63,13 +61,12 @@ class AccessibilityElement {
 class Accessibility {
  public:
   virtual ~Accessibility() = default;
-  /// Also tells, until something is pressed again, why the application that was tried last cannot
-  /// be reached.
+  /// Unavailable also when the last application could not be reached, until the next press.
   virtual Availability availability() const = 0;
 
   virtual AccessibilityElementRef systemWideElement() = 0;
-  /// Begins a new road. Its "AXFocusedUIElement" is the focused element, or the window that has the
-  /// input where the focus is not known.
+  /// Begins a new request. Its "AXFocusedUIElement" is the focused element or, where the focus is
+  /// unknown, the active window.
   virtual AccessibilityElementRef applicationElement(std::int32_t processIdentifier) = 0;
   /// Whether this process may use the interface at all; `prompt` asks the user to allow it.
   virtual bool isProcessTrusted(bool prompt) = 0;

@@ -6,7 +6,7 @@
 
 namespace qf {
 
-/// A short message that the person has to put away before going on. Main thread.
+/// A short modal message. Main thread.
 class Alert {
  public:
   struct Message {
@@ -16,8 +16,8 @@ class Alert {
   };
 
   virtual ~Alert() = default;
-  /// Shows the message in the critical style, modal for the whole process, and returns at once;
-  /// `closed` runs from the run loop after the person has put it away.
+  /// Shows the message in the critical style, modal for the whole process, and returns at once.
+  /// `closed` runs from the run loop after the person has closed it.
   virtual void runCritical(const Message& message, std::function<void()> closed) = 0;
 };
 

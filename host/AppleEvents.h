@@ -19,7 +19,7 @@ constexpr FourCharCode fourCharCode(const char (&text)[5]) {
   return code;
 }
 
-/// Where an event goes: a descriptor type and its bytes.
+/// The address of an event: a descriptor type and its bytes.
 struct AppleEventTarget {
   FourCharCode descriptorType = fourCharCode("kpid");
   std::int32_t processIdentifier = 0;
@@ -47,7 +47,7 @@ enum class AppleEventStatus : std::int32_t {
 /// Carries command events between processes of one user. Main thread.
 class AppleEvents {
  public:
-  /// Takes the event's "data" bytes; answers the reply's, or nothing for a reply without them.
+  /// Takes the event's "data" bytes; returns the reply's, or nothing for a reply without data.
   using EventHandler = std::function<std::optional<Data>(const Data& data)>;
 
   /// What `sendMessage` takes for the system's own time-out, 60 seconds.

@@ -3,14 +3,14 @@
 
 namespace qf {
 
-/// Told of the application's life by the run loop.
+/// Receives the events of the application's life cycle from the run loop.
 class ApplicationDelegate {
  public:
   virtual ~ApplicationDelegate() = default;
   virtual void applicationWillFinishLaunching() = 0;
   virtual void applicationDidFinishLaunching() = 0;
   virtual void applicationWillTerminate() = 0;
-  /// The person started the program once more, and this process goes on instead.
+  /// The person started the program again; this process continues in the place of the new one.
   virtual void applicationDidReopen() = 0;
 };
 
@@ -18,9 +18,9 @@ class ApplicationDelegate {
 class Application {
  public:
   virtual ~Application() = default;
-  /// Runs the main loop until `terminate`; answers the process's exit code.
+  /// Runs the main loop until `terminate`; returns the process's exit code.
   virtual int run(ApplicationDelegate& delegate) = 0;
-  /// Ends the run loop once the present event is handled.
+  /// Ends the run loop after the current event.
   virtual void terminate() = 0;
 };
 

@@ -15,11 +15,11 @@ class Bundle {
  public:
   virtual ~Bundle() = default;
 
-  /// Where the resource lies, or nothing when there is none of that name.
+  /// The resource's path, or nothing for an unknown name.
   virtual std::optional<std::filesystem::path> resource(std::string_view name,
                                                         std::string_view extension) const = 0;
 
-  /// The image of that name, in whichever image format the resources hold it.
+  /// The image of that name, in any image format.
   virtual std::optional<Image> imageNamed(std::string_view name) const = 0;
 
   /// The text for the key in the user's language, from the default string table; the key itself

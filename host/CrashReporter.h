@@ -7,9 +7,9 @@ namespace qf {
 class CrashReporter {
  public:
   virtual ~CrashReporter() = default;
-  /// From now on a crash (a fatal signal or an exception that nobody catches) writes a readable
-  /// file with version, signal and back trace into the user's state folder before the process ends
-  /// as it would have. Nothing leaves the machine.
+  /// From now on a crash (a fatal signal or an uncaught exception) writes a readable file with
+  /// version, signal and back trace into the user's state folder; then the process ends as usual.
+  /// Nothing leaves the machine.
   virtual void start() = 0;
 };
 

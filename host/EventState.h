@@ -7,7 +7,7 @@
 
 namespace qf {
 
-/// Keys that modify others, as bits of the platform's event layout.
+/// Modifier keys, as bits of the platform's event layout.
 namespace modifier {
 inline constexpr std::uint64_t shift = 0x20000;
 inline constexpr std::uint64_t control = 0x40000;
@@ -16,7 +16,7 @@ inline constexpr std::uint64_t command = 0x100000;
 inline constexpr std::uint64_t all = shift | control | option | command;
 }  // namespace modifier
 
-/// The state of keyboard and mouse at the moment of the call, not of any event. Main thread.
+/// The current state of keyboard and mouse, not that of an event. Main thread.
 class EventState {
  public:
   virtual ~EventState() = default;

@@ -28,8 +28,8 @@ class FileManager {
   /// larger than 256 MiB).
   virtual std::optional<Data> contents(const std::filesystem::path& path) const = 0;
 
-  /// Replaces the file's contents; best as a whole, so that nobody reads a part and a failure keeps
-  /// the old ones.
+  /// Replaces the file's contents, atomically where possible: readers see the old or the new
+  /// contents, and a failure keeps the old.
   virtual std::optional<Error> write(const std::filesystem::path& path,
                                      std::span<const std::uint8_t> data) = 0;
 };

@@ -18,14 +18,14 @@ inline constexpr std::uint32_t option = 0x800;
 inline constexpr std::uint32_t control = 0x1000;
 }  // namespace hotKeyModifier
 
-/// By what a registration's owner knows it again.
+/// Identifies a registration to its owner.
 struct HotKeyID {
   FourCharCode signature = 0;
   std::uint32_t id = 0;
   bool operator==(const HotKeyID&) const = default;
 };
 
-/// What reaches an event handler.
+/// The event that a handler receives.
 struct HotKeyEvent {
   static constexpr FourCharCode keyboardClass = fourCharCode("keyb");
   static constexpr std::uint32_t pressed = 5;
@@ -42,33 +42,33 @@ enum class HotKeyStatus : std::int32_t {
       -9879,  ///< no key of this keyboard, or there is no keyboard to register with
 };
 
-/// Key combinations that reach this process whichever application has the input. Main thread; no
-/// call blocks longer than 1 s.
+/// Key combinations that reach this process whichever application is active. Main thread; no call
+/// blocks longer than 1 s.
 class HotKeys {
  public:
-  /// Names a registration; 0 for none.
+  /// Identifies a registration; 0 for none.
   using Ref = std::uint64_t;
   using Handler = std::function<void(const HotKeyEvent& event)>;
 
   virtual ~HotKeys() = default;
-  /// Unavailable with what was refused since `forgetRefusals` and why, each combination by name.
+  /// Unavailable when combinations were refused since `forgetRefusals`; names each and the reason.
   virtual Availability availability() const = 0;
-  /// Of one combination: the reason where it was refused.
+  /// Of one combination: unavailable, with the reason, where it was refused.
   virtual Availability availability(std::uint32_t keyCode, std::uint32_t modifiers) const = 0;
 
   /// Key code as in the menu settings (a place on the keyboard), modifiers as above. The
-  /// combination works with any lock keys on, and once each time it is pressed however long it is
-  /// held; the application that has the input keeps it. Of equal combinations of this process the
-  /// one registered last is delivered. A registration made in the same turn of the run loop in
-  /// which an equal one was dropped misses no press. Registrations end with the process.
+  /// combination works with any lock keys on, once per press however long it is held; the active
+  /// application keeps the input. Of equal combinations of this process the last registered is
+  /// delivered. Dropping a registration and making an equal one in the same turn of the run loop
+  /// loses no press. Registrations end with the process.
   virtual HotKeyStatus registerEventHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
                                            HotKeyID id, Ref& ref) = 0;
   virtual void unregisterEventHotKey(Ref ref) = 0;
-  /// Whoever was refused does not want it any more.
+  /// Clears the recorded refusals.
   virtual void forgetRefusals() = 0;
 
-  /// The handler runs from the run loop, for each press, and each handler for every press of this
-  /// process's combinations. Nothing where hot keys cannot be delivered at all.
+  /// Every handler runs, from the run loop, for each press of any of this process's combinations.
+  /// Nothing where hot keys cannot be delivered at all.
   virtual std::optional<std::uint64_t> installEventHandler(Handler handler) = 0;
   virtual void removeEventHandler(std::uint64_t handler) = 0;
 };

@@ -10,7 +10,7 @@ namespace qf {
 struct Image {
   std::string name;
   std::filesystem::path path;
-  /// A template is drawn in one colour, the one its surroundings ask for; only its shape counts.
+  /// A template is drawn in the colour of its surroundings; only its shape counts.
   bool isTemplate = false;
 
   bool operator==(const Image&) const = default;

@@ -5,7 +5,7 @@
 
 namespace qf {
 
-/// What the main thread has still to do.
+/// Queue of work for the main thread.
 class MainQueue {
  public:
   virtual ~MainQueue() = default;

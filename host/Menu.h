@@ -20,14 +20,14 @@ class MenuItem;
 /// The operation that an item runs on its target, by its selector ("applyItem:"); empty for none.
 using Selector = std::string;
 
-/// A typeface and its size in points; an empty family stands for the host's own menu typeface.
+/// A typeface and its size in points; an empty family is the host's menu typeface.
 struct Font {
   std::string family;
   double pointSize = 0;
   bool operator==(const Font&) const = default;
 };
 
-/// A title with looks of its own. What is absent is drawn the host's way.
+/// A styled title. An absent attribute uses the host's default.
 struct AttributedTitle {
   std::string text;
   std::optional<Color> foregroundColor;
@@ -35,17 +35,17 @@ struct AttributedTitle {
   bool operator==(const AttributedTitle&) const = default;
 };
 
-/// What items act on. Outlives the items that point at it.
+/// The object that items act on. It outlives them.
 class MenuTarget {
  public:
   virtual ~MenuTarget() = default;
   virtual void performAction(const Selector& action, MenuItem& sender) = 0;
-  /// Asked for each item with an action, just before it is shown; may change title and state.
-  /// Answers whether the item is enabled.
+  /// Called for each item with an action just before it is shown. Returns whether the item is
+  /// enabled; may change its title and state.
   virtual bool validateMenuItem(MenuItem& item) = 0;
 };
 
-/// Asked by the host about a menu that opens.
+/// Called by the host when a menu opens.
 class MenuDelegate {
  public:
   virtual ~MenuDelegate() = default;
@@ -107,15 +107,15 @@ class Menu {
 
   std::string title;
   Font font;
-  MenuDelegate* delegate = nullptr;  ///< not owned; clears itself out before it goes
+  MenuDelegate* delegate = nullptr;  ///< not owned; resets this before it is destroyed
 
  private:
   mutable std::vector<MenuItemRef> _items;
   mutable ItemsMaker _makeItems;
 };
 
-/// What the host asks before it draws an item: validates it where it has an action and a target,
-/// and answers whether it is enabled.
+/// Validates an item that has an action and a target, before it is drawn. Returns whether it is
+/// enabled.
 bool updateAndValidate(MenuItem& item);
 
 }  // namespace qf

@@ -17,13 +17,13 @@ struct PaletteCell {
   AttributedTitle title;
 };
 
-/// Asked by the table for the rows that it shows, and for no others. Rows count from 0 to
-/// `numberOfRows` - 1 and stay the same until `reloadData`. No answer blocks.
+/// The table asks it for visible rows only. Rows are numbered from 0 to `numberOfRows` - 1 and stay
+/// the same until `reloadData`. No call blocks.
 class PaletteTableSource {
  public:
   virtual ~PaletteTableSource() = default;
   virtual std::size_t numberOfRows() const = 0;
-  /// What the row stands for, as a screen reader says it.
+  /// The row's name for a screen reader.
   virtual std::string objectValueForRow(std::size_t row) const = 0;
   virtual PaletteCell cellForRow(std::size_t row) const = 0;
   /// In the unit of the table's `rowHeight`.
@@ -32,15 +32,15 @@ class PaletteTableSource {
   virtual bool shouldSelectRow(std::size_t row) const = 0;
 };
 
-/// Told of what the person does in the palette's window.
+/// Receives the person's actions in the palette's window.
 class PaletteWindowDelegate : public PaletteTableSource {
  public:
-  /// A row's button was clicked, or Return pressed on it: it is the table's selected row, unless it
-  /// may not be selected. May block for long and may take the keyboard from the window.
+  /// A row's button was clicked, or Return pressed on it. The row is the table's selection, unless
+  /// it cannot be selected. May block for long and may take the keyboard from the window.
   virtual void apply() = 0;
   virtual void editGroup() = 0;
   virtual void controlTextDidChange() = 0;
-  /// Neither need come at once: a window that is dragged may tell at the end.
+  /// Both may come late: a dragged window may report at the end.
   virtual void windowDidMove() = 0;
   virtual void windowDidResize() = 0;
 };
@@ -48,20 +48,20 @@ class PaletteWindowDelegate : public PaletteTableSource {
 class PalettePopUpButton {
  public:
   virtual ~PalettePopUpButton() = default;
-  /// A pull-down's first item is its title and is not among those to choose from.
+  /// A pull-down's first item is its title, which cannot be chosen.
   virtual bool pullsDown() const = 0;
   /// Its items are drawn, and validated, each time it opens; a pick acts from the run loop.
   virtual Menu& menu() = 0;
   virtual void setTitle(const std::string& title) = 0;
 };
 
-/// A table of one column, as wide as the table, on the window's own ground. Rows are not edited.
+/// A table of one column on the window's background. Rows cannot be edited.
 class PaletteTableView {
  public:
   virtual ~PaletteTableView() = default;
   /// In device-independent pixels.
   virtual double rowHeight() const = 0;
-  /// What lies between two cells; where it is negative, they overlap by as much.
+  /// The space between two cells; negative to overlap them.
   virtual void setIntercellSpacing(Size spacing) = 0;
   virtual void reloadData() = 0;
   virtual std::optional<std::size_t> selectedRow() const = 0;
@@ -72,14 +72,14 @@ class PaletteSearchField {
  public:
   virtual ~PaletteSearchField() = default;
   virtual std::string stringValue() const = 0;
-  /// The delegate is not told.
+  /// Does not inform the delegate.
   virtual void setStringValue(const std::string& text) = 0;
 };
 
 /// A panel that floats above ordinary windows on every workspace, stays there while other
-/// applications are active, is in no list of windows, and has no buttons in its title bar. It
-/// neither appears nor is clicked with the keyboard going to it: that goes to it when the person
-/// puts it there, for the search field, or wants it so on appearing. Main thread.
+/// applications are active, is in no list of windows, and has no buttons in its title bar. Showing
+/// or clicking it leaves the keyboard where it is, except for a click into the search field, or
+/// when the person set it to take the keyboard on appearing. Main thread.
 class PaletteWindow {
  public:
   virtual ~PaletteWindow() = default;
@@ -87,13 +87,13 @@ class PaletteWindow {
   /// Shows it above the others, without making this application active.
   virtual void orderFront() = 0;
   virtual void orderOut() = 0;
-  /// Hands the keyboard back to the window that had it before; nothing where this window does not
-  /// have it. Returns when that is done, at most 250 ms later.
+  /// Returns the keyboard to the window that had it before; does nothing where this window does not
+  /// have it. Waits until that is done, at most 250 ms.
   virtual void resignKeyWindow() = 0;
 
-  /// The place and size that the person gave the window, in the host's own writing.
+  /// The position and size that the person gave the window, as a text of the host's own format.
   virtual std::string stringWithSavedFrame() const = 0;
-  /// Wherever that frame lies, the window appears in view. A text that is none changes nothing.
+  /// The window is always placed on a visible screen. A malformed text changes nothing.
   virtual void setFrameFromString(const std::string& frame) = 0;
 
   virtual PalettePopUpButton& namePopup() = 0;
@@ -106,7 +106,7 @@ class PaletteWindow {
 class PaletteWindows {
  public:
   virtual ~PaletteWindows() = default;
-  /// Made hidden; asks and tells the delegate, which outlives it.
+  /// Makes a hidden window. The delegate outlives it.
   virtual std::unique_ptr<PaletteWindow> makeWindow(PaletteWindowDelegate& delegate) = 0;
 };
 

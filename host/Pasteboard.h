@@ -13,13 +13,13 @@
 
 namespace qf {
 
-/// The pasteboard behind Copy and Paste, by the name that travels in commands.
+/// The name, in commands, of the pasteboard behind Copy and Paste.
 inline constexpr std::string_view NSGeneralPboard = "NSGeneralPboard";
 
 /// The type of plain text in UTF-8.
 inline constexpr std::string_view pasteboardTypeString = "text/plain;charset=utf-8";
 
-/// One thing on a pasteboard, in each of the forms it is offered in, best first.
+/// One item on a pasteboard with all its representations, best first.
 struct PasteboardItem {
   std::vector<std::pair<std::string, Data>> representations;
   bool operator==(const PasteboardItem&) const = default;

@@ -14,7 +14,7 @@
 
 namespace qf {
 
-/// The looks that a recorder can have.
+/// How a recorder looks.
 enum class RecorderStyle : std::int32_t {
   roundRect = 0,
   texturedRounded = 1,
@@ -22,7 +22,7 @@ enum class RecorderStyle : std::int32_t {
   flat = 3
 };
 
-/// A button to draw, of the kind that stays down while it is on. Later ones lie over earlier ones.
+/// A toggle button to draw. Later ones are drawn over earlier ones.
 struct RecorderCell {
   enum class Alignment : std::uint8_t { right = 1, center = 2 };
 
@@ -30,13 +30,13 @@ struct RecorderCell {
   Alignment alignment = Alignment::center;
   bool isOn = false;
   bool isEnabled = true;
-  RecorderStyle style = RecorderStyle::roundRect;  ///< flat: without border and ground
+  RecorderStyle style = RecorderStyle::roundRect;  ///< flat: no border and no background
   double fontSize = 0;                             ///< in points
-  Rect frame;                                      ///< in the view
+  Rect frame;                                      ///< in the view's coordinates
   bool operator==(const RecorderCell&) const = default;
 };
 
-/// What a screen reader is told of a recorder, which is a button to it.
+/// What a screen reader learns about a recorder, which it sees as a button.
 class RecorderAccessibility {
  public:
   virtual ~RecorderAccessibility() = default;
@@ -48,7 +48,7 @@ class RecorderAccessibility {
   virtual bool accessibilityPerformPress() = 0;
 };
 
-/// Asked and told by the view. Places are in the view, its origin at the top left.
+/// The view asks and informs it. Coordinates are the view's, from its top left.
 class RecorderViewDelegate : public RecorderAccessibility {
  public:
   virtual std::vector<RecorderCell> drawRect() const = 0;
@@ -56,39 +56,39 @@ class RecorderViewDelegate : public RecorderAccessibility {
   virtual bool acceptsFirstResponder() const = 0;
   /// False to have the press treated as the platform does.
   virtual bool mouseDown(Point location) = 0;
-  // Of the tracking area.
+  // Events of the tracking area.
   virtual void mouseEntered() = 0;
   virtual void mouseExited() = 0;
-  /// Of the tool tip by its place in the list that was set.
+  /// The text of the tool tip with that index in the list that was set.
   virtual std::optional<std::string> stringForToolTip(std::size_t tag) const = 0;
   virtual void boundsDidChange() = 0;
 };
 
-/// The place in a window where a recorder is seen and used. Main thread.
+/// The visible part of a recorder in a window. Main thread.
 class RecorderView {
  public:
-  /// True consumes the event, false lets it go on its way.
+  /// True consumes the event, false passes it on.
   using EventMonitor = std::function<bool(const KeyEvent& event)>;
 
   virtual ~RecorderView() = default;
 
-  /// Null for none; the delegate goes before the view.
+  /// Null for none. The view outlives its delegate.
   virtual void setDelegate(RecorderViewDelegate* delegate) = 0;
   virtual Rect bounds() const = 0;
-  /// Anything the delegate answers may be another now.
+  /// All answers of the delegate may have changed.
   virtual void setNeedsDisplay() = 0;
-  /// Entering and leaving it is told whether or not the window is active. The mouse is taken to be
-  /// inside at first.
+  /// Entering and leaving are reported whether or not the window is active. At first the mouse is
+  /// taken to be inside.
   virtual void setTrackingArea(std::optional<Rect> area) = 0;
   virtual void setToolTips(std::vector<Rect> areas) = 0;
 
-  /// Hears, from the run loop, each press of a key or modifier, and each release of a modifier,
-  /// that reaches this process, before anything else does. Until it is set to an empty function,
-  /// the view's window holds the keyboard, so that combinations which other programs answer to
-  /// come here; it lets go of it, too, once the view cannot be seen. The desktop's own
-  /// combinations for closing a window and quitting are presented as Command-W and Command-Q.
+  /// The monitor sees, from the run loop and before anything else, each press of a key or modifier
+  /// and each release of a modifier that reaches this process. Until the monitor is set to an empty
+  /// function or the view becomes invisible, the view's window grabs the keyboard, so that
+  /// combinations of other programs arrive here. The desktop's combinations for closing a window
+  /// and quitting arrive as Command-W and Command-Q.
   virtual void setEventMonitor(EventMonitor monitor) = 0;
-  /// Runs once the view's window has lost the keyboard to another, or the view is hidden.
+  /// Runs when the view's window has lost the keyboard to another window, or the view is hidden.
   virtual void setResignKeyObserver(std::function<void()> observer) = 0;
 
   /// Has a screen reader say the text; the priority is the platform's (90 is high).

@@ -8,8 +8,8 @@ namespace qf {
 
 class Pasteboard;
 
-/// What other applications may ask this one to do with the data on a pasteboard; it is null where
-/// they named one that is not there. A message may put an error text there for the one who asked.
+/// Operations that other applications may request for the data on a pasteboard, which is null when
+/// they named an unknown one. A message may set an error text for the caller.
 class ServicesProvider {
  public:
   virtual ~ServicesProvider() = default;
@@ -23,7 +23,7 @@ class ServicesProvider {
 class ServicesMenu {
  public:
   virtual ~ServicesMenu() = default;
-  /// Offers the provider's messages from now on; it outlives this, or is replaced by null.
+  /// Offers the provider's messages from now on. The provider outlives this, or null replaces it.
   virtual void setServicesProvider(ServicesProvider* provider) = 0;
 };
 

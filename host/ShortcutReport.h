@@ -8,13 +8,13 @@
 
 namespace qf {
 
-/// What has become of a shortcut of the settings.
+/// The state of a shortcut of the settings.
 struct ShortcutStatus {
   enum class State : std::uint8_t {
     active,
     unset,      ///< it has no keys
-    invalid,    ///< its keys are in the way of typing
-    duplicate,  ///< a later shortcut has the same keys, which do what that one says
+    invalid,    ///< its keys are needed for typing
+    duplicate,  ///< a later shortcut has the same keys and takes precedence
     refused,    ///< its keys do nothing, for the reason given
   };
   State state = State::active;
@@ -25,7 +25,7 @@ struct ShortcutStatus {
 /// Lets other programs ask which shortcuts work. Main thread.
 class ShortcutReport {
  public:
-  /// By the keys under which the settings hold the shortcuts.
+  /// By the shortcuts' keys in the settings.
   using Source = std::function<std::map<std::string, ShortcutStatus>()>;
 
   virtual ~ShortcutReport() = default;

@@ -10,7 +10,7 @@
 
 namespace qf {
 
-/// The clickable face of a status item.
+/// The button of a status item.
 class StatusItemButton {
  public:
   virtual ~StatusItemButton() = default;
@@ -19,14 +19,14 @@ class StatusItemButton {
   virtual void setEnabled(bool enabled) = 0;
 };
 
-/// An item of the desktop's status area (tray). It goes when it is destroyed. Main thread.
+/// An icon in the desktop's status area (tray), removed on destruction. Main thread.
 class StatusItem {
  public:
   virtual ~StatusItem() = default;
   virtual StatusItemButton& button() = 0;
-  /// Sets the same visible image as the button's operation.
+  /// Sets the button's image.
   virtual void setImage(std::optional<Image> image) = 0;
-  /// The menu opens on a click, its delegate being asked first. It must outlive the item.
+  /// A click opens the menu, after a call of its delegate. The menu outlives the item.
   virtual void setMenu(Menu* menu) = 0;
 };
 
@@ -37,7 +37,7 @@ class StatusBar {
 
   virtual ~StatusBar() = default;
   virtual Availability availability() const = 0;
-  /// Made even while the desktop has no status area; it shows once there is one.
+  /// Works without a status area, too: the item appears once there is one.
   virtual std::unique_ptr<StatusItem> statusItemWithLength(double length) = 0;
 };
 

@@ -9,7 +9,7 @@
 
 namespace qf {
 
-/// A combination that the desktop itself answers to.
+/// A combination that the desktop itself uses.
 struct SymbolicHotKey {
   std::uint32_t code = 0;       ///< key code, as in the menu settings
   std::uint32_t modifiers = 0;  ///< as host/HotKeys.h lays them out
@@ -22,7 +22,7 @@ class SymbolicHotKeys {
  public:
   virtual ~SymbolicHotKeys() = default;
   virtual Availability availability() const = 0;
-  /// The list of the moment, within 1 s; nothing where no desktop publishes one.
+  /// The current list, within 1 s; nothing where the desktop publishes none.
   virtual std::optional<std::vector<SymbolicHotKey>> copySymbolicHotKeys() const = 0;
 };
 

@@ -41,8 +41,8 @@ class Workspace {
   virtual ~Workspace() = default;
   virtual Availability availability() const = 0;
 
-  /// The application whose window has the user's input; nothing when that cannot be told. Panels,
-  /// desktop icons and windows of no application never count.
+  /// The application of the active window; nothing when it is unknown. Panels, desktop icons and
+  /// windows of no application never count.
   virtual std::optional<RunningApplication> frontmostApplication() const = 0;
   virtual std::int32_t currentProcessIdentifier() const = 0;
   virtual std::optional<RunningApplication> runningApplication(

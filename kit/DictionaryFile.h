@@ -10,8 +10,8 @@ namespace qf {
 
 class FileManager;
 
-/// The dictionary that a property-list file holds. Nothing, and no word about it, when there is no
-/// path, the file cannot be read, is not a property list or holds something else.
+/// The dictionary of a property-list file. Nothing, without a log line, for an empty path, a file
+/// that cannot be read, is no property list, or has another root.
 std::optional<Dictionary> dictionaryWithContentsOfURL(
     const FileManager& fileManager, const std::optional<std::filesystem::path>& url);
 

@@ -6,7 +6,7 @@
 
 namespace qf {
 
-/// The file's URL, as log lines name files: "file://" and the path, percent-encoded (RFC 8089).
+/// The file's URL for log lines: "file://" and the path, percent-encoded (RFC 8089).
 std::string fileURLString(const std::filesystem::path& path);
 
 }  // namespace qf

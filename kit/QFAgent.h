@@ -13,7 +13,7 @@ class QFAgent : public QFKClientRemote {
   static QFKClientBase& sharedClient() { return sharedClientOfClass<QFAgent>(); }
   using QFKClientRemote::QFKClientRemote;
 
-  /// Leaves out the option whose key is empty.
+  /// Omits an option with an empty key.
   void cleanFiles(std::optional<Value> files, std::optional<Value> options) override;
   void cleanFile(const std::filesystem::path& file, std::optional<Value> options);
 };

@@ -182,7 +182,7 @@ void QFKAEConnector::launchRemoteAppWithUI() {
     _distributedNotificationCenter.post(SharedGroupsDataChangedNotification);
     options.flags |= LaunchOptions::newInstance;
   }
-  // Without a location the launch fails, and says so.
+  // With an empty path the launch fails and logs why.
   const auto url = _workspace.URLForApplicationWithBundleIdentifier(bundleIdentifier);
   logFailedLaunch(
       _workspace.launchApplicationAtURL(url.value_or(std::filesystem::path()), options));

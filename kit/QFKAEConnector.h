@@ -15,9 +15,9 @@ class DistributedNotificationCenter;
 class QFKAEConnectorDelegate;
 class Workspace;
 
-/// The channel for commands between two programs: sends to the remote program, starting it when it
-/// does not run, and hands what comes in to the delegate. Either program can stand at either end.
-/// docs/protocol.md has the messages. Every failure is a log line and an empty result. Main thread.
+/// The channel for commands between two programs: sends commands to the remote program, starting it
+/// if need be, and hands incoming ones to the delegate. docs/protocol.md describes the messages.
+/// Every failure is a log line and an empty result. Main thread.
 class QFKAEConnector {
  public:
   /// All must outlive the connector.
@@ -26,10 +26,10 @@ class QFKAEConnector {
   QFKAEConnector(const QFKAEConnector&) = delete;
   QFKAEConnector& operator=(const QFKAEConnector&) = delete;
 
-  /// Not owned: it outlives the connector, or is taken out before it goes.
+  /// Not owned: it outlives the connector, or is reset before it is destroyed.
   void setDelegate(QFKAEConnectorDelegate* delegate) { _delegate = delegate; }
 
-  // The delegate's answers, asked for each time; empty and false without one.
+  // Ask the delegate each time; empty and false without a delegate.
   std::string remoteAppBundleIdentifier() const;
   bool remoteAppHasAgentMode() const;
   bool receivesCommands() const;
@@ -44,9 +44,9 @@ class QFKAEConnector {
                                               std::optional<Value> param1,
                                               std::optional<Value> param2);
 
-  /// Starts the remote program if need be, sends, and answers its answer. Blocks until that is
-  /// there or the system's time-out has passed; without `waitForReply` only until the event is
-  /// handed over.
+  /// Starts the remote program if need be, sends the command and returns the answer. Blocks until
+  /// the answer is there or the system's time-out has passed; without `waitForReply` only until the
+  /// event is handed over.
   std::optional<Value> sendRemoteCommand(std::string_view command,
                                          std::optional<Value> param1 = std::nullopt,
                                          std::optional<Value> param2 = std::nullopt,
@@ -68,7 +68,7 @@ class QFKAEConnector {
   Workspace& _workspace;
   DistributedNotificationCenter& _distributedNotificationCenter;
   QFKAEConnectorDelegate* _delegate = nullptr;
-  // Handlers are never removed; by this they learn that their connector is gone.
+  // Handlers are never removed; this tells them that their connector is gone.
   std::shared_ptr<QFKAEConnector*> _self = std::make_shared<QFKAEConnector*>(this);
 };
 

@@ -9,7 +9,7 @@
 
 namespace qf {
 
-/// What the connector asks of the process that it serves. Main thread.
+/// What the connector needs of its process. Main thread.
 class QFKAEConnectorDelegate {
  public:
   virtual ~QFKAEConnectorDelegate() = default;
@@ -21,7 +21,8 @@ class QFKAEConnectorDelegate {
   /// Whether this process takes command events.
   virtual bool receivesCommands() const = 0;
 
-  /// Carries out a command that came in and answers its result; what the sender left out is empty.
+  /// Executes an incoming command and returns its result. Parameters that the sender left out are
+  /// empty.
   virtual std::optional<Value> processReceivedCommand(std::optional<std::string_view> command,
                                                       std::optional<Value> param1,
                                                       std::optional<Value> param2) = 0;

@@ -89,7 +89,7 @@ Dictionary QFKClientBase::defaultQFMenuSettings() const {
   return {{"menuIconID", 0}, {"menuStyle", 0}};
 }
 
-// News is passed on once the new data are in place.
+// Observers are notified after the new data are in place.
 
 void QFKClientBase::listDataChangedNotification() {
   reloadListData();
@@ -155,7 +155,7 @@ std::optional<Value> QFKClientBase::processReceivedCommand(std::optional<std::st
   } else if (command == "cleanPasteboard:cleaner:") {
     cleanPasteboard(std::move(param1), std::move(param2));
   } else if (command == "cleanFiles:cleaner:") {
-    // A message from outside may lack the cleaner, which no caller may leave out.
+    // A message from outside may lack the cleaner.
     if (param2) cleanFilesCleaner(std::move(param1), *std::move(param2));
   } else if (command == "cleanFiles:options:") {
     cleanFiles(std::move(param1), std::move(param2));

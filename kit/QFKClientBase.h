@@ -17,18 +17,17 @@
 
 namespace qf {
 
-/// A process's one handle on the engine: knows the lists (QFKListModel), sends commands, answers
-/// those that come in, and passes on the news of changed data. This class reads only the defaults
-/// among the program's resources; a process derives from it or uses one of the kit's own
-/// subclasses. Main thread.
+/// A process's client of the engine: holds the lists (QFKListModel), sends commands, answers
+/// incoming ones, and announces changed data. This class reads only the default list among the
+/// program's resources; subclasses read the shared files. Main thread.
 class QFKClientBase : public QFKListModel,
                       public QFKAEConnectorDelegate,
                       public QFKClientBaseProtocol {
  public:
-  /// The one client of the process, connected. The class of the first call, whichever it is,
-  /// decides what it is; all later calls answer the same object.
+  /// The one connected client of the process. The first call decides its class; later calls return
+  /// the same object.
   static QFKClientBase& sharedClient() { return sharedClientOfClass<QFKClientBase>(); }
-  /// What the shared client will use: given once, before the first `sharedClient`.
+  /// The services of the shared client; call once, before the first `sharedClient`.
   static void setSharedServices(const QFKClientServices& services);
 
   explicit QFKClientBase(const QFKClientServices& services);
@@ -36,7 +35,7 @@ class QFKClientBase : public QFKListModel,
   QFKClientBase(const QFKClientBase&) = delete;
   QFKClientBase& operator=(const QFKClientBase&) = delete;
 
-  /// Options, connector, notifications, first load: in this order.
+  /// Sets up options, connector and notifications, then loads the data, in this order.
   void setupConnection();
   void setupConnector();
   void setupNotifications();
@@ -48,7 +47,7 @@ class QFKClientBase : public QFKListModel,
   virtual void prepareCustomNotifications() {}
 
   void reloadListData();
-  /// What to load; nothing leaves everything as it is.
+  /// The list data to load; nothing keeps the present data.
   virtual std::optional<Dictionary> readListData() { return defaultListData(); }
   /// The list among the program's resources, empty when there is none.
   Dictionary defaultListData() const;
@@ -57,7 +56,7 @@ class QFKClientBase : public QFKListModel,
   virtual Dictionary readQFMenuSettings() { return defaultQFMenuSettings(); }
   Dictionary defaultQFMenuSettings() const;
   Dictionary QFMenuSettings() const { return _qfmenuSettings; }
-  /// Empty until the first news of changed settings.
+  /// Empty until the settings have changed for the first time.
   Dictionary menuSettings() const override { return _qfmenuSettings; }
 
   void listDataChangedNotification();

@@ -9,8 +9,8 @@
 
 namespace qf {
 
-/// The commands that travel between agent and engine. A parameter is whatever came in, empty when
-/// nothing did.
+/// The commands between agent and engine. Parameters may be of any kind, and are empty when the
+/// sender left them out.
 class QFKClientBaseProtocol {
  public:
   virtual ~QFKClientBaseProtocol() = default;

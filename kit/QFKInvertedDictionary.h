@@ -8,12 +8,11 @@
 
 namespace qf {
 
-/// A dictionary turned round: each value is a key, and its key the value. Of keys with equal values
-/// the last one stands.
+/// An inverted view of a dictionary: it maps values to keys. Of keys with equal values the last one
+/// counts.
 ///
-/// Made for nothing and looked through when asked: the values of the one dictionary that is turned
-/// round are dictionaries themselves, far dearer to hash at every load than to compare, now and
-/// then, with something of another kind.
+/// It builds no index and searches when asked: the values of the one dictionary that is inverted
+/// are dictionaries themselves, which would be expensive to hash at every load for rare look-ups.
 class QFKInvertedDictionary {
  public:
   QFKInvertedDictionary() = default;

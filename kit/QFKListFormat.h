@@ -27,7 +27,7 @@ inline constexpr std::string_view labelPrefix = "#LABEL:";
 inline constexpr std::string_view spacer = "#SPACER";
 inline constexpr std::string_view nothing = "#NOTHING";
 inline bool isLabel(std::string_view token) { return token.starts_with(labelPrefix); }
-/// Of a label.
+/// The prefix of a label.
 inline std::string_view labelText(std::string_view token) {
   return token.substr(labelPrefix.size());
 }

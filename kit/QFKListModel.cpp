@@ -13,7 +13,7 @@
 namespace qf {
 namespace {
 
-// A byte that is no digit gives a meaningless value, which is taken as it comes.
+// A byte that is no digit gives a meaningless value, which is accepted.
 int hexDigit(char digit) {
   const auto byte = static_cast<unsigned char>(digit);
   const auto decimal = static_cast<unsigned char>(byte - '0');

@@ -18,9 +18,9 @@ namespace qf {
 
 class Bundle;
 
-/// The engine's groups and cleaners, and every question that is asked about them. Empty until the
-/// first `setListInfo`. No query touches the disk. A copy costs nothing and keeps the lists of its
-/// moment. Main thread.
+/// The engine's groups and cleaners, with all queries about them. Empty until the first
+/// `setListInfo`. No query touches the disk. A copy is cheap and keeps the lists as they are now.
+/// Main thread.
 class QFKListModel {
  public:
   using Names = std::optional<std::vector<std::string>>;
@@ -28,32 +28,33 @@ class QFKListModel {
   /// The bundle must outlive the model.
   explicit QFKListModel(const Bundle& bundle);
 
-  /// Replaces everything by this list data and indexes it; the format is in docs/files.md. What is
-  /// missing or of the wrong kind is taken as not there.
+  /// Replaces everything by this list data and indexes it; docs/files.md describes the format.
+  /// Parts of the wrong kind count as missing.
   void setListInfo(Dictionary data);
   Dictionary listData() const { return _lists->info; }
 
   /// Null without token info.
   const Dictionary* tokenDictionary() const;
-  /// The token info turned round: its keys are the info dictionaries.
+  /// The token info inverted: its keys are the info dictionaries.
   const QFKInvertedDictionary& reverseTokenDictionary() const {
     return _lists->reverseTokenDictionary;
   }
   QFKInvertedDictionary invertedDictionary(Value dictionary) const;
 
-  // Nothing before the first load, and when the list data have no such entry.
+  // Nothing before the first load and for list data without such an entry.
   const Names& textEncodingList() const { return _lists->textEncodingList; }
   const Names& builtInGroupNames() const { return _lists->builtInGroupNames; }
   const Names& userGroupNames() const { return _lists->userGroupNames; }
 
-  // Of a group that is not known: empty.
+  // Empty for an unknown group.
   std::vector<std::string> tokenListForGroup(std::string_view group) const;
   /// The group's entries in their order, each a dictionary.
   Array namedRichList(std::string_view group) const;
   Array infoForGroup(std::string_view group) const { return namedRichList(group); }
   std::vector<std::string> cleanerApplyList() const { return tokenListForGroup("Library"); }
 
-  /// What is shown for the token: its name, a label's text, else the token. Options change nothing.
+  /// The text shown for the token: its name, a label's text, else the token. Options have no
+  /// effect.
   std::string nameForToken(std::string_view token, std::int64_t options = 0) const;
   std::string labelNameForToken(std::string_view token) const;
   std::string descriptionForToken(std::string_view token) const;
@@ -79,7 +80,7 @@ class QFKListModel {
 
   struct Group {
     Array items;
-    mutable std::optional<ColorIndex> colors;  // made when first asked for: one walk, not one a row
+    mutable std::optional<ColorIndex> colors;  // made on first use: one walk instead of one per row
   };
 
   struct Lists {

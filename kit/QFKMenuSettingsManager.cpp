@@ -71,7 +71,7 @@ void QFKMenuSettingsManager::writeSettings() {
 
   const auto data = writePropertyList(settings, PropertyListFormat::binary);
   if (!data) logWriteError(data.error().localizedDescription);
-  // Without data the write fails as well, and says so in a line of its own.
+  // Without data the write fails, too, and logs a line of its own.
   const auto error = data ? _fileManager.write(*url, *data) : Error{"there is nothing to write"};
   if (error) {
     logWriteError(error->localizedDescription);

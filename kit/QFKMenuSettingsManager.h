@@ -17,9 +17,9 @@ class DistributedNotificationCenter;
 class FileManager;
 class QFKSharedContainer;
 
-/// The agent's settings and their file, which docs/files.md describes. Every change is written at
-/// once, and announced to all processes. Agent and engine both write: whoever changes settings
-/// calls `readSettings` right before, or it takes back what the other has changed. Main thread.
+/// The agent's settings and their file (docs/files.md). Every change is written at once and
+/// announced to all processes. Agent and engine both write: call `readSettings` right before a
+/// change, or it undoes the other's. Main thread.
 class QFKMenuSettingsManager {
  public:
   static constexpr std::string_view paletteShortcutKey = "palette-shortcut";
@@ -32,7 +32,7 @@ class QFKMenuSettingsManager {
 
   /// A file that is missing or not readable gives empty settings.
   void readSettings();
-  /// Does nothing when the settings are as they were last read or written.
+  /// Does nothing when the settings have not changed since they were last read or written.
   void writeSettings();
 
   std::int64_t menuIconID() const { return _menuIconID; }
@@ -40,18 +40,17 @@ class QFKMenuSettingsManager {
   std::int64_t menuStyle() const { return _menuStyle; }
   void setMenuStyle(std::int64_t style);
 
-  /// The user's shortcuts in their order, the palette's not among them. A key may have no record.
+  /// The user's shortcuts in order, without the palette's. A key may lack a record.
   std::vector<std::string> shortcutIDList() const { return _shortcutIDList; }
-  /// A copy: what is changed in it counts once it is given to `setShortcut`.
+  /// A copy; `setShortcut` stores a changed one.
   std::optional<QFKShortcutActionItem> shortcutForKey(std::string_view key) const;
   void setShortcut(const std::optional<QFKShortcutActionItem>& item) { updateShortcut(item); }
   /// Stores the item under its `uuid`; one without a `uuid` is not stored.
   void updateShortcut(const std::optional<QFKShortcutActionItem>& item);
-  /// Adds one with default values and answers its key.
+  /// Adds a shortcut with default values and returns its key.
   std::string addShortcut();
   void removeShortcutForKey(std::string_view key);
-  /// Moves the key to that place in the list, the last one at most. Of a key that is not in it:
-  /// nothing.
+  /// Moves the key to that index of the list, at most to the end. Does nothing for an unknown key.
   void moveShortcut(std::string_view key, std::size_t toIndex);
 
   QFKShortcutActionItem paletteShortcut() const;

@@ -14,8 +14,8 @@ class FileManager;
 class UserDefaults;
 class UserDefaultsDomains;
 
-/// Reads what agent and engine share. Keeps nothing: every call asks the system anew. Any thread,
-/// the user defaults excepted (main thread).
+/// Reads the files that agent and engine share. Stateless: every call asks the system again. Any
+/// thread, except for the user defaults (main thread).
 class QFKSharedContainer {
  public:
   using URL = QFKSharedContainerURL::URL;
@@ -30,8 +30,8 @@ class QFKSharedContainer {
 
   /// The menu settings as they stand in their file.
   std::optional<Value> QFKQFMenuSettings() const;
-  /// What the property-list file holds, whatever kind its root is. Nothing when the file cannot be
-  /// read; nothing and a log line when it is not a property list.
+  /// The root of the property-list file, of any kind. Nothing when the file cannot be read; nothing
+  /// and a log line when it is not a property list.
   std::optional<Value> QFKDictionaryForURL(const URL& url) const;
 
   /// A new object for the domain that the group shares, with its defaults registered.

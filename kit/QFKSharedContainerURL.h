@@ -9,8 +9,8 @@ namespace qf {
 
 class FileManager;
 
-/// Where the files lie that agent and engine share. Every call asks the system anew. All results
-/// are empty when the system gives the application group no folder. Any thread.
+/// The paths of the files that agent and engine share. Every call asks the system again. All
+/// results are empty when the system has no folder for the application group. Any thread.
 class QFKSharedContainerURL {
  public:
   using URL = std::optional<std::filesystem::path>;
@@ -18,7 +18,8 @@ class QFKSharedContainerURL {
   QFKSharedContainerURL() = delete;
 
   static URL baseContainerURL(const FileManager& fileManager);
-  /// The "Data" folder, made if need be; a failure to make it is logged, and the answer the same.
+  /// The "Data" folder, created if need be. A failure to create it is logged; the result is the
+  /// same.
   static URL containerURL(FileManager& fileManager);
   static URL containerURLForFile(FileManager& fileManager, std::string_view fileName);
   static URL QFKMenuSettingsURL(FileManager& fileManager);

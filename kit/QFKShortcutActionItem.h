@@ -10,8 +10,8 @@
 
 namespace qf {
 
-/// One of the user's shortcuts and what it does: a plain value, stored as a record of the menu
-/// settings (docs/files.md).
+/// A user's shortcut and its action: a plain value, stored as a record of the menu settings
+/// (docs/files.md).
 class QFKShortcutActionItem {
  public:
   static QFKShortcutActionItem itemFromDictionary(const Dictionary* record) {
@@ -20,7 +20,7 @@ class QFKShortcutActionItem {
 
   /// Applies the cleaner "#SCRUB", has no keys, and has a new `uuid`.
   QFKShortcutActionItem();
-  /// Takes every property from the record; a null record is as none.
+  /// Takes every property from the record; null counts as an empty record.
   explicit QFKShortcutActionItem(const Dictionary* record);
 
   /// The record. An unset `uuid` is stored as a new one each time.
@@ -31,7 +31,7 @@ class QFKShortcutActionItem {
 
   static constexpr std::int64_t appliesCleaner = 0;
   static constexpr std::int64_t popsUpGroup = 1;
-  /// In the place of a group's name: the one that the menu shows.
+  /// Stands for the group that the menu shows.
   static constexpr std::string_view currentGroup = "#current";
 
   std::int64_t type = appliesCleaner;  ///< any other than these two does nothing

@@ -10,9 +10,9 @@ inline constexpr const char* changeGroup = "changeGroup:";
 inline constexpr const char* togglePalette = "togglePalette:";
 inline constexpr const char* openQuenfold = "openQuenfold:";
 inline constexpr const char* quit = "quit:";
-/// Of labels, which are disabled.
+/// For labels, which are disabled.
 inline constexpr const char* doLabel = "doLabel:";
-/// Of items that are there for their submenu.
+/// For items that only open a submenu.
 inline constexpr const char* doNothing = "doNothing:";
 
 }  // namespace qf::action

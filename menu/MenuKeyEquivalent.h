@@ -14,7 +14,7 @@ struct MenuKeyEquivalent {
   std::uint64_t modifierMask = 0;
 };
 
-/// Answers the combination of the moment; nothing where there is none to show.
+/// Returns the present combination, or nothing to show.
 using MenuKeyEquivalentProvider = std::function<std::optional<MenuKeyEquivalent>()>;
 
 }  // namespace qf

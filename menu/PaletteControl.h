@@ -9,7 +9,7 @@ class PaletteControl {
   virtual ~PaletteControl() = default;
   virtual bool isVisible() const = 0;
   virtual void togglePalette() = 0;
-  /// Its window gives the keyboard back to the window that had it.
+  /// Returns the keyboard from the palette to the window that had it.
   virtual void resignKeyWindow() = 0;
 };
 

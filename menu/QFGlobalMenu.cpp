@@ -162,7 +162,7 @@ void QFGlobalMenu::showGroupMenuPopup(const std::optional<std::string>& group) {
 
   auto menu = std::make_shared<Menu>("popup");
   for (const MenuItemRef& item : _builder.menuItemsForGroup(name, menu->font)) {
-    // Labels too: picked here, a label is applied as a cleaner is.
+    // Labels included: a label picked here is applied like a cleaner.
     item->action = action::applyItemAlt;
     menu->addItem(item);
   }

@@ -25,10 +25,10 @@ class QFTextAccess;
 class Sound;
 class UserDefaults;
 
-/// The menu of the status item, and what its items and the hot keys do. Main thread.
+/// The menu of the status item, and the actions of its items and of hot keys. Main thread.
 class QFGlobalMenu : public MenuTarget, public MenuDelegate {
  public:
-  /// What the menu works with; all outlive it.
+  /// The menu's collaborators; all outlive it.
   struct Collaborators {
     QFKClientBase& client;
     QFKMenuSettingsManager& menuSettingsMgr;
@@ -40,11 +40,11 @@ class QFGlobalMenu : public MenuTarget, public MenuDelegate {
     MenuPresenter& menuPresenter;
     Sound& sound;
     UserDefaults& userDefaults;
-    /// Asked only when an application is needed: the tracker is made after the menu.
+    /// Called only when needed, since the tracker is made after the menu.
     std::function<QFCurrentAppTracker&()> currentAppTracker;
-    /// Null where there is no palette: the menu has no item for it then.
+    /// Null without a palette; the menu then has no item for it.
     PaletteControl* palette = nullptr;
-    /// How the palette's shortcut is shown; may be empty.
+    /// The palette's shortcut for display; may be empty.
     MenuKeyEquivalentProvider paletteKeyEquivalent = {};
   };
 
@@ -75,10 +75,10 @@ class QFGlobalMenu : public MenuTarget, public MenuDelegate {
   void openQuenfold(MenuItem& sender);
   void quit(MenuItem& sender);
 
-  /// Cleans the text that the user selected in the frontmost application, by way of the clipboard,
-  /// and pastes it back. With Shift among the modifiers the result is left on the clipboard; with
-  /// Option only the clipboard is cleaned and no application is touched. Returns when the engine
-  /// and the application have done their part, or with a beep when there was nothing to copy.
+  /// Copies the selected text of the frontmost application, has the engine clean it on the
+  /// clipboard, and pastes it back. With Shift among the modifiers it leaves the result on the
+  /// clipboard; with Option it cleans the clipboard and touches no application. Returns when all
+  /// that is done, or beeps when there was nothing to copy.
   void applyCleaner(const std::string& token, std::uint64_t modifiers = 0);
 
   /// Selects the group, remembers it, and tells the other processes. The name is not checked.

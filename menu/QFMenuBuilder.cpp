@@ -12,7 +12,7 @@
 namespace qf {
 namespace {
 
-/// From this many custom cleaners on, the standard group makes room for a submenu of them.
+/// With at least this many custom cleaners, the standard group shows them as a submenu.
 constexpr std::size_t customCleanersSubmenuCount = 7;
 
 std::shared_ptr<Menu> submenuOf(const std::vector<MenuItemRef>& items) {
@@ -100,7 +100,7 @@ std::vector<MenuItemRef> QFMenuBuilder::menuItemsForGroup(
 
 std::optional<Color> QFMenuBuilder::foregroundColor(const Dictionary& entry) const {
   const auto hexColor = entry.string(listKey::hexColor);
-  // Black is what menus are written in, so it is left to the host's theme.
+  // Black is the default text colour of menus: the host's theme decides.
   if (hexColor == "#000000") return std::nullopt;
   return _lists.colorWithHexColorString(hexColor);
 }

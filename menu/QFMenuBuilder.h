@@ -17,16 +17,16 @@ class Bundle;
 class Dictionary;
 class QFKListModel;
 
-/// Makes the items of the status menu and of group menus from the list data of the moment. Keeps
-/// nothing between calls. Main thread.
+/// Makes the items of the status menu and of group menus from the present list data. Stateless.
+/// Main thread.
 class QFMenuBuilder {
  public:
-  /// All outlive the items made; `target` is what they act on. An empty `paletteKeyEquivalent`
-  /// leaves the palette item without one.
+  /// All outlive the items, which act on `target`. With an empty `paletteKeyEquivalent` the palette
+  /// item shows none.
   QFMenuBuilder(const QFKListModel& lists, Bundle& bundle, MenuTarget& target,
                 MenuKeyEquivalentProvider paletteKeyEquivalent);
 
-  /// One item a group: the built-in groups but the library, a separator, the user's groups.
+  /// One item per group: the built-in groups except the library, a separator, the user's groups.
   std::vector<MenuItemRef> groupItemsArray() const;
   MenuItemRef groupsMenuItem() const;
 
@@ -40,14 +40,14 @@ class QFMenuBuilder {
   MenuItemRef togglePaletteMenuItem() const;
 
   /// Appends the entries of `currentGroup`, with the other groups in a submenu. An empty note is
-  /// left out. The items at the top are given no target.
+  /// omitted. The items at the top have no target.
   void buildSingleGroupsMenu(Menu& menu, const std::string& note, const std::string& currentGroup,
                              bool allowGlobalPalette) const;
-  /// Appends all groups, each with its entries as a submenu. Those are made when they are looked
-  /// at, from the lists as they are now: most groups are never opened.
+  /// Appends all groups, each with its entries as a submenu. A submenu is made when it opens, from
+  /// the lists as they are now: most groups are never opened.
   void buildAllGroupsMenu(Menu& menu, const std::string& note, bool allowGlobalPalette) const;
 
-  /// An item with a title of the program's own, given by its key.
+  /// An item with one of the program's own titles, given by its key.
   MenuItemRef localizedItem(std::string_view titleKey, Selector action) const;
 
  private:

@@ -62,7 +62,7 @@ void QFGlobalPalette::togglePalette() {
 
 void QFGlobalPalette::showPalette() {
   loadWindow();
-  nameSearch();  // now, so that no letter typed later has to wait for it
+  nameSearch();  // builds the index now, so that typing does not wait for it
   _window->orderFront();
 }
 
@@ -209,7 +209,7 @@ bool QFGlobalPalette::shouldSelectRow(std::size_t row) const {
 void QFGlobalPalette::apply() {
   PaletteTableView& table = _window->cleanerListTableView();
   if (const auto row = table.selectedRow(); row && *row < numberOfRows()) {
-    // A copy: the list may change while the cleaner is at work.
+    // A copy, since the list may change while the cleaner runs.
     const std::string token = tokenAtRow(*row);
     _with.globalMenu.applyCleaner(token, _with.eventState.modifierFlags());
   }

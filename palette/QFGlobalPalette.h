@@ -22,11 +22,11 @@ class GlobalMenuControl;
 class QFKClientBase;
 class UserDefaults;
 
-/// The floating window of one group's cleaners: which rows it has, what they show, and what becomes
-/// of a click. Main thread.
+/// The floating window with one group's cleaners: its rows, their contents, and the effect of a
+/// click. Main thread.
 class QFGlobalPalette : public PaletteWindowDelegate, public MenuTarget {
  public:
-  /// What the palette works with; all outlive it.
+  /// The palette's collaborators; all outlive it.
   struct Collaborators {
     QFKClientBase& client;
     Bundle& bundle;
@@ -45,20 +45,20 @@ class QFGlobalPalette : public PaletteWindowDelegate, public MenuTarget {
   QFGlobalPalette& operator=(const QFGlobalPalette&) = delete;
 
   void togglePalette();
-  /// Shows it, or brings it before the other windows where it is shown already.
+  /// Shows it, or raises it where it is visible already.
   void showPalette();
   bool isVisible() const;
-  /// The window hands the keyboard back, if it has it.
+  /// The window returns the keyboard, if it has it.
   void resignKeyWindow();
 
-  /// The group shown. Setting one makes it the menu's group too and ends the search; setting none
-  /// only rebuilds the list.
+  /// The group shown. Setting a group also selects it in the menu and ends the search; setting
+  /// nothing only rebuilds the list.
   const std::string& selectedListName() const { return _selectedListName; }
   void setSelectedListName(const std::optional<std::string>& name);
   void setHideEditOption(bool hides);
   void setHideUserLists(bool hides);
 
-  /// Takes groups and cleaners anew from the list data. A search keeps its matches until its text
+  /// Reloads groups and cleaners from the list data. A search keeps its matches until its text
   /// changes.
   void updateCleanerList();
   void chooseList(const MenuItem& sender);
@@ -68,7 +68,7 @@ class QFGlobalPalette : public PaletteWindowDelegate, public MenuTarget {
   /// Shows the cleaners with one of the words in their name; all of them for an empty text.
   void updateWithSearchString(std::string_view text);
 
-  // What the window asks and tells.
+  // Called by the window.
   std::size_t numberOfRows() const override;
   std::string objectValueForRow(std::size_t row) const override;
   PaletteCell cellForRow(std::size_t row) const override;
@@ -76,14 +76,14 @@ class QFGlobalPalette : public PaletteWindowDelegate, public MenuTarget {
   /// The cleaner's name; its description while Command is held.
   std::optional<std::string> toolTipForRow(std::size_t row) const override;
   bool shouldSelectRow(std::size_t row) const override;
-  /// Applies the selected cleaner with the modifier keys of the moment.
+  /// Applies the selected cleaner with the modifier keys held now.
   void apply() override;
   void editGroup() override;
   void controlTextDidChange() override;
   void windowDidMove() override { savePalettePosition(*_window); }
   void windowDidResize() override { savePalettePosition(*_window); }
 
-  // What the group chooser's items ask and do.
+  // Called by the items of the group chooser.
   bool validateMenuItem(MenuItem& item) override;
   void performAction(const Selector& action, MenuItem& sender) override;
 

@@ -66,7 +66,7 @@ void QFNameSearch::look(std::string_view word, Place place, std::size_t known,
                         std::vector<Place>& found) const {
   const std::string_view rest =
       std::string_view(_names).substr(place.offset, _ends[place.name] - place.offset);
-  // Most often the next character is there as well, which a call would take longer to see.
+  // Usually the next character matches as well, and comparing it here is faster than a call.
   if (known > 0 && known + 1 == word.size() && rest.size() > known && rest[known] == word[known]) {
     found.push_back(place);
   } else if (const auto at = rest.find(word); at != std::string_view::npos) {

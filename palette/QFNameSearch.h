@@ -9,23 +9,23 @@
 
 namespace qf {
 
-/// Many names, lower-cased once and laid out one behind the other, so that a search can look
-/// through all of them at each letter typed. It remembers where it found the words of the latest
-/// search: one that grows by a letter is looked for there only.
+/// Names, lower-cased once and stored in one buffer, so that each typed letter can search all of
+/// them. It remembers where it found the words of the last search: a word that grew by a letter is
+/// searched only there.
 class QFNameSearch {
  public:
-  /// Names are known by the order in which they were added, from 0.
+  /// Names are numbered from 0 in the order of adding.
   void add(std::string_view name);
 
-  /// The names that contain one of the words, in order. The words are lower-cased already; a word
-  /// occurs character by character, an empty one never.
+  /// The names that contain one of the words, in order. The words are lower-cased already and match
+  /// literally; an empty word never matches.
   std::vector<std::uint32_t> namesContainingValueFromArray(
       const std::vector<std::string_view>& words);
 
  private:
   struct Place {
     std::uint32_t name;
-    std::size_t offset;  // of the word's first occurrence, in the text of all
+    std::size_t offset;  // of the word's first occurrence in the buffer
   };
   struct Word {
     std::string text;
@@ -37,11 +37,11 @@ class QFNameSearch {
   void look(std::string_view word, Place place, std::size_t known, std::vector<Place>& found) const;
 
   std::string _names;
-  std::vector<std::size_t> _ends;  // of each name in the text of all
+  std::vector<std::size_t> _ends;  // of each name in the buffer
   std::vector<Word> _latest;
 };
 
-/// The text's parts between single blanks: two blanks have an empty word between them.
+/// The words between single blanks; two blanks enclose an empty word.
 std::vector<std::string_view> wordsOfSearch(std::string_view text);
 
 }  // namespace qf

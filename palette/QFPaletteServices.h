@@ -17,7 +17,7 @@ class QFPaletteServices : public ServicesProvider {
                         std::optional<std::string>& error) override;
   void cleanText(Pasteboard* pasteboard, const std::string& userData,
                  std::optional<std::string>& error) override;
-  /// What both come to: nothing.
+  /// Shared by both; does nothing.
   virtual void doCleaner(Pasteboard*, const std::string&, std::optional<std::string>&) {}
 
   /// The token that the next request should apply; empty for none.

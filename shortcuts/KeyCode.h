@@ -16,7 +16,7 @@ inline constexpr std::uint64_t backspace = 51;
 inline constexpr std::uint64_t escape = 53;
 inline constexpr std::uint64_t forwardDelete = 117;
 
-/// F1 to F20 in their order.
+/// F1 to F20 in order.
 inline constexpr std::array<std::uint64_t, 20> functionKeys = {
     122, 120, 99, 118, 96, 97, 98, 100, 101, 109, 103, 111, 105, 107, 113, 106, 64, 79, 80, 90};
 

@@ -7,7 +7,7 @@ namespace {
 constexpr const char* keyCodeKey = "keyCode";
 constexpr const char* modifierFlagsKey = "modifierFlags";
 
-/// Numbers, truth values and strings answer an integer value.
+/// Numbers, booleans and strings have an integer value.
 bool answersIntegerValue(const Value* value) {
   return value && (value->integer() || value->real() || value->boolean() || value->string());
 }

@@ -23,7 +23,7 @@ class MASHotKey {
   MASHotKey(const MASHotKey&) = delete;
   MASHotKey& operator=(const MASHotKey&) = delete;
 
-  /// Unique in the process; one that was refused is used up as well.
+  /// Unique in the process; a refused registration uses up its number, too.
   std::uint32_t carbonID() const { return _carbonID; }
 
   std::function<void()> action;  ///< may be empty

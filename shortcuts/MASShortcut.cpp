@@ -31,7 +31,7 @@ constexpr Modifier modifiers[] = {
 
 constexpr const char* keyCodeField = "KeyCode";
 constexpr const char* modifierFlagsField = "ModifierFlags";
-/// The character of the key before F1, in the private area where function keys travel.
+/// The character before F1 in the private-use area of function keys.
 constexpr char32_t beforeFunctionKeys = 0xF703;
 /// F20 has none.
 constexpr std::ptrdiff_t functionKeysWithCharacter = 19;

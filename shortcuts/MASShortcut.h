@@ -22,9 +22,9 @@ class MASShortcut {
   }
   static MASShortcut shortcutWithEvent(const KeyEvent& event);
 
-  /// Of the flags only Shift, Control, Option and Command are kept.
+  /// Keeps only the flags Shift, Control, Option and Command.
   MASShortcut(std::uint64_t keyCode, std::uint64_t modifierFlags);
-  /// From coded fields, whose flags are taken as they are.
+  /// From the fields of an archive; keeps all flags.
   static MASShortcut initWithCoder(const Dictionary& codedFields);
 
   std::uint64_t keyCode() const { return _keyCode; }
@@ -46,7 +46,7 @@ class MASShortcut {
 
   /// The fields that a keyed archive of the class "MASShortcut" holds.
   Dictionary encodeWithCoder() const;
-  /// Keeps of the flags what the constructor keeps.
+  /// Keeps the flags that the constructor keeps.
   MASShortcut copy() const { return {_keyCode, _modifierFlags}; }
 
   std::size_t hash() const { return _keyCode + _modifierFlags; }

@@ -17,8 +17,8 @@ namespace qf {
 
 class ValueTransformer;
 
-/// Ties shortcuts in the user defaults to actions: each is registered as long as it is stored, and
-/// follows every change of the default. Main thread.
+/// Binds shortcuts in the user defaults to actions: a stored shortcut is registered, and follows
+/// every change of the default. Main thread.
 class MASShortcutBinder {
  public:
   using Action = MASShortcutMonitor::Action;
@@ -40,7 +40,7 @@ class MASShortcutBinder {
   /// The stored shortcut is registered before this returns.
   void bindShortcutWithDefaultsKey(const std::string& key, Action action);
   void breakBindingWithDefaultsKey(const std::string& key);
-  /// What counts where nothing is stored.
+  /// The shortcuts that apply where nothing is stored.
   void registerDefaultShortcuts(const std::vector<std::pair<std::string, MASShortcut>>& shortcuts);
   bool isRegisteredAction(std::string_view key) const { return _actions.contains(key); }
 

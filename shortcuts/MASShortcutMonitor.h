@@ -14,7 +14,7 @@ namespace qf {
 
 class MainQueue;
 
-/// The combinations that this process answers to, and what each does. Main thread.
+/// The registered combinations of this process and their actions. Main thread.
 class MASShortcutMonitor {
  public:
   using Action = std::function<void()>;
@@ -28,8 +28,8 @@ class MASShortcutMonitor {
   MASShortcutMonitor(const MASShortcutMonitor&) = delete;
   MASShortcutMonitor& operator=(const MASShortcutMonitor&) = delete;
 
-  /// The action (which may be empty) runs from the main queue at each press. Replaces the action of
-  /// an equal shortcut. False, and nothing changed, where the service refuses.
+  /// The action (which may be empty) runs from the main queue on each press. Replaces the action of
+  /// an equal shortcut. Returns false and changes nothing where the service refuses.
   bool registerShortcut(const MASShortcut& shortcut, Action action);
   void unregisterShortcut(const std::optional<MASShortcut>& shortcut);
   void unregisterAllShortcuts();

@@ -13,7 +13,7 @@ class Menu;
 class ShortcutKeyNames;
 class SymbolicHotKeys;
 
-/// Judges which combinations may become hot keys. Main thread.
+/// Decides which combinations may become hot keys. Main thread.
 class MASShortcutValidator {
  public:
   /// All outlive the validator.
@@ -29,11 +29,11 @@ class MASShortcutValidator {
 
   explicit MASShortcutValidator(Collaborators collaborators) : _with(std::move(collaborators)) {}
 
-  /// Whether the combination does not get in the way of typing.
+  /// Whether the combination is not needed for typing.
   bool isShortcutValid(const MASShortcut& shortcut) const;
 
-  // Whether it is in use already. A given explanation then receives why, in the user's language;
-  // otherwise it is left as it is.
+  // Whether the combination is in use already. If so, a given explanation receives the reason in
+  // the user's language.
   bool isShortcutAlreadyTakenInMenu(const MASShortcut& shortcut, const Menu& menu,
                                     std::string* explanation = nullptr) const;
   /// By the desktop, or by the application's main menu.

@@ -31,7 +31,7 @@ constexpr std::size_t hintToolTip = 1;
 
 }  // namespace
 
-/// Common to all views: who records, and whose window hears the events for it.
+/// Shared by all views: the recording view, and the window that receives the events for it.
 struct MASShortcutView::Shared {
   MASShortcutView* recordingView = nullptr;
   RecorderView* monitor = nullptr;

@@ -20,8 +20,8 @@ class MASShortcutValidator;
 class ShortcutKeyNames;
 class Sound;
 
-/// A button in which a person records a key combination: it is clicked, and what is typed next is
-/// recorded. One in the process records at a time. Main thread.
+/// A button that records a key combination: after a click it takes the next keys. Only one in the
+/// process records at a time. Main thread.
 class MASShortcutView : public RecorderViewDelegate {
  public:
   /// All outlive the view.
@@ -38,7 +38,7 @@ class MASShortcutView : public RecorderViewDelegate {
   using Change = std::function<void(MASShortcutView& view)>;
 
   explicit MASShortcutView(Collaborators collaborators);
-  /// Also ends the monitoring of a view that records at that time.
+  /// Also ends the recording of another view.
   ~MASShortcutView() override;
   MASShortcutView(const MASShortcutView&) = delete;
   MASShortcutView& operator=(const MASShortcutView&) = delete;
@@ -54,7 +54,7 @@ class MASShortcutView : public RecorderViewDelegate {
   void setHinting(bool hinting);
   RecorderStyle style() const { return _style; }
   void setStyle(RecorderStyle style);
-  /// What is shown while nothing is recorded yet: the modifiers that are held.
+  /// Shown before anything is recorded: the modifiers that are held.
   const std::string& shortcutPlaceholder() const { return _shortcutPlaceholder; }
   void setShortcutPlaceholder(const std::string& placeholder);
   bool acceptsFirstResponder() const override { return _acceptsFirstResponder; }
@@ -66,8 +66,8 @@ class MASShortcutView : public RecorderViewDelegate {
   bool showsDeleteButton = true;
   Change shortcutValueChange;  ///< after every change of the value; may be empty
 
-  // The user default that the value is bound to: nothing for none. Its value is an archive, or what
-  // the transformer makes of it.
+  // The user default that the value is bound to, or nothing. It stores an archive, or the
+  // transformer's form.
   std::optional<std::string> associatedUserDefaultsKey() const;
   void setAssociatedUserDefaultsKey(const std::optional<std::string>& key);
   void setAssociatedUserDefaultsKey(const std::optional<std::string>& key,
@@ -95,7 +95,7 @@ class MASShortcutView : public RecorderViewDelegate {
   bool accessibilityPerformPress() override;
 
  protected:
-  /// What all cells are made from.
+  /// The common properties of all cells.
   virtual RecorderCell shortcutCellClass() const { return {}; }
 
  private:
@@ -106,7 +106,7 @@ class MASShortcutView : public RecorderViewDelegate {
   void activateEventMonitoring(bool activates);
   void activateResignObserver(bool activates);
   bool handleEvent(const KeyEvent& event);
-  /// Whether the key is one that ends recording, or moves on, rather than being recorded.
+  /// Whether the key ends recording or moves the focus, instead of being recorded.
   std::optional<bool> handleCommandKey(const MASShortcut& shortcut);
   void record(const MASShortcut& shortcut);
   void tellTaken(const MASShortcut& shortcut, const std::string& explanation);
@@ -126,7 +126,7 @@ class MASShortcutView : public RecorderViewDelegate {
   bool _isHinting = false;
   bool _acceptsFirstResponder = false;
   std::unique_ptr<ShortcutBinding> _binding;
-  /// What an open alert holds of this view, weakly.
+  /// An open alert refers to this view weakly by this.
   std::shared_ptr<MASShortcutView*> _self = std::make_shared<MASShortcutView*>(this);
 };
 

@@ -8,15 +8,14 @@ namespace qf {
 
 inline constexpr double recorderFontSize = 11.0;  ///< in points
 
-/// The parts of a recorder, side by side: where the shortcut stands, and at the right what a click
-/// does besides.
+/// The two parts of a recorder: the shortcut, and to its right the button for clearing or hints.
 struct RecorderAreas {
   Rect shortcut;
   Rect hint;
 };
 
 RecorderAreas recorderAreas(const Rect& bounds, RecorderStyle style);
-/// How much lower than its area a cell of that style is drawn.
+/// By how much a cell of that style is drawn lower than its area.
 double recorderFrameShift(RecorderStyle style);
 bool contains(const Rect& rect, Point point);
 

@@ -57,7 +57,7 @@ void ShortcutBinding::propagateValue(const std::optional<MASShortcut>& value) {
   } else if (!value) {
     _info.observedObject->setValue(std::nullopt, *_info.observedKeyPath);
   } else {
-    // A shortcut that nothing has transformed is no value of a property list.
+    // A property list cannot hold an untransformed shortcut.
     log("user defaults cannot hold the shortcut of binding \"" + _info.name + '"');
   }
   _isPassingOn = false;

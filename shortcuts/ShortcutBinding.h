@@ -12,7 +12,7 @@ namespace qf {
 
 class ValueTransformer;
 
-/// Keeps a shortcut of this process and a value of the user defaults the same. Main thread.
+/// Keeps a shortcut of this process equal to a value of the user defaults. Main thread.
 class ShortcutBinding {
  public:
   /// The transformer given, else the one of that name.
@@ -28,8 +28,9 @@ class ShortcutBinding {
   };
   using Setter = std::function<void(const std::optional<MASShortcut>&)>;
 
-  /// The setter is given the present value before this returns, and every later one that does not
-  /// come from `propagateValue`. What it propagates meanwhile is not written back.
+  /// Calls the setter with the present value before this returns, and with every later one that
+  /// does not come from `propagateValue`. Values propagated during such a call are not written
+  /// back.
   ShortcutBinding(Info info, Setter setter);
   ~ShortcutBinding();
   ShortcutBinding(const ShortcutBinding&) = delete;
@@ -46,7 +47,7 @@ class ShortcutBinding {
   Info _info;
   Setter _setter;
   std::optional<UserDefaultsController::ObserverID> _observer;
-  bool _isPassingOn = false;  // what comes from one side is not given back to it
+  bool _isPassingOn = false;  // prevents echoing a value to the side it came from
 };
 
 }  // namespace qf

@@ -10,16 +10,16 @@ namespace qf {
 class Bundle;
 class KeyboardLayout;
 
-/// What keys are called before a person. Main thread.
+/// The names of keys that a person reads. Main thread.
 class ShortcutKeyNames {
  public:
   /// Both outlive the names.
   ShortcutKeyNames(const KeyboardLayout& layout, const Bundle& bundle)
       : _layout(layout), _bundle(bundle) {}
 
-  /// A glyph or word for keys that have one of their own, "Space" in the user's language; for the
-  /// others what the layout of the moment calls them, in upper case. Empty for a key that writes
-  /// nothing visible; nothing where there is no layout to ask.
+  /// A glyph or word for keys with a fixed one ("Space" in the user's language); otherwise the
+  /// active layout's character in upper case. Empty for a key that types nothing visible; nothing
+  /// without a layout.
   std::optional<std::string> nameOfKey(std::uint64_t keyCode) const;
 
  private:

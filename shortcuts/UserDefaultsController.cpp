@@ -45,7 +45,7 @@ UserDefaultsController::ObserverID UserDefaultsController::addObserver(std::stri
 }
 
 void UserDefaultsController::defaultsChanged() {
-  // An observer may add and remove others, itself too, and change defaults.
+  // An observer may add and remove observers, itself included, and change defaults.
   for (auto next = _observers.begin(); next != _observers.end();) {
     const ObserverID id = next->first;
     Entry& entry = next->second;

@@ -13,8 +13,8 @@
 
 namespace qf {
 
-/// Binds what user defaults store to objects of this process: each of a key's observers hears of
-/// every change of its value. Key paths are "values." and the key. Main thread.
+/// Binds user defaults to objects of this process: a key's observers are called on every change of
+/// its value. A key path is "values." and the key. Main thread.
 class UserDefaultsController {
  public:
   using Observer = std::function<void(const std::optional<Value>& value)>;
@@ -30,11 +30,11 @@ class UserDefaultsController {
 
   UserDefaults& defaults() { return _defaults; }
 
-  // Nothing happens, and there is nothing, for a key path of another form.
+  // Key paths of another form read as nothing and cannot be set.
   std::optional<Value> valueForKeyPath(std::string_view keyPath) const;
   void setValue(std::optional<Value> value, std::string_view keyPath);
 
-  /// Told of the present value before this returns, then of each change, whoever made it.
+  /// Called with the present value before this returns, then on each change by any process.
   ObserverID addObserver(std::string_view keyPath, const Observer& observer);
   void removeObserver(ObserverID observer) { _observers.erase(observer); }
 

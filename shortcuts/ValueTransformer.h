@@ -9,16 +9,16 @@
 
 namespace qf {
 
-/// Turns what user defaults store into a shortcut, and back. Keeps nothing; any thread.
+/// Converts a stored user default into a shortcut and back. Stateless; any thread.
 class ValueTransformer {
  public:
-  /// Of static life: "MASDictionaryTransformer" or "NSKeyedUnarchiveFromData". Null for another
-  /// name.
+  /// "MASDictionaryTransformer" or "NSKeyedUnarchiveFromData", with static lifetime; null for other
+  /// names.
   static const ValueTransformer* valueTransformerForName(std::string_view name);
 
   virtual ~ValueTransformer() = default;
   virtual bool allowsReverseTransformation() const { return true; }
-  /// Nothing for a value that stands for no shortcut.
+  /// Nothing for a value that is no shortcut.
   virtual std::optional<MASShortcut> transformedValue(const std::optional<Value>& value) const = 0;
   virtual std::optional<Value> reverseTransformedValue(
       const std::optional<MASShortcut>& shortcut) const = 0;

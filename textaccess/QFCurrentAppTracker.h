@@ -21,8 +21,8 @@ class QFCurrentAppTracker {
   QFCurrentAppTracker(const QFCurrentAppTracker&) = delete;
   QFCurrentAppTracker& operator=(const QFCurrentAppTracker&) = delete;
 
-  /// Asks the workspace for the frontmost application; while that is this one, or none can be told,
-  /// what was known stays.
+  /// Asks the workspace for the frontmost application. Keeps the known one while that is this
+  /// process or unknown.
   void newAppActivated();
   void refresh() { newAppActivated(); }
 

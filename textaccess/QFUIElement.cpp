@@ -24,8 +24,8 @@ constexpr std::string_view primaryKeyAlone = "0";
 /// Where a standard application has its Edit menu.
 constexpr std::size_t editMenuIndex = 3;
 
-/// What becomes of an attribute that holds `current` when it is given `newValue`; nothing for the
-/// kinds that are never set, and a null element for a value that cannot become that kind.
+/// `newValue` converted to the kind of `current`; nothing for kinds that are never set, and a null
+/// element for a value that cannot be converted.
 std::optional<AccessibilityValue> valueLike(const AccessibilityValue& current,
                                             const AccessibilityValue& newValue) {
   const auto* newPlain = std::get_if<Value>(&newValue);
@@ -242,7 +242,7 @@ std::string QFUIElement::performCopy(bool retry) const {
   }
   if (!item->performPress()) return {};
 
-  // Not every application has copied by the time its press returns.
+  // Some applications copy only after the press has returned.
   while (pasteboard.changeCount() == changeCount) {
     if (std::chrono::steady_clock::now() - start > copyTimeout) {
       if (!retry) return {};

@@ -16,13 +16,13 @@ namespace qf {
 class QFTextAccess;
 class QFUIElement;
 
-/// What an attribute reads as: geometry, a truth value, elements, or the text of anything else. A
-/// number reads as its decimal text.
+/// The value of an attribute: geometry, a boolean, elements, or the text of anything else. A number
+/// reads as its decimal text.
 using QFUIElementValue = std::variant<Point, Size, Rect, Range, bool, QFUIElement,
                                       std::vector<QFUIElement>, std::string>;
 
-/// One element of another application's user interface, and what can be done to the text in it
-/// through the items of its application's menus. No key stroke is ever made up.
+/// One element of another application's user interface, and the operations on its text through the
+/// application's menu items. It never sends key strokes.
 ///
 /// A value that shares the platform's element. Main thread; each call into the application waits as
 /// `AccessibilityElement` says, and the copying operations wait for the pasteboard besides. Nothing
@@ -63,9 +63,8 @@ class QFUIElement {
 
   std::vector<std::string> attributeNames() const;
   std::optional<QFUIElementValue> valueForAttribute(std::string_view attribute) const;
-  /// Sets a value of the kind that the attribute holds now: a boolean and a number are made from
-  /// whatever is given, geometry must be of the same kind. True without effect where the attribute
-  /// holds nothing, or elements.
+  /// Sets a value of the attribute's present kind: booleans and numbers are converted, geometry
+  /// must be of the same kind. True without effect where the attribute holds nothing or elements.
   bool setValue(const AccessibilityValue& newValue, std::string_view attribute);
 
   /// Brings the element's application to the front.
@@ -81,13 +80,13 @@ class QFUIElement {
                                                   std::string_view modifiers) const;
 
   bool performSelectAll() const;
-  /// Presses Copy, waits at most about 0.4 s for the pasteboard to change and answers its text.
-  /// With `retry`, a copy that changed nothing is tried once more after a Select All.
+  /// Presses Copy, waits at most about 0.4 s for the pasteboard to change and returns its text.
+  /// With `retry`, repeats a copy that changed nothing once, after a Select All.
   std::string performCopy(bool retry) const;
 
   /// The selected text, or all of it where nothing is selected. It stays on the pasteboard.
   std::string readString() const;
-  /// Replaces the selection by way of the pasteboard.
+  /// Replaces the selection through the pasteboard.
   bool writeString(std::string_view text) const;
   /// Copies the selection, or everything where nothing is selected. True once the copy was tried,
   /// also when the pasteboard never changed.
