@@ -63,18 +63,6 @@ std::string toQuotedPrintable(std::string_view text) {
   return result;
 }
 
-/// The value of the two hexadecimal digits, or -1.
-int hexByte(std::string_view digits) {
-  if (digits.size() < 2) return -1;
-  int value = 0;
-  for (const char digit : digits.substr(0, 2)) {
-    const std::size_t found = hexDigits.find(digit >= 'a' && digit <= 'f' ? digit - 32 : digit);
-    if (found == std::string_view::npos) return -1;
-    value = value * 16 + static_cast<int>(found);
-  }
-  return value;
-}
-
 /// A sign that begins no escape stays. Fails when the bytes are no text in UTF-8.
 Result<std::string> fromQuotedPrintable(std::string_view text) {
   std::string result;

@@ -60,6 +60,17 @@ std::vector<TableRow> parseCSV(std::string_view text) {
   return rows;
 }
 
+std::optional<QuotedField> quotedField(std::string_view line, std::size_t position,
+                                       char delimiter) {
+  if (position >= line.size() || line[position] != '"') return std::nullopt;
+  QuotedField field;
+  const std::size_t close = readQuoted(line, position, field.text);
+  if (line[close - 1] != '"' || close == position + 1) return std::nullopt;
+  field.end = line.size() - trimmedStart(line.substr(close)).size();
+  if (field.end < line.size() && line[field.end] != delimiter) return std::nullopt;
+  return field;
+}
+
 std::vector<TableRow> parseTSV(std::string_view text) {
   std::vector<TableRow> rows;
   for (const std::string_view line : lineTexts(text)) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,15 @@ using TableRow = std::vector<std::string>;
 /// line has more of those. Lenient: a quotation mark inside a bare field is text, and one that
 /// never closes runs to the end.
 std::vector<TableRow> parseCSV(std::string_view text);
+
+struct QuotedField {
+  std::string text;
+  std::size_t end = 0;  ///< where the line goes on: at a delimiter, or its end
+};
+
+/// The field in quotation marks that begins at the position of the line and fills all up to the
+/// next delimiter; nothing where it does not.
+std::optional<QuotedField> quotedField(std::string_view line, std::size_t position, char delimiter);
 
 /// The rows of a text parted by tabs. It has no quotation.
 std::vector<TableRow> parseTSV(std::string_view text);

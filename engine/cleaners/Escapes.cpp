@@ -113,4 +113,11 @@ std::string unescapeString(std::string_view text) {
   return result;
 }
 
+int hexByte(std::string_view text) {
+  if (text.size() < 2) return -1;
+  int value = 0;
+  const auto [stop, error] = std::from_chars(text.data(), text.data() + 2, value, 16);
+  return error == std::errc() && stop == text.data() + 2 && text[0] != '-' ? value : -1;
+}
+
 }  // namespace qf

@@ -6,6 +6,9 @@
 
 namespace qf {
 
+/// The value of the two hexadecimal digits that the text begins with, or -1.
+int hexByte(std::string_view text);
+
 /// Every character outside ASCII as "\u" and four hexadecimal digits, those beyond the first plane
 /// as two such (RFC 8259).
 std::string escapeNonASCII(std::string_view text);

@@ -4,6 +4,7 @@
 
 #include "engine/cleaners/Cleaner.h"
 #include "engine/cleaners/CodePoints.h"
+#include "engine/cleaners/Tracking.h"
 #include "engine/cleaners/WebAddress.h"
 
 namespace qf {

@@ -2,11 +2,13 @@
 #include "engine/cleaners/HTMLTextWriter.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
+#include <memory>
 #include <utility>
 
 #include "engine/cleaners/CodePoints.h"
+#include "engine/cleaners/DelimitedText.h"
+#include "engine/cleaners/HTMLElements.h"
 #include "engine/cleaners/TextLines.h"
 
 namespace qf {
@@ -14,33 +16,6 @@ namespace {
 
 /// Lists and quotations deeper than this are not indented any further.
 constexpr std::size_t deepestPrefix = 16;
-
-template <std::size_t Count>
-bool isOneOf(std::string_view name, const std::array<std::string_view, Count>& names) {
-  return std::find(names.begin(), names.end(), name) != names.end();
-}
-
-bool isHidden(std::string_view name) {
-  return isOneOf<6>(name, {"head", "script", "style", "template", "title", "noscript"});
-}
-
-/// Begins and ends on a line of its own, with a blank line around.
-bool isParagraph(std::string_view name) {
-  return isOneOf<14>(name, {"p", "h1", "h2", "h3", "h4", "h5", "h6", "pre", "blockquote", "table",
-                            "dl", "figure", "ul", "ol"});
-}
-
-/// Begins and ends on a line of its own.
-bool isBlock(std::string_view name) {
-  return isOneOf<21>(name,
-                     {"div",     "section",    "article", "header",   "footer",  "main", "nav",
-                      "aside",   "address",    "form",    "fieldset", "tr",      "dt",   "dd",
-                      "caption", "figcaption", "center",  "details",  "summary", "body", "option"});
-}
-
-bool isHeading(std::string_view name) {
-  return name.size() == 2 && name[0] == 'h' && name[1] >= '1' && name[1] <= '6';
-}
 
 bool isSpace(char character) {
   return character == ' ' || character == '\t' || character == '\n' || character == '\r' ||
@@ -70,9 +45,101 @@ std::string escapedMarkdown(std::string_view words) {
 
 }  // namespace
 
+/// A table of Markdown in the making. Each cell is written by a writer of its own, which also has
+/// the tables inside of it.
+struct HTMLTextWriter::Table {
+  std::vector<TableRow> rows;
+  std::unique_ptr<HTMLTextWriter> cell;
+  int innerTables = 0;
+
+  void endCell() {
+    if (!cell) return;
+    std::string text = std::move(*cell).result();
+    text.resize(trimmedEnd(text, isWhiteSpace).size());
+    if (rows.empty()) rows.emplace_back();
+    rows.back().push_back(std::move(text));
+    cell.reset();
+  }
+
+  /// Tables of one column, or with blocks in their cells, only lay out a page.
+  bool holdsData() const {
+    return std::any_of(rows.begin(), rows.end(),
+                       [](const TableRow& row) { return row.size() > 1; }) &&
+           std::none_of(rows.begin(), rows.end(), [](const TableRow& row) {
+             return std::any_of(row.begin(), row.end(), [](const std::string& field) {
+               return field.find("\n\n") != std::string::npos;
+             });
+           });
+  }
+};
+
+HTMLTextWriter::HTMLTextWriter(Form form) : _form(form) {}
+HTMLTextWriter::~HTMLTextWriter() = default;
+
+/// Whether the table took the start of the element.
+bool HTMLTextWriter::startInTable(std::string_view name, const Attributes& attributes) {
+  if (!_table) return false;
+  if (name == "table") ++_table->innerTables;
+  if (_table->innerTables == 0 && name == "tr") {
+    _table->endCell();
+    _table->rows.emplace_back();
+  } else if (_table->innerTables == 0 && (name == "td" || name == "th")) {
+    _table->endCell();
+    _table->cell = std::make_unique<HTMLTextWriter>(_form);
+  } else if (_table->cell) {
+    _table->cell->startElement(name, attributes);
+  }
+  return true;
+}
+
+bool HTMLTextWriter::endInTable(std::string_view name) {
+  if (!_table) return false;
+  if (name == "table" && _table->innerTables == 0) {
+    endTable();
+    return true;
+  }
+  const bool isOwn = _table->innerTables == 0;
+  if (name == "table") --_table->innerTables;
+  if (isOwn && (name == "td" || name == "th" || name == "tr")) {
+    _table->endCell();
+  } else if (_table->cell) {
+    _table->cell->endElement(name);
+  }
+  return true;
+}
+
+void HTMLTextWriter::endTable() {
+  _table->endCell();
+  const std::unique_ptr<Table> table = std::move(_table);
+  std::erase_if(table->rows, [](const TableRow& row) { return row.empty(); });
+  if (table->holdsData()) {
+    writeLines(writeMarkdownTable(table->rows));
+  } else {
+    for (const TableRow& row : table->rows) {
+      for (const std::string& field : row) {
+        writeLines(field);
+        requestBreak(2);
+      }
+    }
+  }
+  requestBreak(2);
+}
+
+/// Lines that are Markdown already.
+void HTMLTextWriter::writeLines(std::string_view lines) {
+  for (const TextLine& line : textLines(lines)) {
+    if (line.text.empty()) {
+      requestBreak(2);
+    } else {
+      write(line.text);
+      requestBreak(1);
+    }
+  }
+}
+
 void HTMLTextWriter::startElement(std::string_view name, const Attributes& attributes) {
-  if (isHidden(name)) ++_hidden;
-  if (_hidden > 0) return;
+  if (isHiddenElement(name)) ++_hidden;
+  if (_hidden > 0 || startInTable(name, attributes)) return;
   openBlock(name);
   if (name == "br") {
     requestBreak(std::min(_breakLines + 1, 2));
@@ -88,6 +155,10 @@ void HTMLTextWriter::startElement(std::string_view name, const Attributes& attri
     startLink(attributes);
   } else if (name == "img") {
     writeImage(attributes);
+  } else if (name == "input") {
+    writeCheckBox(attributes);
+  } else if (name == "table" && _form == Form::markdown) {
+    _table = std::make_unique<Table>();
   } else if (name == "tr") {
     _isFirstCell = true;
   } else if (name == "td" || name == "th") {
@@ -101,7 +172,7 @@ void HTMLTextWriter::startElement(std::string_view name, const Attributes& attri
       write("```");
       requestBreak(1);
     }
-  } else if (_form == Form::markdown && isHeading(name)) {
+  } else if (_form == Form::markdown && isHeadingElement(name)) {
     write(std::string(static_cast<std::size_t>(name[1] - '0'), '#'));
     _spaceBefore = true;
   } else {
@@ -110,11 +181,11 @@ void HTMLTextWriter::startElement(std::string_view name, const Attributes& attri
 }
 
 void HTMLTextWriter::endElement(std::string_view name) {
-  if (isHidden(name)) {
+  if (isHiddenElement(name)) {
     --_hidden;
     return;
   }
-  if (_hidden > 0) return;
+  if (_hidden > 0 || endInTable(name)) return;
   if (name == "ul" || name == "ol") {
     if (!_lists.empty()) _lists.pop_back();
   } else if (name == "li") {
@@ -137,9 +208,9 @@ void HTMLTextWriter::endElement(std::string_view name) {
 
 void HTMLTextWriter::openBlock(std::string_view name) {
   const bool inList = (name == "ul" || name == "ol") && !_prefixes.empty();
-  if (isParagraph(name) && !inList) {
+  if (isParagraphElement(name) && !inList) {
     requestBreak(2);
-  } else if (inList || isBlock(name)) {
+  } else if (inList || isBlockElement(name)) {
     requestBreak(1);
   }
 }
@@ -202,8 +273,20 @@ void HTMLTextWriter::writeImage(const Attributes& attributes) {
   _spaceBefore = true;
 }
 
+/// The mark of a task in a list.
+void HTMLTextWriter::writeCheckBox(const Attributes& attributes) {
+  const auto type = attributes.find("type");
+  if (type == attributes.end() || type->second != "checkbox") return;
+  write(attributes.contains("checked") ? "[x]" : "[ ]");
+  _spaceBefore = true;
+}
+
 void HTMLTextWriter::text(std::string_view text) {
   if (_hidden > 0) return;
+  if (_table) {
+    if (_table->cell) _table->cell->text(text);
+    return;
+  }
   if (_preformatted > 0) return writePreformatted(text);
   for (std::size_t position = 0; position < text.size();) {
     if (isSpace(text[position])) {
@@ -300,6 +383,7 @@ void HTMLTextWriter::closeMark(std::string_view mark) {
 }
 
 std::string HTMLTextWriter::result() && {
+  if (_table) endTable();
   _result.resize(trimmedEnd(_result, isWhiteSpace).size());
   if (!_result.empty()) _result.push_back('\n');
   return std::move(_result);

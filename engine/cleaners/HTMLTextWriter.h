@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,12 +13,13 @@ namespace qf {
 
 /// Turns an HTML document into text that reads well: paragraphs parted by blank lines, lists with
 /// bullets and numbers, quotations marked, table cells parted by tabs, the address of a link behind
-/// its words. Or into Markdown, which has headings, emphasis and code as well.
+/// its words. Or into Markdown, which has headings, emphasis, code and tables as well.
 class HTMLTextWriter : public HTMLHandler {
  public:
   enum class Form { text, markdown };
 
-  explicit HTMLTextWriter(Form form) : _form(form) {}
+  explicit HTMLTextWriter(Form form);
+  ~HTMLTextWriter() override;
 
   void startElement(std::string_view name, const Attributes& attributes) override;
   void endElement(std::string_view name) override;
@@ -36,12 +38,20 @@ class HTMLTextWriter : public HTMLHandler {
     std::optional<std::size_t> start;  ///< of its words, once there are any
   };
 
+  struct Table;
+
+  bool startInTable(std::string_view name, const Attributes& attributes);
+  bool endInTable(std::string_view name);
+  void endTable();
+  void writeLines(std::string_view lines);
+
   void openBlock(std::string_view name);
   void startItem();
   void endItem();
   void startLink(const Attributes& attributes);
   void endLink();
   void writeImage(const Attributes& attributes);
+  void writeCheckBox(const Attributes& attributes);
 
   void pushPrefix(std::string prefix);
   void popPrefix();
@@ -58,6 +68,7 @@ class HTMLTextWriter : public HTMLHandler {
   std::vector<std::string> _prefixes;
   std::vector<List> _lists;
   std::optional<Link> _link;
+  std::unique_ptr<Table> _table;   ///< the one that is open, in Markdown
   std::string _bullet;             ///< of an item of which nothing is written yet
   int _breakLines = 0;             ///< 1: a new line, 2: a blank line as well
   std::size_t _breakPrefixes = 0;  ///< how many prefixes its blank line has

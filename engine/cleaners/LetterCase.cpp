@@ -12,6 +12,7 @@
 
 #include "engine/cleaners/Cleaner.h"
 #include "engine/cleaners/CodePoints.h"
+#include "engine/cleaners/Sentences.h"
 #include "engine/cleaners/TextLines.h"
 #include "foundation/Text.h"
 
@@ -147,11 +148,14 @@ std::string sentenceCase(std::string_view text) {
           opens = false;
         },
         [&](std::string_view run) {
-          result.append(run);
           const std::size_t stop = run.find_last_of(".?!");
+          const std::size_t end = result.size() + stop + 1;
+          result.append(run);
           const bool insideWord = stop + 1 == run.size() && result.size() < line.size();
-          opens = opens || (stop != std::string_view::npos && !insideWord) ||
-                  run.find("…") != std::string_view::npos;
+          const bool ends = stop != std::string_view::npos && !insideWord &&
+                            !endsWithAbbreviation(std::string_view(result).substr(0, end),
+                                                  line.substr(std::min(end, line.size())));
+          opens = opens || ends || run.find("…") != std::string_view::npos;
         });
     return result;
   });

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <unicode/brkiter.h>
 #include <unicode/coll.h>
 #include <unicode/tblcoll.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 #include <unordered_set>
 
 #include "engine/cleaners/Cleaner.h"
 #include "engine/cleaners/CodePoints.h"
+#include "engine/cleaners/DelimitedText.h"
+#include "engine/cleaners/Hyphenation.h"
 #include "engine/cleaners/Paragraphs.h"
+#include "engine/cleaners/Sentences.h"
 #include "engine/cleaners/TextLines.h"
 
 namespace qf {
@@ -73,19 +76,46 @@ std::string numberLines(std::string_view text) {
   });
 }
 
+/// A line that may begin with its number: the number, and the text behind it.
+struct NumberedLine {
+  long number = -1;
+  std::string_view rest;
+};
+
+NumberedLine numberedLine(std::string_view line) {
+  constexpr std::size_t mostDigits = 9;
+  const std::string_view body = trimmedStart(line);
+  const std::size_t end = std::min(body.find_first_not_of("0123456789"), body.size());
+  if (end == 0 || end > mostDigits) return {};
+  std::string_view rest = body.substr(end);
+  if (!rest.empty() && std::string_view(".):|").find(rest[0]) != std::string_view::npos) {
+    rest.remove_prefix(1);
+  }
+  // "3.5 miles" and "2024" are no line numbers.
+  if (!rest.starts_with(' ') && !rest.starts_with('\t')) return {};
+  return {std::strtol(std::string(body.substr(0, end)).c_str(), nullptr, 10), rest.substr(1)};
+}
+
+/// A number alone may belong to the text: it goes only where the next or the last one counts up.
 std::string removeLineNumbers(std::string_view text) {
-  return mapLines(text, [](std::string_view line) {
-    const std::string_view body = trimmedStart(line);
-    const std::size_t end = std::min(body.find_first_not_of("0123456789"), body.size());
-    if (end == 0) return std::string(line);
-    std::string_view rest = body.substr(end);
-    if (!rest.empty() && std::string_view(".):|").find(rest[0]) != std::string_view::npos) {
-      rest.remove_prefix(1);
-    }
-    // "3.5 miles" and "2024" are no line numbers.
-    if (!rest.starts_with(' ') && !rest.starts_with('\t')) return std::string(line);
-    return std::string(rest.substr(1));
-  });
+  const std::vector<TextLine> lines = textLines(text);
+  std::vector<NumberedLine> numbered;
+  std::vector<std::size_t> places;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    numbered.push_back(numberedLine(lines[i].text));
+    if (numbered[i].number >= 0) places.push_back(i);
+  }
+  std::vector<bool> counts(lines.size());
+  for (std::size_t i = 1; i < places.size(); ++i) {
+    if (numbered[places[i]].number != numbered[places[i - 1]].number + 1) continue;
+    counts[places[i - 1]] = counts[places[i]] = true;
+  }
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    result.append(counts[i] ? numbered[i].rest : lines[i].text).append(lines[i].ending);
+  }
+  return result;
 }
 
 std::string joinWith(std::string_view text, std::string_view glue) {
@@ -102,15 +132,22 @@ std::string joinWith(std::string_view text, std::string_view glue) {
 std::string joinLines(std::string_view text) { return joinWith(text, " "); }
 std::string joinLinesWithCommas(std::string_view text) { return joinWith(text, ", "); }
 
+/// A field in quotation marks (RFC 4180) keeps its commas and loses the marks.
 std::string commasToLines(std::string_view text) {
   return mapLines(text, [ending = std::string(lineEnding(text))](std::string_view line) {
     std::string result;
-    for (std::size_t position = 0;;) {
-      const std::size_t comma = line.find(',', position);
-      result.append(trimmed(line.substr(position, comma - position)));
-      if (comma == std::string_view::npos) return result;
+    for (std::size_t position = 0;; ++position) {
+      position += line.size() - position - trimmedStart(line.substr(position)).size();
+      if (const auto field = quotedField(line, position, ',')) {
+        result.append(field->text);
+        position = field->end;
+      } else {
+        const std::size_t comma = std::min(line.find(',', position), line.size());
+        result.append(trimmed(line.substr(position, comma - position)));
+        position = comma;
+      }
+      if (position >= line.size()) return result;
       result.append(ending);
-      position = comma + 1;
     }
   });
 }
@@ -160,24 +197,20 @@ std::string spaceParagraphs(std::string_view text) {
 }
 
 Result<std::string> sentencesToLines(std::string_view text) {
-  UErrorCode status = U_ZERO_ERROR;
-  const std::unique_ptr<icu::BreakIterator> breaks(
-      icu::BreakIterator::createSentenceInstance(icu::Locale::getRoot(), status));
-  if (U_FAILURE(status)) return Error{"the rules for sentences are missing on this machine"};
   const std::string ending(lineEnding(text));
-  return mapLines(text, [&](std::string_view line) {
-    const icu::UnicodeString words = unicodeString(line);
-    breaks->setText(words);
-    std::string result;
-    int32_t start = breaks->first();
-    for (int32_t end = breaks->next(); end != icu::BreakIterator::DONE; end = breaks->next()) {
-      const std::string sentence = utf8String(words.tempSubStringBetween(start, end));
-      if (!result.empty()) result.append(ending);
-      result.append(trimmedEnd(sentence));
-      start = end;
+  std::string result;
+  for (const TextLine& line : textLines(text)) {
+    const Result<std::vector<std::size_t>> lengths = sentenceLengths(line.text);
+    if (!lengths) return lengths.error();
+    std::string_view rest = line.text;
+    for (const std::size_t length : *lengths) {
+      result.append(trimmedEnd(rest.substr(0, length)));
+      rest.remove_prefix(length);
+      if (!rest.empty()) result.append(ending);
     }
-    return result;
-  });
+    result.append(line.ending);
+  }
+  return result;
 }
 
 }  // namespace

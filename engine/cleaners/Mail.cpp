@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
+
 #include "engine/cleaners/Cleaner.h"
 #include "engine/cleaners/CodePoints.h"
 #include "engine/cleaners/Paragraphs.h"
@@ -37,10 +39,63 @@ std::string rewrapQuoted(std::string_view text) {
   return wrapped(unwrapped(text, QuotedLines::join), 72);
 }
 
+/// What mail programs put above a quotation, such as "On Tue, Jo <jo@example.org> wrote:", begins
+/// with the first and has the second in it.
+struct Attribution {
+  std::string_view start;
+  std::string_view verb;
+};
+constexpr Attribution attributions[] = {
+    {"On ", "wrote"},      {"Am ", "schrieb"},  {"Le ", "a écrit"}, {"El ", "escribió"},
+    {"Il ", "ha scritto"}, {"Em ", "escreveu"}, {"Op ", "schreef"}, {"Den ", "skrev"}};
+
+/// A line without that start may be one too, such as "Jo Fox wrote:".
+bool isShortAttribution(std::string_view line) {
+  constexpr std::size_t longest = 60;
+  return (line.size() <= longest || line.find('@') != std::string_view::npos) &&
+         std::any_of(std::begin(attributions), std::end(attributions), [&](const auto& known) {
+           return line.find(known.verb) != std::string_view::npos;
+         });
+}
+
+bool isLongAttribution(std::string_view words) {
+  return std::any_of(std::begin(attributions), std::end(attributions), [&](const auto& known) {
+    return words.starts_with(known.start) && words.find(known.verb) != std::string_view::npos;
+  });
+}
+
+/// Where the attribution begins that ends with the last of the lines before `end`, which may be
+/// wrapped over three lines; `end` where there is none.
+std::size_t attributionStart(const std::vector<TextLine>& lines, std::size_t end) {
+  constexpr std::size_t mostLines = 3;
+  if (end == 0 || !trimmed(lines[end - 1].text).ends_with(':')) return end;
+  std::string words;
+  for (std::size_t count = 1; count <= std::min(mostLines, end); ++count) {
+    const std::string_view line = trimmed(lines[end - count].text);
+    if (line.empty()) break;
+    words = std::string(line).append(" ").append(words);
+    if (isLongAttribution(words)) return end - count;
+  }
+  return isShortAttribution(trimmed(lines[end - 1].text)) ? end - 1 : end;
+}
+
+/// A quotation goes with the line that says whose it is.
 std::string removeQuoted(std::string_view text) {
+  const std::vector<TextLine> lines = textLines(text);
+  std::vector<bool> goes(lines.size());
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    goes[i] = lineStart(lines[i].text).quoteDepth > 0;
+    if (!goes[i] || (i > 0 && goes[i - 1])) continue;
+    std::size_t end = i;
+    while (end > 0 && i - end < 2 && lines[end - 1].isBlank()) --end;
+    const std::size_t start = attributionStart(lines, end);
+    if (start < end)
+      std::fill(goes.begin() + static_cast<std::ptrdiff_t>(start),
+                goes.begin() + static_cast<std::ptrdiff_t>(i), true);
+  }
   std::string result;
-  for (const TextLine& line : textLines(text)) {
-    if (lineStart(line.text).quoteDepth == 0) result.append(line.text).append(line.ending);
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (!goes[i]) result.append(lines[i].text).append(lines[i].ending);
   }
   return result;
 }

@@ -19,9 +19,10 @@ LineStart lineStart(std::string_view line);
 
 enum class QuotedLines { stay, join };
 
-/// Joins the lines of hard-wrapped paragraphs. Blank lines, list items, headings, rules, tables,
-/// code (indented by four or more outside a list) and lines of another depth of quotation stay
-/// apart.
+/// Joins the lines of hard-wrapped paragraphs, and words that were parted there. Blank lines, list
+/// items, lists of references, page numbers, fields ("From: ..."), headings, rules, tables, code
+/// (fenced, or indented by four or more outside a list) and lines of another depth of quotation
+/// stay apart.
 std::string unwrapped(std::string_view text, QuotedLines quotedLines);
 
 /// Breaks lines longer than the width (in characters) at blanks. What continues a list item is

@@ -6,10 +6,13 @@
 
 namespace qf {
 
-std::string straightQuotes(std::string_view text);
-/// No blank before a comma, stop, colon, semicolon, mark or closing bracket, none after an opening
-/// one. Numbers such as ".5", options such as "-x" and dots in a row are left alone.
-std::string tidyPunctuationSpacing(std::string_view text);
+/// French has a blank before ";", ":", "!" and "?".
+enum class MarksToTidy { all, commasAndStops };
+
+/// No blank before a comma, stop or other such mark nor before a closing bracket, none after an
+/// opening one. Numbers such as ".5", options such as "-x", dots in a row and faces such as ":)"
+/// are left alone.
+std::string tidyPunctuationSpacing(std::string_view text, MarksToTidy marksToTidy);
 /// Letters joined in one character, such as the one for "ffi", part again.
 std::string expandLigatures(std::string_view text);
 

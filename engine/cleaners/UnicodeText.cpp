@@ -7,12 +7,14 @@
 
 #include <algorithm>
 #include <memory>
-#include <mutex>
+#include <unordered_map>
 
 #include "engine/cleaners/Cleaner.h"
 #include "engine/cleaners/CodePoints.h"
 #include "engine/cleaners/Escapes.h"
 #include "engine/cleaners/Invisible.h"
+#include "engine/cleaners/PlainCharacters.h"
+#include "engine/cleaners/Quotes.h"
 
 namespace qf {
 namespace {
@@ -116,14 +118,27 @@ std::size_t emojiLength(const std::vector<char32_t>& text, std::size_t start) {
   }
 }
 
+/// Of the blanks around an emoji one goes with it; at an end of a line both do.
 std::string removeEmoji(std::string_view text) {
   const std::vector<char32_t> characters = codePoints(text);
+  const auto at = [&](std::size_t index) {
+    return index < characters.size() ? characters[index] : U'\n';
+  };
   std::string result;
   result.reserve(text.size());
   for (std::size_t i = 0; i < characters.size();) {
     const std::size_t length = emojiLength(characters, i);
-    if (length == 0) appendCodePoint(result, characters[i]);
-    i += std::max<std::size_t>(length, 1);
+    if (length == 0) {
+      appendCodePoint(result, characters[i++]);
+      continue;
+    }
+    i += length;
+    const bool afterBlank = result.empty() || result.back() == ' ' || result.back() == '\n';
+    if (afterBlank && at(i) == ' ') {
+      ++i;
+    } else if ((at(i) == '\n' || at(i) == '\r') && result.ends_with(' ')) {
+      result.pop_back();
+    }
   }
   return result;
 }
@@ -182,16 +197,33 @@ std::string mendMojibake(std::string_view text) {
   return result;
 }
 
-/// Letters of every script in Latin ones, and those without accents: the rules of CLDR. A word that
-/// is ASCII already is not looked at. Words go one by one, since the time for a long text grows
-/// with its square.
-Result<std::string> transliterateToASCII(std::string_view text) {
+/// Signs with a plain form, quotes and dashes; emoji and what shows nothing go.
+std::string withPlainSigns(std::string_view text) {
+  return replaceCharacters(
+      straightQuotes(removeInvisible(removeEmoji(text))), [](char32_t character) -> const char* {
+        if (character < 0x80) return nullptr;
+        if (u_hasBinaryProperty(static_cast<UChar32>(character), UCHAR_JOIN_CONTROL) ||
+            u_hasBinaryProperty(static_cast<UChar32>(character), UCHAR_BIDI_CONTROL)) {
+          return "";
+        }
+        for (const auto lookup : {plainGuillemet, plainDash, plainMark, plainSymbol}) {
+          if (const char* plain = lookup(character)) return plain;
+        }
+        return isBlank(character) ? " " : nullptr;
+      });
+}
+
+/// ICU's rules (those of CLDR), applied word by word, since the time for a long text grows with its
+/// square. A word that is ASCII already is not looked at, one that came before is remembered.
+Result<std::string> transliterated(std::string_view text, const char* rules) {
   constexpr std::size_t longestPiece = 256;
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<icu::Transliterator> transliterator(
-      icu::Transliterator::createInstance("Any-Latin; Latin-ASCII", UTRANS_FORWARD, status));
+      icu::Transliterator::createInstance(rules, UTRANS_FORWARD, status));
   if (U_FAILURE(status)) return Error{"the rules for transliteration are missing on this machine"};
+  std::unordered_map<std::string_view, std::string> known;
   std::string result;
+  result.reserve(text.size());
   for (std::size_t start = 0, position = 0; start < text.size(); start = position) {
     bool isASCII = true, ends = false;
     while (!ends && position < text.size()) {
@@ -204,11 +236,29 @@ Result<std::string> transliterateToASCII(std::string_view text) {
       result.append(piece);
       continue;
     }
-    icu::UnicodeString characters = unicodeString(piece);
-    transliterator->transliterate(characters);
-    result.append(utf8String(characters));
+    const auto [word, isNew] = known.try_emplace(piece);
+    if (isNew) {
+      icu::UnicodeString characters = unicodeString(piece);
+      transliterator->transliterate(characters);
+      word->second = utf8String(characters);
+    }
+    result.append(word->second);
   }
   return result;
+}
+
+/// Letters of every script in Latin ones, and those without accents.
+Result<std::string> transliterateToASCII(std::string_view text) {
+  return transliterated(withPlainSigns(text), "Any-Latin; Latin-ASCII");
+}
+
+/// What has a plain form keeps it; letters of other scripts go.
+Result<std::string> removeNonASCII(std::string_view text) {
+  Result<std::string> result = transliterated(withPlainSigns(text), "Latin-ASCII");
+  if (!result) return result;
+  std::string plain = *std::move(result);
+  std::erase_if(plain, [](char byte) { return static_cast<unsigned char>(byte) > 0x7F; });
+  return plain;
 }
 
 std::string halfWidth(std::string_view text) {
@@ -216,12 +266,6 @@ std::string halfWidth(std::string_view text) {
     if (character >= 0xFF01 && character <= 0xFF5E) return character - 0xFF01 + '!';
     return character == 0x3000 ? U' ' : character;
   });
-}
-
-std::string removeNonASCII(std::string_view text) {
-  std::string result(text);
-  std::erase_if(result, [](char byte) { return static_cast<unsigned char>(byte) > 0x7F; });
-  return result;
 }
 
 }  // namespace

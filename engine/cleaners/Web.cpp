@@ -2,9 +2,12 @@
 #include <md4c-html.h>
 
 #include <QByteArray>
+#include <algorithm>
 
 #include "engine/cleaners/Cleaner.h"
 #include "engine/cleaners/CodePoints.h"
+#include "engine/cleaners/Escapes.h"
+#include "engine/cleaners/HTMLElements.h"
 #include "engine/cleaners/HTMLReader.h"
 #include "engine/cleaners/HTMLTextWriter.h"
 #include "engine/cleaners/TextLines.h"
@@ -27,20 +30,44 @@ Result<std::string> htmlToMarkdown(std::string_view text) {
   return htmlTo(HTMLTextWriter::Form::markdown, text);
 }
 
-/// Keeps the text between tags as it stands.
+/// Keeps the text between tags as it stands. Where a block begins or ends a line does, too, and a
+/// tab parts the cells of a table.
 class TagStripper : public HTMLHandler {
  public:
-  void startElement(std::string_view name, const Attributes&) override { _hidden += hides(name); }
-  void endElement(std::string_view name) override { _hidden -= hides(name); }
+  void startElement(std::string_view name, const Attributes&) override {
+    _hidden += hides(name);
+    part(name);
+  }
+  void endElement(std::string_view name) override {
+    _hidden -= hides(name);
+    if (name != "br" && name != "hr") part(name);
+  }
   void text(std::string_view text) override {
-    if (_hidden == 0) result.append(text);
+    if (_hidden > 0) return;
+    const bool isOnLine = !result.empty() && result.back() != '\n';
+    if (_due != 0 && isOnLine && !text.starts_with('\n') && !text.starts_with('\r')) {
+      result.push_back(_due);
+    }
+    result.append(text);
+    _due = 0;
   }
 
   std::string result;
 
  private:
   static bool hides(std::string_view name) { return name == "script" || name == "style"; }
+
+  void part(std::string_view name) {
+    if (isBlockElement(name) || isParagraphElement(name) || name == "br" || name == "hr" ||
+        name == "li") {
+      _due = '\n';
+    } else if ((name == "td" || name == "th") && _due == 0) {
+      _due = '\t';
+    }
+  }
+
   int _hidden = 0;
+  char _due = 0;  ///< what parts the next text from the one before
 };
 
 Result<std::string> stripTags(std::string_view text) {
@@ -49,13 +76,33 @@ Result<std::string> stripTags(std::string_view text) {
   return std::move(stripper.result);
 }
 
-/// CommonMark with tables, struck-out text and bare links.
+/// CommonMark would take a note ("[^1]: words") for the address of a link. Each becomes a paragraph
+/// that begins with its mark, as do the marks in the text stay.
+std::string withPlainFootnotes(std::string_view text) {
+  if (text.find("[^") == std::string_view::npos) return std::string(text);
+  std::string result;
+  bool inFence = false, afterBlank = true;
+  for (const TextLine& line : textLines(text)) {
+    const std::string_view words = trimmedStart(line.text);
+    const bool isFence = words.starts_with("```") || words.starts_with("~~~");
+    inFence = inFence != isFence;
+    const bool isNote =
+        !inFence && line.text.starts_with("[^") && line.text.find("]:") != std::string_view::npos;
+    if (isNote) result.append(afterBlank ? "" : lineEnding(text)).push_back('\\');
+    result.append(line.text).append(line.ending);
+    afterBlank = words.empty();
+  }
+  return result;
+}
+
+/// CommonMark with tables, struck-out text, tasks, bare links, and footnotes.
 Result<std::string> markdownToHTML(std::string_view text) {
   std::string result;
   const auto append = [](const MD_CHAR* piece, MD_SIZE size, void* target) {
     static_cast<std::string*>(target)->append(piece, size);
   };
-  const int failed = md_html(text.data(), static_cast<MD_SIZE>(text.size()), append, &result,
+  const std::string source = withPlainFootnotes(text);
+  const int failed = md_html(source.data(), static_cast<MD_SIZE>(source.size()), append, &result,
                              MD_DIALECT_GITHUB, MD_HTML_FLAG_SKIP_UTF8_BOM);
   if (failed) return Error{"it cannot be read as Markdown"};
   return result;
@@ -106,10 +153,18 @@ std::string percentEncode(std::string_view text) {
       .toStdString();
 }
 
+/// A sign that begins no escape stays.
 Result<std::string> percentDecode(std::string_view text) {
-  std::string result =
-      QByteArray::fromPercentEncoding({text.data(), static_cast<qsizetype>(text.size())})
-          .toStdString();
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t position = 0; position < text.size();) {
+    const std::size_t sign = std::min(text.find('%', position), text.size());
+    result.append(text.substr(position, sign - position));
+    if (sign == text.size()) break;
+    const int byte = hexByte(text.substr(sign + 1));
+    result.push_back(byte < 0 ? '%' : static_cast<char>(byte));
+    position = sign + (byte < 0 ? 1 : 3);
+  }
   if (!isValidUTF8(result)) return Error{"what its escapes stand for is no text in UTF-8"};
   return result;
 }

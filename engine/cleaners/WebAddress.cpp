@@ -56,21 +56,6 @@ std::string_view withoutSentenceEnd(std::string_view address) {
   return address;
 }
 
-bool isTracking(std::string_view parameter) {
-  static constexpr std::array<std::string_view, 5> prefixes = {"utm_", "hsa_", "pk_", "mtm_",
-                                                               "matomo_"};
-  static constexpr std::array<std::string_view, 30> names = {
-      "_ga",     "_gl",         "_hsenc",     "_hsmi",   "_openstat", "dclid",
-      "fbclid",  "gad_source",  "gbraid",     "gclid",   "gclsrc",    "igsh",
-      "igshid",  "li_fat_id",   "mc_cid",     "mc_eid",  "mkt_tok",   "ml_subscriber_hash",
-      "msclkid", "oly_anon_id", "oly_enc_id", "ref_src", "ref_url",   "rb_clickid",
-      "s_cid",   "ttclid",      "twclid",     "vero_id", "wbraid",    "yclid"};
-  const std::string name = lowercased(parameter.substr(0, parameter.find('=')));
-  return std::any_of(prefixes.begin(), prefixes.end(),
-                     [&](std::string_view prefix) { return name.starts_with(prefix); }) ||
-         std::find(names.begin(), names.end(), name) != names.end();
-}
-
 }  // namespace
 
 TextPart findWebAddress(std::string_view text, std::size_t position) {
@@ -91,24 +76,6 @@ TextPart findWebAddress(std::string_view text, std::size_t position) {
     position = end;
   }
   return {text.size(), 0};
-}
-
-std::string withoutTracking(std::string_view address) {
-  const std::size_t fragment = std::min(address.find('#'), address.size());
-  const std::size_t query = address.find('?');
-  if (query >= fragment) return std::string(address);
-  std::string kept;
-  const std::string_view parameters = address.substr(query + 1, fragment - query - 1);
-  for (std::size_t position = 0; position <= parameters.size();) {
-    const std::size_t end = std::min(parameters.find('&', position), parameters.size());
-    const std::string_view parameter = parameters.substr(position, end - position);
-    if (!isTracking(parameter)) {
-      kept.append(kept.empty() ? "?" : "&").append(parameter);
-    }
-    position = end + 1;
-  }
-  if (kept == "?") kept.clear();
-  return std::string(address.substr(0, query)).append(kept).append(address.substr(fragment));
 }
 
 }  // namespace qf
