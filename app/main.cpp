@@ -70,6 +70,7 @@ int main(int argc, char** argv) {
                          .name = "quenfold-menu",
                          .version = QF_VERSION,
                          .activationPolicy = qf::ActivationPolicy::accessory,
+                         .engineIdentifier = qf::engineBundleIdentifier,
                      });
   if (!host.registerOnlyInstance()) return 0;
   // A hot key or the palette may ask for the current group before the menu has opened once.

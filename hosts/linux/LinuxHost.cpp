@@ -4,10 +4,13 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QIcon>
+#include <QTimer>
+#include <chrono>
 #include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "foundation/Log.h"
@@ -42,13 +45,19 @@
 #include "hosts/qt/QtPaletteWindows.h"
 #include "hosts/qt/QtSound.h"
 #include "hosts/qt/QtStatusBar.h"
+#include "hosts/qt/QtText.h"
 #include "hosts/qt/Reasons.h"
+#include "hosts/qt/ServiceNames.h"
 #include "hosts/qt/Translations.h"
 
 namespace qf {
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr const char* iconName = "org.quenfold.Quenfold";
+// A panel may start after the agent when a session begins.
+constexpr auto trayPatience = 10s;
 
 std::filesystem::path programFolder() {
   return QCoreApplication::applicationDirPath().toStdString();
@@ -76,8 +85,9 @@ struct LinuxHost::Core {
 
 struct LinuxHost::Backends {
   explicit Backends(Core& core)
-      : crashReporter(std::string(core.program.name), std::string(core.program.version)),
-        userDefaults(core.program.bundleIdentifier),
+      : program(core.program),
+        crashReporter(std::string(program.name), std::string(program.version)),
+        userDefaults(program.bundleIdentifier),
         appleEvents(core.applications),
         distributedNotificationCenter(core.bus),
         workspace(core.applications, {.programFolder = programFolder()}),
@@ -85,7 +95,8 @@ struct LinuxHost::Backends {
         hotKeys(mainQueue),
         keyboardLayout(hotKeys.keyboard()),
         symbolicHotKeys(core.bus, hotKeys.keyboard()),
-        paletteWindows(panelSystem, [this] { return paletteTakesKeyboard(); }),
+        paletteWindows(panelSystem, {.takesKeyboard = [this] { return paletteTakesKeyboard(); },
+                                     .fault = [this] { return installationFault(); }}),
         servicesMenu(core.bus, pasteboards),
         traySystem(core.bus),
         statusBar(traySystem),
@@ -127,25 +138,57 @@ struct LinuxHost::Backends {
       if (!isTold || status != AppleEventStatus::processNotFound)
         note(Availability::unavailable(reason), engineOutcome);
     });
+    workspace.observeActivation([this] { showFaults(); });
     for (const auto& [name, availability] : states()) {
       if (!availability.isAvailable) log(name + ": " + availability.reason);
     }
+    // Once the main loop runs and hot keys are registered.
+    QTimer::singleShot(0, &statusBar, [this] {
+      showFaults();
+      if (const auto state = installation(); !state.isAvailable) tell("Installation", state);
+    });
+    QTimer::singleShot(trayPatience, &statusBar, [this, &application = core.application] {
+      const Availability tray = statusBar.availability();
+      if (tray.isAvailable) return;
+      tell("StatusBar", tray);
+      application.reopen();
+    });
   }
 
   std::map<std::string, Availability> states() const {
-    std::map<std::string, Availability> result{
+    auto result = services();
+    result.emplace("StatusBar", statusBar.availability());
+    if (const Availability outcome = latestOutcome(); !outcome.isAvailable)
+      result.emplace("LatestCommand", outcome);
+    return result;
+  }
+
+  // Those that answer without asking another process.
+  std::map<std::string, Availability> services() const {
+    return {
         {"Accessibility", accessibility.availability()},
         {"AppleEvents", appleEvents.availability()},
         {"DistributedNotifications", distributedNotificationCenter.availability()},
         {"HotKeys", hotKeys.availability()},
+        {"Installation", installation()},
         {"KeyboardLayout", keyboardLayout.availability()},
         {"Pasteboard", pasteboards.generalPasteboard().availability()},
-        {"StatusBar", statusBar.availability()},
         {"Workspace", workspace.availability()},
     };
-    if (const Availability outcome = latestOutcome(); !outcome.isAvailable)
-      result.emplace("LatestCommand", outcome);
-    return result;
+  }
+
+  Availability installation() const {
+    const auto resources = XdgBundle::resourcesFolder();
+    std::error_code unknown;
+    if (!std::filesystem::is_directory(resources, unknown)) {
+      return Availability::unavailable("files of Quenfold are missing in " + resources.string() +
+                                       "; install Quenfold again");
+    }
+    if (!workspace.URLForApplicationWithBundleIdentifier(program.engineIdentifier)) {
+      return Availability::unavailable(
+          "the engine of Quenfold is not installed; install Quenfold again");
+    }
+    return Availability::available();
   }
 
   bool paletteTakesKeyboard() {
@@ -162,13 +205,40 @@ struct LinuxHost::Backends {
   void note(const Availability& outcome, Availability& latest) {
     if (outcome.isAvailable && latest.isAvailable) return;
     latest = outcome;
-    const auto text = [](const Availability& state) {
-      return reasonText(QString::fromStdString(state.reason)).toStdString();
-    };
-    statusBar.setNotice(text(latestOutcome()));
+    showFaults();
     if (!outcome.isAvailable) notice.tell(text(outcome));
   }
 
+  // What does not work, where a person looks for it: over the icon and in its menu.
+  void showFaults() {
+    QStringList faults;
+    for (const auto& [name, state] : services()) {
+      if (!state.isAvailable) faults << namedFault(name, state);
+    }
+    if (!latestOutcome().isAvailable) faults << toQString(text(latestOutcome()));
+    statusBar.setNotice(faults.join('\n'));
+    statusBar.setMenuNote(installationFault());
+  }
+
+  void tell(std::string_view service, const Availability& state) {
+    notice.tell(namedFault(service, state).toStdString());
+  }
+
+  static QString namedFault(std::string_view service, const Availability& state) {
+    return serviceName(toQString(service)) + ": " + toQString(text(state));
+  }
+
+  QString installationFault() const {
+    QString fault = toQString(text(installation()));
+    if (!fault.isEmpty()) fault.front() = fault.front().toUpper();
+    return fault;
+  }
+
+  static std::string text(const Availability& state) {
+    return reasonText(toQString(state.reason)).toStdString();
+  }
+
+  const Program program;
   LocalCrashReporter crashReporter;
   XdgBundle bundle;
   XdgFileManager fileManager;

@@ -21,6 +21,7 @@ class LinuxHost {
     std::string_view name;
     std::string_view version;
     ActivationPolicy activationPolicy;
+    std::string_view engineIdentifier;  ///< of the program that cleans
   };
 
   /// Whether there is a desktop for windows. Asked before a host is made, which would end the

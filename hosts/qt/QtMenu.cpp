@@ -78,6 +78,10 @@ void QtMenu::prepare() {
     _model->delegate->menuWillOpen(*_model);
   }
   setFont(fontFor(_model->font, font()));
+  if (!_note.isEmpty()) {
+    addRow(std::make_shared<MenuItem>(_note.toStdString(), "", ""));
+    addSeparator();
+  }
   for (const MenuItemRef& item : _model->items()) addRow(item);
   makeRoomForRows();
 }

@@ -16,6 +16,8 @@ class QtMenu final : public QMenu {
  public:
   explicit QtMenu(std::shared_ptr<Menu> model, QWidget* parent = nullptr);
 
+  /// Heads the menu as an item that cannot be picked; empty for none. Before it opens.
+  void setNote(const QString& note) { _note = note; }
   /// Opens below the place, or above it where there is more room, and goes when it has closed. A
   /// menu without items is not opened and goes at once.
   void openBeside(const QRect& place);
@@ -37,6 +39,7 @@ class QtMenu final : public QMenu {
   void makeRoomForRows();
 
   std::shared_ptr<Menu> _model;
+  QString _note;
   QHash<const QAction*, Row> _rows;
   int _keyEquivalentWidth = 0;
 };

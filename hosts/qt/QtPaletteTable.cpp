@@ -198,9 +198,9 @@ void QtPaletteTable::paintEvent(QPaintEvent* /*event*/) {
   for (const ShownRow& shown : shownRows()) drawRow(painter, shown.row);
   // Cells overlap: the highlighted one lies above its neighbours.
   if (_isHighlightShown && !cellRect(_highlightedRow).isEmpty()) drawRow(painter, _highlightedRow);
-  if (rowCount() == 0) {
+  if (rowCount() == 0 && _emptyText) {
     painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8),
-                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, tr("No cleaner found"));
+                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, _emptyText());
   }
 }
 

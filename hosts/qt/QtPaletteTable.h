@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "host/PaletteWindow.h"
@@ -19,6 +21,9 @@ class QtPaletteTable final : public QAbstractScrollArea, public PaletteTableView
   enum class Move { up, down, pageUp, pageDown, first, last };
 
   QtPaletteTable(PaletteTableSource& source, QWidget* parent);
+
+  /// What a table without rows says; asked each time it is drawn.
+  void setEmptyText(std::function<QString()> text) { _emptyText = std::move(text); }
 
   double rowHeight() const override;
   void setIntercellSpacing(Size spacing) override;
@@ -79,6 +84,7 @@ class QtPaletteTable final : public QAbstractScrollArea, public PaletteTableView
   void tellAboutHighlight();
 
   PaletteTableSource& _source;
+  std::function<QString()> _emptyText;
   Size _spacing;
   std::optional<std::size_t> _selectedRow;
   int _highlightedRow = -1;

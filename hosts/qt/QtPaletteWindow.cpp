@@ -69,11 +69,11 @@ bool isReturn(const QKeyEvent& event) {
 }  // namespace
 
 QtPaletteWindow::QtPaletteWindow(PaletteWindowDelegate& delegate, PanelSystem& panelSystem,
-                                 std::function<bool()> takesKeyboard)
+                                 PaletteQuestions ask)
     : QWidget(nullptr, panelFlags),
       _delegate(delegate),
       _panelSystem(panelSystem),
-      _takesKeyboard(std::move(takesKeyboard)),
+      _ask(std::move(ask)),
       _table(delegate, this) {
   setAttribute(Qt::WA_ShowWithoutActivating);
   setAttribute(Qt::WA_MacAlwaysShowToolWindow);
@@ -82,6 +82,7 @@ QtPaletteWindow::QtPaletteWindow(PaletteWindowDelegate& delegate, PanelSystem& p
   _personsFrame = firstFrame();
   _toldFrame = _personsFrame;
 
+  _table.setEmptyText([this] { return emptyText(); });
   connect(&_table, &QtPaletteTable::pressed, this, [this] { _delegate.apply(); });
   connect(&_editGroupButton, &QPushButton::clicked, this, [this] { _delegate.editGroup(); });
   connect(&_searchField, &QLineEdit::textChanged, this, [this] {
@@ -149,7 +150,7 @@ void QtPaletteWindow::orderFront() {
     show();
   }
   raise();
-  if (_takesKeyboard()) takeKeyboard();
+  if (_ask.takesKeyboard()) takeKeyboard();
 }
 
 void QtPaletteWindow::orderOut() {
@@ -237,6 +238,12 @@ void QtPaletteWindow::cancel() {
   } else {
     _searchField.clear();
   }
+}
+
+QString QtPaletteWindow::emptyText() const {
+  if (!_searchField.text().isEmpty()) return tr("No cleaner found");
+  const QString fault = _ask.fault();
+  return fault.isEmpty() ? tr("This group is empty") : fault;
 }
 
 std::string QtPaletteWindow::stringValue() const { return _searchField.text().toStdString(); }

@@ -5,9 +5,9 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QWidget>
-#include <functional>
 
 #include "host/PaletteWindow.h"
+#include "hosts/qt/PaletteQuestions.h"
 #include "hosts/qt/PanelTitle.h"
 #include "hosts/qt/QtPaletteTable.h"
 #include "hosts/qt/QtPopUpButton.h"
@@ -23,8 +23,7 @@ class QtPaletteWindow final : public QWidget, public PaletteWindow, private Pale
   Q_OBJECT
 
  public:
-  QtPaletteWindow(PaletteWindowDelegate& delegate, PanelSystem& panelSystem,
-                  std::function<bool()> takesKeyboard);
+  QtPaletteWindow(PaletteWindowDelegate& delegate, PanelSystem& panelSystem, PaletteQuestions ask);
 
   bool isVisible() const override { return QWidget::isVisible(); }
   void orderFront() override;
@@ -59,11 +58,12 @@ class QtPaletteWindow final : public QWidget, public PaletteWindow, private Pale
   void tellAboutFrame();
   bool handleSearchKey(const QKeyEvent& event);
   void cancel();
+  QString emptyText() const;
   QRect frame() const { return {pos(), size()}; }
 
   PaletteWindowDelegate& _delegate;
   PanelSystem& _panelSystem;
-  std::function<bool()> _takesKeyboard;
+  PaletteQuestions _ask;
   PanelTitle _title{"Quenfold", this};
   QtPopUpButton _namePopup{this};
   QPushButton _editGroupButton{this};

@@ -8,13 +8,13 @@
 
 namespace qf {
 
-QtPaletteWindows::QtPaletteWindows(PanelSystem& panelSystem, std::function<bool()> takesKeyboard)
-    : _panelSystem(panelSystem), _takesKeyboard(std::move(takesKeyboard)) {
+QtPaletteWindows::QtPaletteWindows(PanelSystem& panelSystem, PaletteQuestions ask)
+    : _panelSystem(panelSystem), _ask(std::move(ask)) {
   showPaletteToAccessibility();
 }
 
 std::unique_ptr<PaletteWindow> QtPaletteWindows::makeWindow(PaletteWindowDelegate& delegate) {
-  return std::make_unique<QtPaletteWindow>(delegate, _panelSystem, _takesKeyboard);
+  return std::make_unique<QtPaletteWindow>(delegate, _panelSystem, _ask);
 }
 
 }  // namespace qf

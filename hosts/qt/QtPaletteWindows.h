@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <functional>
 #include <string_view>
 
 #include "host/PaletteWindow.h"
+#include "hosts/qt/PaletteQuestions.h"
 
 namespace qf {
 
@@ -15,15 +15,14 @@ inline constexpr std::string_view paletteTakesKeyboardDefault = "PaletteTakesKey
 
 class QtPaletteWindows final : public PaletteWindows {
  public:
-  /// The panel system outlives the windows. `takesKeyboard` is asked each time one appears: whether
-  /// it then takes the keyboard.
-  QtPaletteWindows(PanelSystem& panelSystem, std::function<bool()> takesKeyboard);
+  /// The panel system outlives the windows.
+  QtPaletteWindows(PanelSystem& panelSystem, PaletteQuestions ask);
 
   std::unique_ptr<PaletteWindow> makeWindow(PaletteWindowDelegate& delegate) override;
 
  private:
   PanelSystem& _panelSystem;
-  std::function<bool()> _takesKeyboard;
+  PaletteQuestions _ask;
 };
 
 }  // namespace qf

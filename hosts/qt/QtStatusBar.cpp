@@ -11,15 +11,17 @@ QtStatusBar::QtStatusBar(TraySystem& traySystem) : _traySystem(traySystem) {
 
 Availability QtStatusBar::availability() const {
   if (_traySystem.hasTray()) return Availability::available();
-  return Availability::unavailable("no tray on this desktop");
+  return Availability::unavailable(
+      "no tray on this desktop for the icon; use the palette, or add a tray to a panel");
 }
 
 std::unique_ptr<StatusItem> QtStatusBar::statusItemWithLength(double /*length*/) {
   return std::make_unique<QtStatusItem>(*this);
 }
 
-void QtStatusBar::setNotice(const std::string& notice) {
-  _notice = QString::fromStdString(notice);
+void QtStatusBar::setNotice(const QString& notice) {
+  if (_notice == notice) return;
+  _notice = notice;
   emit toolTipChanged();
 }
 

@@ -20,10 +20,12 @@ class QtStatusBar final : public QObject, public StatusBar {
   Availability availability() const override;
   std::unique_ptr<StatusItem> statusItemWithLength(double length) override;
 
-  /// What the pointer is told over the items: the program's name, and below it what went wrong
-  /// last.
-  void setNotice(const std::string& notice);
+  /// The tool tip of the items: the program's name, and below it the notice.
+  void setNotice(const QString& notice);
   QString toolTip() const;
+  /// Heads the menus that open from now on, as an item that cannot be picked; empty for none.
+  void setMenuNote(const QString& note) { _menuNote = note; }
+  const QString& menuNote() const { return _menuNote; }
   const TraySystem& traySystem() const { return _traySystem; }
 
  signals:
@@ -33,6 +35,7 @@ class QtStatusBar final : public QObject, public StatusBar {
  private:
   TraySystem& _traySystem;
   QString _notice;
+  QString _menuNote;
 };
 
 }  // namespace qf

@@ -59,6 +59,7 @@ void QtStatusItem::setEnabled(bool enabled) {
 void QtStatusItem::openMenu() {
   if (_model == nullptr || !_isEnabled || _openMenu) return;
   _openMenu = new QtMenu(unowned(_model));
+  _openMenu->setNote(_statusBar.menuNote());
   // A panel on the bus does not say where it shows the icon.
   const QRect geometry = _icon->geometry();
   if (geometry.isEmpty()) lookAtPanel();

@@ -11,7 +11,12 @@ namespace {
 // As services, applications that were not reached, and cleaners word them.
 // NOLINTBEGIN(bugprone-suspicious-missing-comma): long sentences stand on several lines
 constexpr const char* known[] = {
-    QT_TRANSLATE_NOOP("qf::Reasons", "no tray on this desktop"),
+    QT_TRANSLATE_NOOP(
+        "qf::Reasons",
+        "no tray on this desktop for the icon; use the palette, or add a tray to a panel"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "the engine of Quenfold is not installed; install Quenfold again"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "files of Quenfold are missing in %1; install Quenfold again"),
     QT_TRANSLATE_NOOP("qf::Reasons", "another program holds %1; choose other keys here or there"),
     QT_TRANSLATE_NOOP("qf::Reasons", "this keyboard has no key for %1"),
     QT_TRANSLATE_NOOP("qf::Reasons",

@@ -438,13 +438,13 @@
         <source>Cleaners</source>
         <translation>المنظّفات</translation>
     </message>
+</context>
+<context>
+    <name>qf::QtPaletteWindow</name>
     <message>
         <source>No cleaner found</source>
         <translation>لم يُعثر على منظّف</translation>
     </message>
-</context>
-<context>
-    <name>qf::QtPaletteWindow</name>
     <message>
         <source>Edit…</source>
         <translation>تحرير…</translation>
@@ -461,6 +461,10 @@
         <source>Search cleaners</source>
         <translation>البحث في المنظّفات</translation>
     </message>
+    <message>
+        <source>This group is empty</source>
+        <translation>هذه المجموعة فارغة</translation>
+    </message>
 </context>
 <context>
     <name>qf::QtPopUpButton</name>
@@ -472,8 +476,8 @@
 <context>
     <name>qf::Reasons</name>
     <message>
-        <source>no tray on this desktop</source>
-        <translation>لا يوجد شريط نظام في سطح المكتب هذا</translation>
+        <source>no tray on this desktop for the icon; use the palette, or add a tray to a panel</source>
+        <translation>لا يوجد شريط نظام للأيقونة في سطح المكتب هذا؛ استخدم اللوحة أو أضف شريط نظام إلى شريط</translation>
     </message>
     <message>
         <source>another program holds %1; choose other keys here or there</source>
@@ -751,6 +755,14 @@
         <source>the settings file gives it no uuid, or one that is not its key</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>the engine of Quenfold is not installed; install Quenfold again</source>
+        <translation>محرك Quenfold غير مثبّت؛ أعد تثبيت Quenfold</translation>
+    </message>
+    <message>
+        <source>files of Quenfold are missing in %1; install Quenfold again</source>
+        <translation>ملفات Quenfold مفقودة في %1؛ أعد تثبيت Quenfold</translation>
+    </message>
 </context>
 <context>
     <name>qf::ReorderableList</name>
@@ -777,6 +789,57 @@
     <message>
         <source>Del</source>
         <translation>Del</translation>
+    </message>
+</context>
+<context>
+    <name>qf::ServiceNames</name>
+    <message>
+        <source>Text of other applications</source>
+        <translation>نصوص التطبيقات الأخرى</translation>
+    </message>
+    <message>
+        <source>Commands between menu and engine</source>
+        <translation>الأوامر بين القائمة والمحرك</translation>
+    </message>
+    <message>
+        <source>Your own cleaners and groups</source>
+        <translation>منظّفاتك ومجموعاتك</translation>
+    </message>
+    <message>
+        <source>News of changed settings</source>
+        <translation>أخبار تغيّر الإعدادات</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>الاختصارات</translation>
+    </message>
+    <message>
+        <source>Names of keys</source>
+        <translation>أسماء المفاتيح</translation>
+    </message>
+    <message>
+        <source>Latest command</source>
+        <translation>آخر أمر</translation>
+    </message>
+    <message>
+        <source>List of cleaners for the menu</source>
+        <translation>قائمة المنظّفات للقائمة</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>الحافظة</translation>
+    </message>
+    <message>
+        <source>Icon in the tray</source>
+        <translation>الأيقونة في شريط النظام</translation>
+    </message>
+    <message>
+        <source>Windows and applications</source>
+        <translation>النوافذ والتطبيقات</translation>
+    </message>
+    <message>
+        <source>Installed files</source>
+        <translation>الملفات المثبّتة</translation>
     </message>
 </context>
 <context>
@@ -844,50 +907,6 @@
 </context>
 <context>
     <name>qf::StatusPage</name>
-    <message>
-        <source>Text of other applications</source>
-        <translation>نصوص التطبيقات الأخرى</translation>
-    </message>
-    <message>
-        <source>Commands between menu and engine</source>
-        <translation>الأوامر بين القائمة والمحرك</translation>
-    </message>
-    <message>
-        <source>Your own cleaners and groups</source>
-        <translation>منظّفاتك ومجموعاتك</translation>
-    </message>
-    <message>
-        <source>News of changed settings</source>
-        <translation>أخبار تغيّر الإعدادات</translation>
-    </message>
-    <message>
-        <source>Shortcuts</source>
-        <translation>الاختصارات</translation>
-    </message>
-    <message>
-        <source>Names of keys</source>
-        <translation>أسماء المفاتيح</translation>
-    </message>
-    <message>
-        <source>Latest command</source>
-        <translation>آخر أمر</translation>
-    </message>
-    <message>
-        <source>List of cleaners for the menu</source>
-        <translation>قائمة المنظّفات للقائمة</translation>
-    </message>
-    <message>
-        <source>Clipboard</source>
-        <translation>الحافظة</translation>
-    </message>
-    <message>
-        <source>Icon in the tray</source>
-        <translation>الأيقونة في شريط النظام</translation>
-    </message>
-    <message>
-        <source>Windows and applications</source>
-        <translation>النوافذ والتطبيقات</translation>
-    </message>
     <message>
         <source>%1: works</source>
         <translation>%1: يعمل</translation>

@@ -438,13 +438,13 @@
         <source>Cleaners</source>
         <translation>Bereinigungen</translation>
     </message>
+</context>
+<context>
+    <name>qf::QtPaletteWindow</name>
     <message>
         <source>No cleaner found</source>
         <translation>Keine Bereinigung gefunden</translation>
     </message>
-</context>
-<context>
-    <name>qf::QtPaletteWindow</name>
     <message>
         <source>Edit…</source>
         <translation>Bearbeiten …</translation>
@@ -461,6 +461,10 @@
         <source>Search cleaners</source>
         <translation>Bereinigungen suchen</translation>
     </message>
+    <message>
+        <source>This group is empty</source>
+        <translation>Diese Gruppe ist leer</translation>
+    </message>
 </context>
 <context>
     <name>qf::QtPopUpButton</name>
@@ -472,8 +476,8 @@
 <context>
     <name>qf::Reasons</name>
     <message>
-        <source>no tray on this desktop</source>
-        <translation>dieser Desktop hat kein Panel für Symbole</translation>
+        <source>no tray on this desktop for the icon; use the palette, or add a tray to a panel</source>
+        <translation>auf diesem Desktop ist kein Platz für das Symbol; bitte die Palette verwenden oder einem Panel einen Benachrichtigungsbereich geben</translation>
     </message>
     <message>
         <source>another program holds %1; choose other keys here or there</source>
@@ -751,6 +755,14 @@
         <source>the settings file gives it no uuid, or one that is not its key</source>
         <translation>die Einstellungsdatei gibt ihm keine uuid oder eine andere als seinen Schlüssel</translation>
     </message>
+    <message>
+        <source>the engine of Quenfold is not installed; install Quenfold again</source>
+        <translation>die Engine von Quenfold ist nicht installiert; bitte Quenfold neu installieren</translation>
+    </message>
+    <message>
+        <source>files of Quenfold are missing in %1; install Quenfold again</source>
+        <translation>in %1 fehlen Dateien von Quenfold; bitte Quenfold neu installieren</translation>
+    </message>
 </context>
 <context>
     <name>qf::ReorderableList</name>
@@ -777,6 +789,57 @@
     <message>
         <source>Del</source>
         <translation>Entf</translation>
+    </message>
+</context>
+<context>
+    <name>qf::ServiceNames</name>
+    <message>
+        <source>Text of other applications</source>
+        <translation>Text anderer Anwendungen</translation>
+    </message>
+    <message>
+        <source>Commands between menu and engine</source>
+        <translation>Befehle zwischen Menü und Engine</translation>
+    </message>
+    <message>
+        <source>Your own cleaners and groups</source>
+        <translation>Eigene Bereinigungen und Gruppen</translation>
+    </message>
+    <message>
+        <source>News of changed settings</source>
+        <translation>Nachricht von geänderten Einstellungen</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Names of keys</source>
+        <translation>Namen der Tasten</translation>
+    </message>
+    <message>
+        <source>Latest command</source>
+        <translation>Letzter Befehl</translation>
+    </message>
+    <message>
+        <source>List of cleaners for the menu</source>
+        <translation>Liste der Bereinigungen für das Menü</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Icon in the tray</source>
+        <translation>Symbol im Panel</translation>
+    </message>
+    <message>
+        <source>Windows and applications</source>
+        <translation>Fenster und Anwendungen</translation>
+    </message>
+    <message>
+        <source>Installed files</source>
+        <translation>Installierte Dateien</translation>
     </message>
 </context>
 <context>
@@ -844,50 +907,6 @@
 </context>
 <context>
     <name>qf::StatusPage</name>
-    <message>
-        <source>Text of other applications</source>
-        <translation>Text anderer Anwendungen</translation>
-    </message>
-    <message>
-        <source>Commands between menu and engine</source>
-        <translation>Befehle zwischen Menü und Engine</translation>
-    </message>
-    <message>
-        <source>Your own cleaners and groups</source>
-        <translation>Eigene Bereinigungen und Gruppen</translation>
-    </message>
-    <message>
-        <source>News of changed settings</source>
-        <translation>Nachricht von geänderten Einstellungen</translation>
-    </message>
-    <message>
-        <source>Shortcuts</source>
-        <translation>Tastenkürzel</translation>
-    </message>
-    <message>
-        <source>Names of keys</source>
-        <translation>Namen der Tasten</translation>
-    </message>
-    <message>
-        <source>Latest command</source>
-        <translation>Letzter Befehl</translation>
-    </message>
-    <message>
-        <source>List of cleaners for the menu</source>
-        <translation>Liste der Bereinigungen für das Menü</translation>
-    </message>
-    <message>
-        <source>Clipboard</source>
-        <translation>Zwischenablage</translation>
-    </message>
-    <message>
-        <source>Icon in the tray</source>
-        <translation>Symbol im Panel</translation>
-    </message>
-    <message>
-        <source>Windows and applications</source>
-        <translation>Fenster und Anwendungen</translation>
-    </message>
     <message>
         <source>%1: works</source>
         <translation>%1: funktioniert</translation>

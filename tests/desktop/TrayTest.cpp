@@ -123,5 +123,10 @@ TEST(WithoutATray, ASecondStartShowsThePalette) {
   EXPECT_TRUE(until([&] { return showing(agent, "Search cleaners").has_value(); }));
 }
 
+TEST(WithoutATray, ThePaletteStandsInAfterAWhile) {
+  const Program agent(Agent::builtProgram("quenfold-menu"), {});
+  EXPECT_TRUE(until([&] { return showing(agent, "Search cleaners").has_value(); }, 30s));
+}
+
 }  // namespace
 }  // namespace qf::desktop

@@ -8,42 +8,18 @@
 #include "engine/window/models/WindowModels.h"
 #include "hosts/qt/QtText.h"
 #include "hosts/qt/Reasons.h"
+#include "hosts/qt/ServiceNames.h"
 
 namespace qf {
 namespace {
 
 constexpr int askAgainInMs = 2000;
 
-struct ServiceName {
-  const char* service;
-  const char* name;
-};
-constexpr ServiceName serviceNames[] = {
-    {"Accessibility", QT_TRANSLATE_NOOP("qf::StatusPage", "Text of other applications")},
-    {"AppleEvents", QT_TRANSLATE_NOOP("qf::StatusPage", "Commands between menu and engine")},
-    {"CustomFile", QT_TRANSLATE_NOOP("qf::StatusPage", "Your own cleaners and groups")},
-    {"DistributedNotifications", QT_TRANSLATE_NOOP("qf::StatusPage", "News of changed settings")},
-    {"HotKeys", QT_TRANSLATE_NOOP("qf::StatusPage", "Shortcuts")},
-    {"KeyboardLayout", QT_TRANSLATE_NOOP("qf::StatusPage", "Names of keys")},
-    {"LatestCommand", QT_TRANSLATE_NOOP("qf::StatusPage", "Latest command")},
-    {"Lists", QT_TRANSLATE_NOOP("qf::StatusPage", "List of cleaners for the menu")},
-    {"Pasteboard", QT_TRANSLATE_NOOP("qf::StatusPage", "Clipboard")},
-    {"StatusBar", QT_TRANSLATE_NOOP("qf::StatusPage", "Icon in the tray")},
-    {"Workspace", QT_TRANSLATE_NOOP("qf::StatusPage", "Windows and applications")},
-};
-
-QString nameOf(const QString& service) {
-  for (const ServiceName& known : serviceNames) {
-    if (service == known.service) return StatusPage::tr(known.name);
-  }
-  return service;
-}
-
 /// What is missing comes first.
 void showStates(QListWidget* list, const ServiceStates& states) {
   QList<std::pair<bool, QString>> rows;
   for (auto state = states.begin(); state != states.end(); ++state) {
-    const QString name = nameOf(state.key());
+    const QString name = serviceName(state.key());
     rows.emplace_back(state->isAvailable,
                       state->isAvailable ? StatusPage::tr("%1: works").arg(name)
                                          : QString("%1: %2").arg(name, reasonText(state->reason)));

@@ -69,7 +69,8 @@ class SamplePalette final : public PaletteWindowDelegate, public PanelSystem {
   Color color;
   std::vector<std::string> done;
   mutable std::set<std::size_t> asked;
-  QtPaletteWindow panel{*this, *this, [] { return false; }};
+  QtPaletteWindow panel{
+      *this, *this, {.takesKeyboard = [] { return false; }, .fault = [] { return QString(); }}};
 
  private:
   const std::string& at(std::size_t row) const {

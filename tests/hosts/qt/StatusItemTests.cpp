@@ -80,7 +80,8 @@ TEST(StatusItem, StandsOutFromEachTrayThatComes) {
   const auto item = bar.statusItemWithLength(StatusBar::variableLength);
   item->button().setImage(icon());
   EXPECT_FALSE(bar.availability().isAvailable);
-  EXPECT_EQ(bar.availability().reason, "no tray on this desktop");
+  EXPECT_EQ(bar.availability().reason,
+            "no tray on this desktop for the icon; use the palette, or add a tray to a panel");
   for (const auto& [tint, expected, other] : {std::tuple("0xeeeeee", darkShape, lightShape),
                                               std::tuple("0x202020", lightShape, darkShape)}) {
     {
