@@ -145,6 +145,11 @@ void Editor::focus() const {
   mouse::click(_textArea->screenExtents().center());
 }
 
+bool Editor::selectAll() const {
+  _textArea->select(0, static_cast<int>(text().trimmed().size()));
+  return _textArea->selectionCount() > 0;
+}
+
 void Editor::reset(const QString& text, bool selected) {
   focus();
   const auto isThere = [&] { return this->text() == text; };

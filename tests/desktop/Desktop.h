@@ -59,6 +59,8 @@ class Editor {
   /// Gives the window the input, puts the text there and selects all of it, or none.
   void reset(const QString& text, bool selected = true);
   void focus() const;
+  /// Selects all of its text by the accessibility bus; whether something is selected now.
+  bool selectAll() const;
 
  private:
   Editor(const QStringList& words, const QString& text);

@@ -26,7 +26,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr int active = 1, focused = 12, sensitive = 24, showing = 25;
+constexpr int active = 1, editable = 7, focused = 12, multiLine = 17, sensitive = 24, showing = 25;
 
 /// Whose changes one thread counts while another makes them.
 class CountedPasteboard : public FakePasteboard {
@@ -82,6 +82,13 @@ class HostileApplication : public testing::Test {
       };
     });
     return text;
+  }
+
+  /// In the window with the menu bar: the text that its menu acts on.
+  int addDocument(const QString& content) {
+    const int document = addText(editor.window, atspirole::text, content);
+    application->setState(document, multiLine, true);
+    return document;
   }
 
   std::optional<QFUIElement> road() {
@@ -246,12 +253,12 @@ TEST_F(HostileApplication, TextThatClosesOrKeepsToItselfIsLeftAlone) {
 }
 
 TEST_F(HostileApplication, MenuThatIsUpToDateOnlyWhenOpenedIsOpenedOnce) {
-  addText(editor.window, atspirole::text, "text");
+  addDocument("text");
   application->setState(editor.copy, sensitive, false);
   EXPECT_FALSE(find("C")->enabled());
   EXPECT_EQ(application->takeCalls()["DoAction"], 0) << "nothing is selected";
 
-  const int selected = addText(editor.window, atspirole::text, "text");
+  const int selected = addDocument("text");
   application->setState(editor.text + 1, focused, false);
   application->change(selected, [](auto& text) { text.selectionEnd = 4; });
   application->change(editor.edit, [&](auto& menu) {
@@ -283,7 +290,7 @@ TEST_F(HostileApplication, MenuThatIsUpToDateOnlyWhenOpenedIsOpenedOnce) {
 
 TEST_F(HostileApplication, CopyThatTakesTheLineWithoutASelectionCountsAsDisabled) {
   application->setToolkit("Qt");
-  const int text = addText(editor.window, atspirole::text, "text");
+  const int text = addDocument("text");
   EXPECT_FALSE(find("C")->enabled());
   application->change(text, [](auto& changed) { changed.selectionEnd = 4; });
   EXPECT_TRUE(find("C")->enabled());
@@ -338,6 +345,7 @@ TEST_F(HostileApplication, CirclesAndCrowdsAreCut) {
 
 TEST_F(HostileApplication, SecondRoadMakesNoSearchButSeesChanges) {
   application->setState(editor.text, focused, true);
+  application->setState(editor.text, editable, true);
   ASSERT_TRUE(find("C"));
   application->takeCalls();
   ASSERT_TRUE(find("C"));
@@ -355,19 +363,19 @@ TEST_F(HostileApplication, SecondRoadMakesNoSearchButSeesChanges) {
 }
 
 TEST_F(HostileApplication, PressWaitsUntilTheItemIsSensitive) {
-  addText(editor.window, atspirole::text, "text");
-  const auto copy = find("C");
-  ASSERT_TRUE(copy);
-  application->setState(editor.copy, sensitive, false);
-  EXPECT_FALSE(copy->enabled());
-  EXPECT_FALSE(press(*copy));
+  addDocument("text");
+  const auto paste = find("V");
+  ASSERT_TRUE(paste);
+  application->setState(editor.paste, sensitive, false);
+  EXPECT_FALSE(paste->enabled());
+  EXPECT_FALSE(press(*paste));
   EXPECT_EQ(application->takeCalls()["DoAction"], 0);
 
   std::thread later([&] {
     std::this_thread::sleep_for(300ms);
-    application->setState(editor.copy, sensitive, true);
+    application->setState(editor.paste, sensitive, true);
   });
-  EXPECT_TRUE(reaches(*copy, editor.copy));
+  EXPECT_TRUE(reaches(*paste, editor.paste));
   later.join();
 }
 
@@ -392,7 +400,7 @@ TEST_F(HostileApplication, NothingIsPastedAfterACopyThatBroughtNothing) {
 }
 
 TEST_F(HostileApplication, LateCopyOfASelectionIsNotFollowedBySelectAll) {
-  const int text = addText(editor.window, atspirole::text, "some text");
+  const int text = addDocument("some text");
   application->change(text, [](auto& changed) { changed.selectionEnd = 4; });
   const int selectAll = application->add(editor.edit, atspirole::menuItem, "a;;<Primary>a");
   application->change(selectAll, [&](auto& item) {
@@ -411,6 +419,87 @@ TEST_F(HostileApplication, LateCopyOfASelectionIsNotFollowedBySelectAll) {
   const auto element = road();
   EXPECT_TRUE(element->copyToClipboard());
   EXPECT_EQ(pasteboard.string(), "some");
+}
+
+TEST_F(HostileApplication, MenuThatCopiesAnotherTextIsNotUsed) {
+  const int document = addDocument("another text");
+  application->setState(document, focused, false);
+  const auto copies = [&](const std::string& text) {
+    application->change(editor.copy, [&, text](auto& item) {
+      item.onAction = [&, text] {
+        pasteboard.setString(text);
+        ++pasteboard.changes;
+      };
+    });
+  };
+  workspace.applications = {{std::nullopt, "Hostile", getpid()}};
+  const auto clean = [&] {
+    const auto element = road();
+    if (!element || !element->copyToClipboard()) return false;
+    pasteboard.setString(QString::fromStdString(*pasteboard.string()).toUpper().toStdString());
+    return element->pasteFromClipboard();
+  };
+  copies("another text");
+  // An entry is asked itself, a document once the menu has shown that it acts elsewhere.
+  for (const bool isEntry : {true, false}) {
+    const int text =
+        isEntry ? addText(editor.window, atspirole::entry, "one two") : addDocument("one two");
+    application->change(text, [](auto& changed) { changed.selectionEnd = 3; });
+    EXPECT_TRUE(clean());
+    EXPECT_EQ(application->textOf(text), "ONE two");
+    EXPECT_TRUE(clean()) << "without a selection";
+    EXPECT_EQ(application->textOf(text), "ONE TWO");
+    application->setState(text, focused, false);
+  }
+  const int readOnly = addDocument("one two 😀");
+  application->change(readOnly, [](auto& changed) {
+    changed.isEditable = false;
+    changed.selectionEnd = 3;
+  });
+  pasteboard.setString("before");
+  const auto element = road();
+  EXPECT_FALSE(press(*element->menuItemWithShortcut("C", "0")));
+  EXPECT_EQ(pasteboard.string(), "before");
+  EXPECT_FALSE(element->pasteFromClipboard());
+  EXPECT_THAT(accessibility->availability().reason, HasSubstr("copies another text"));
+  // Line ends and blanks differ between what is told and what is copied.
+  application->change(readOnly, [](auto& changed) { changed.text = "one\n two 😀"; });
+  application->change(readOnly, [](auto& changed) { changed.selectionEnd = changed.text.size(); });
+  copies("one\r\n\u00a0two 😀");
+  EXPECT_TRUE(reaches(*find("V"), editor.paste));
+  EXPECT_TRUE(press(*find("C")));
+  EXPECT_EQ(pasteboard.string(), "one\r\n\u00a0two 😀");
+  EXPECT_EQ(application->textOf(document), "another text");
+}
+
+TEST_F(HostileApplication, NothingIsCopiedWhereTheFocusIsNoText) {
+  const int list = application->add(editor.window, atspirole::tree);
+  application->add(editor.edit, atspirole::menuItem, "a;;<Primary>a");
+  application->setState(list, focused, true);
+  const auto element = road();
+  ASSERT_TRUE(element);
+  application->takeCalls();
+  EXPECT_FALSE(element->copyToClipboard());
+  EXPECT_EQ(application->takeCalls()["DoAction"], 0);
+  EXPECT_FALSE(press(*element->menuItemWithShortcut("C", "0")));
+  EXPECT_THAT(accessibility->availability().reason, HasSubstr("is no text"));
+  // A cell that is written into is one, and so is what has the focus besides.
+  application->setState(list, editable, true);
+  EXPECT_TRUE(find("C")->enabled());
+  application->setState(list, editable, false);
+  addDocument("text");
+  EXPECT_TRUE(reaches(*find("V"), editor.paste));
+}
+
+TEST_F(HostileApplication, TerminalWithoutASelectionIsLeftAlone) {
+  const int terminal = addText(editor.window, atspirole::terminal, "$ ls\n$ ");
+  application->add(editor.edit, atspirole::menuItem, "a;;<Primary>a");
+  application->takeCalls();
+  EXPECT_FALSE(road()->copyToClipboard());
+  EXPECT_EQ(application->takeCalls()["DoAction"], 0);
+  EXPECT_THAT(told.back(), HasSubstr("nothing is selected"));
+  application->change(terminal, [](auto& changed) { changed.selectionEnd = 4; });
+  EXPECT_TRUE(find("C")->enabled());
 }
 
 TEST_F(HostileApplication, TerminalsOwnCopyKeysAreShownAsPlain) {

@@ -72,6 +72,30 @@ std::string_view accessibilityRole(uint role, AtspiStates states) {
   }
 }
 
+bool holdsNoText(uint role) {
+  switch (role) {
+    case atspirole::checkBox:
+    case atspirole::comboBox:
+    case atspirole::icon:
+    case atspirole::list:
+    case atspirole::listBox:
+    case atspirole::listItem:
+    case atspirole::pushButton:
+    case atspirole::radioButton:
+    case atspirole::slider:
+    case atspirole::table:
+    case atspirole::tableCell:
+    case atspirole::tableRow:
+    case atspirole::toggleButton:
+    case atspirole::tree:
+    case atspirole::treeItem:
+    case atspirole::treeTable:
+      return true;
+    default:
+      return false;
+  }
+}
+
 bool canHoldMenuBar(uint role) {
   switch (role) {
     case atspirole::filler:

@@ -7,11 +7,11 @@
 namespace qf {
 
 AtspiAccessibility::AtspiAccessibility(Pasteboard& pasteboard, const Workspace& workspace)
-    : _pasteboard(pasteboard), _workspace(workspace), _windows(_bus), _obstacle(workspace) {}
+    : _pasteboard(pasteboard), _workspace(workspace), _windows(_bus), _lastFailure(workspace) {}
 
 Availability AtspiAccessibility::availability() const {
   const Availability bus = _bus.availability();
-  return bus.isAvailable ? _obstacle.availability() : bus;
+  return bus.isAvailable ? _lastFailure.availability() : bus;
 }
 
 AccessibilityElementRef AtspiAccessibility::systemWideElement() {
@@ -19,8 +19,8 @@ AccessibilityElementRef AtspiAccessibility::systemWideElement() {
 }
 
 AccessibilityElementRef AtspiAccessibility::applicationElement(std::int32_t processIdentifier) {
-  return std::make_shared<AtspiApplicationElement>(_bus, _windows, _obstacle, _pasteboard,
-                                                   processIdentifier);
+  return std::make_shared<AtspiApplicationElement>(std::make_shared<AtspiTarget>(
+      AtspiTarget::Services{_bus, _windows, _lastFailure, _pasteboard}, processIdentifier));
 }
 
 bool AtspiAccessibility::isProcessTrusted(bool) { return _bus.availability().isAvailable; }

@@ -20,9 +20,9 @@ class AtspiAccessibility : public Accessibility {
 
   /// Besides the bus this tells why the application that was tried last could not be reached.
   Availability availability() const override;
-  /// Called once at the end of each road on which something was tried; it does not begin one.
+  /// Called once at the end of each request in which something was tried.
   void setOutcomeHandler(std::function<void(const Availability&)> handler) {
-    _obstacle.setHandler(std::move(handler));
+    _lastFailure.setHandler(std::move(handler));
   }
   AccessibilityElementRef systemWideElement() override;
   AccessibilityElementRef applicationElement(std::int32_t processIdentifier) override;
@@ -37,7 +37,7 @@ class AtspiAccessibility : public Accessibility {
   const Workspace& _workspace;
   AtspiBus _bus;
   AtspiWindows _windows;
-  AtspiLastFailure _obstacle;
+  AtspiLastFailure _lastFailure;
 };
 
 }  // namespace qf

@@ -30,8 +30,8 @@ bool isShown(AtspiRequest& application, AtspiStates states) {
          !states.has(AtspiState::defunct);
 }
 
-/// Goes down level by level where something shows. Qt calls the current tab focused as well, so
-/// what takes text goes before what does not.
+/// Goes down level by level where something shows. Qt calls the current tab focused as well, and
+/// what an entry lies in: what takes text goes before all else, and what can hold none goes last.
 class FocusWalk {
  public:
   FocusWalk(AtspiRequest& application, const AtspiReference& window)
@@ -64,7 +64,11 @@ class FocusWalk {
       const uint role = atspi::number(answers[2 * i + 1]);
       // LibreOffice's menu bar keeps the focus of the last menu for itself too.
       const bool isFocused = states.has(AtspiState::focused) && role != atspirole::menuBar;
-      if (isFocused && (isEditable || _focused.isNull())) _focused = _level[i];
+      const bool isBetter = isEditable || _focused.isNull() || (_isOfNoText && !holdsNoText(role));
+      if (isFocused && isBetter) {
+        _focused = _level[i];
+        _isOfNoText = !isEditable && holdsNoText(role);
+      }
       if (isFocused && isEditable) return true;
       if (!isCrowd(role, states)) open.push_back(_level[i]);
     }
@@ -75,6 +79,7 @@ class FocusWalk {
   AtspiRequest& _application;
   std::vector<AtspiReference> _level;
   AtspiReference _focused;
+  bool _isOfNoText = false;
   std::size_t _count = 0;
 };
 
@@ -83,8 +88,9 @@ class FocusWalk {
 AtspiReference findFocusedObject(AtspiRequest& application, const AtspiReference& window,
                                  bool windowIsActive, const AtspiReference& remembered) {
   const AtspiStates states = remembered.isNull() ? AtspiStates() : application.states(remembered);
-  if (isShown(application, states) && (!windowIsActive || states.has(AtspiState::focused)))
-    return remembered;
+  // What takes no text may say that it has the focus beside what does.
+  const bool hasFocus = states.has(AtspiState::focused) && states.has(AtspiState::editable);
+  if (isShown(application, states) && (!windowIsActive || hasFocus)) return remembered;
 
   const AtspiReference found = FocusWalk(application, window).run();
   return found.isNull() && isShown(application, states) ? remembered : found;

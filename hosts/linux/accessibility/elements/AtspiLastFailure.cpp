@@ -18,9 +18,7 @@ void AtspiLastFailure::note(std::int32_t processIdentifier, const std::string& w
                      : "The text in " + place + " cannot be cleaned, because ") +
       why;
   _isUntold = true;
-  if (sentence == _sentence) return;
   _sentence = sentence;
-  log(sentence);
 }
 
 void AtspiLastFailure::clear() {
@@ -29,7 +27,9 @@ void AtspiLastFailure::clear() {
 }
 
 void AtspiLastFailure::tell() {
-  if (std::exchange(_isUntold, false) && _handler) _handler(availability());
+  if (!std::exchange(_isUntold, false)) return;
+  if (!_sentence.empty()) log(_sentence);
+  if (_handler) _handler(availability());
 }
 
 Availability AtspiLastFailure::availability() const {

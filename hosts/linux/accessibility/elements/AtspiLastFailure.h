@@ -19,16 +19,17 @@ class AtspiLastFailure {
   /// `workspace` outlives this and gives applications their names.
   explicit AtspiLastFailure(const Workspace& workspace) : _workspace(workspace) {}
 
-  /// Who is told at a road's end how it ended, unless nothing was tried.
+  /// Told at the end of a request how it ended, unless nothing was tried.
   void setHandler(std::function<void(const Availability&)> handler) {
     _handler = std::move(handler);
   }
 
-  /// `why` ends a sentence that begins with "because". Logged, unless it is what was said last.
+  /// `why` ends a sentence that begins with "because".
   void note(std::int32_t processIdentifier, const std::string& why);
-  /// The road goes on after all.
+  /// The request goes on after all.
   void clear();
-  /// Tells what the last of these said, if there were any since the last telling.
+  /// The end of the request: logs and tells how it ended. What failed first and then worked is not
+  /// mentioned.
   void tell();
 
   Availability availability() const;

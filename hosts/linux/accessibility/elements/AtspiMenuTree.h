@@ -15,10 +15,10 @@ namespace qf {
 
 class AtspiRequest;
 
-/// The menu bar of one window in the shape that every application is shown in, and after its own
-/// menus one of our making: Select All, Copy and Paste, for what no menu offers. It is read as far
-/// as somebody looked, outlives the road on which it was read, and can be compared with the
-/// application later. Main thread.
+/// The menu bar of one window in the shape that every application is shown in. After the
+/// application's own menus the host adds one with Select All, Copy and Paste, for what no menu
+/// offers. Menus are read when they are looked into. A tree outlives the request in which it was
+/// read, and can be compared with the application later. Main thread.
 class AtspiMenuTree {
  public:
   enum class Kind { bar, barItem, menu, item };
@@ -26,19 +26,24 @@ class AtspiMenuTree {
   struct Node {
     Kind kind;
     Node* parent;
-    AtspiReference source;  ///< null for the entries that no application has
+    AtspiReference source;  ///< null for what no application has
     std::optional<AtspiKeyBinding> key;
     std::vector<std::unique_ptr<Node>> children;
     bool isRead = false;             ///< of a bar item: whether what is below its menu is here
-    std::string_view ownTitle = {};  ///< of what is of our making
+    std::string_view ownTitle = {};  ///< of what the host adds
+
+    /// Whether the host adds it, as no application has it.
+    bool isOwn() const { return !ownTitle.empty(); }
+    /// The one above it, of what is below one.
+    const Node& barItem() const { return kind == Kind::barItem ? *this : parent->barItem(); }
   };
 
   static std::shared_ptr<AtspiMenuTree> read(AtspiRequest& application,
                                              const AtspiReference& window);
 
   const Node& bar() const { return *_bar; }
-  /// Reads the menu that the node belongs to, where that was not done before. Whoever looks into a
-  /// second menu will look into all of them: they are read together.
+  /// Reads the menu that the node belongs to, where that was not done before. A second menu is
+  /// looked into in a search of all of them: they are read together.
   const std::vector<std::unique_ptr<Node>>& children(AtspiRequest& application, const Node& node);
 
   /// Some applications make the items of a menu anew when it is opened: puts the new ones in the

@@ -3,7 +3,8 @@
 
 #include <memory>
 
-#include "hosts/linux/accessibility/elements/AtspiApplicationElement.h"
+#include "host/AccessibilityElement.h"
+#include "hosts/linux/accessibility/elements/AtspiTarget.h"
 
 namespace qf {
 
@@ -14,8 +15,7 @@ class AtspiObjectElement : public AccessibilityElement,
   using Ref = std::shared_ptr<const AtspiObjectElement>;
 
   /// `above` is the element among whose children this one was found, if it was.
-  AtspiObjectElement(AtspiApplicationElementRef application, AtspiReference object,
-                     Ref above = nullptr);
+  AtspiObjectElement(AtspiTargetRef target, AtspiReference object, Ref above = nullptr);
 
   std::optional<AccessibilityValue> copyAttributeValue(std::string_view attribute) const override;
   bool isAttributeSettable(std::string_view attribute) const override;
@@ -26,13 +26,13 @@ class AtspiObjectElement : public AccessibilityElement,
 
  private:
   std::string role() const;
-  /// Null for a window: what is above it is the application.
+  /// Null for a window: what is above it is the request.
   const Ref& above() const;
   AccessibilityElementRef parent() const;
   AccessibilityElementRef window() const;
   std::vector<AccessibilityElementRef> children() const;
 
-  AtspiApplicationElementRef _application;
+  AtspiTargetRef _target;
   AtspiReference _object;
   int _height = 0;  ///< how many elements it took upward from where the road entered
   mutable bool _knowsAbove;

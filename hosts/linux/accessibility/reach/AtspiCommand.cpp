@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/accessibility/reach/AtspiCommand.h"
 
-#include <chrono>
-
-#include "host/Pasteboard.h"
 #include "hosts/linux/accessibility/bus/AtspiRequest.h"
 #include "hosts/linux/accessibility/bus/AtspiWait.h"
 
@@ -16,11 +13,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr auto enabledLimit = 1s;
 constexpr auto enabledInterval = 5ms;
-constexpr auto actionLimit = 250ms;
-constexpr auto copyLimit = 1s;
-constexpr auto actionInterval = 2ms;
-
-const char* const copiedNothing = "it has not copied its text within 1 s";
+constexpr auto effectInterval = 2ms;
 
 }  // namespace
 
@@ -30,31 +23,22 @@ std::string whyDisabled(const std::optional<AtspiKeyBinding>& key) {
   return "there is nothing to select in it";
 }
 
-AtspiPress pressCommand(AtspiRequest& application, AtspiCommand& command,
-                        const std::optional<AtspiKeyBinding>& key, const Pasteboard& pasteboard) {
-  const bool isCopy = key == copyKey;
-  if (key == pasteKey && !application.hasCopied()) return {false, copiedNothing};
-  if (isCopy) application.setHasCopied(false);
-
-  const Clock::time_point start = Clock::now();
-  const bool isEnabled = atspi::waitUntil(start + enabledLimit, enabledInterval, [&] {
-    return !application.isThere() || command.isEnabled(application);
+bool waitUntilEnabled(AtspiRequest& request, AtspiCommand& command) {
+  const bool isEnabled = atspi::waitUntil(Clock::now() + enabledLimit, enabledInterval, [&] {
+    return !request.isThere() || command.isEnabled(request);
   });
-  if (!application.isThere()) return {false, application.whyNotThere()};
-  if (!isEnabled) return {false, whyDisabled(key)};
+  return isEnabled && request.isThere();
+}
 
-  const std::int64_t changeCount = pasteboard.changeCount();
-  const AtspiCommand::Outcome outcome = command.run(application);
-  if (!application.isThere()) return {false, application.whyNotThere()};
-  if (outcome.kind == AtspiCommand::Outcome::done) return {true};
-  // Qt acts before it answers, GTK afterwards.
-  const Clock::time_point deadline = Clock::now() + (isCopy ? copyLimit : actionLimit);
-  const bool hasChanged = atspi::waitUntil(deadline, actionInterval,
-                                           [&] { return pasteboard.changeCount() != changeCount; });
-  if (isCopy) application.setHasCopied(hasChanged);
-  const bool isTaken = hasChanged || outcome.kind == AtspiCommand::Outcome::taken;
-  if (!isTaken) return {false, outcome.whyRefused};
-  return {true, isCopy && !hasChanged ? copiedNothing : ""};
+AtspiResult runCommand(AtspiRequest& request, AtspiCommand& command, const AtspiEffect& effect) {
+  const AtspiCommand::Outcome outcome = command.run(request);
+  if (!request.isThere()) return {};
+  if (outcome.kind == AtspiCommand::Outcome::done) return {true, true};
+  // Qt acts before it answers, GTK afterwards. What was refused may have been done nevertheless.
+  const bool isSeen = atspi::waitUntil(Clock::now() + effect.limit, effectInterval,
+                                       [&] { return !request.isThere() || effect.isSeen(); });
+  if (isSeen || outcome.kind == AtspiCommand::Outcome::taken) return {true, isSeen};
+  return {false, false, outcome.whyRefused};
 }
 
 }  // namespace qf

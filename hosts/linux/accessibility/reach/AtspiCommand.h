@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -9,7 +11,6 @@
 namespace qf {
 
 class AtspiRequest;
-class Pasteboard;
 
 inline const AtspiKeyBinding selectAllKey{"A", 0};
 inline const AtspiKeyBinding copyKey{"C", 0};
@@ -33,26 +34,27 @@ class AtspiCommand {
   virtual Outcome run(AtspiRequest& application) = 0;
 };
 
-/// What became of a press.
-struct AtspiPress {
-  bool isTaken;
-  /// Ends a sentence that begins with "because"; empty where the press did what it is for. Of a
-  /// Copy that was taken and brought nothing it says so.
-  std::string whyInVain = {};
-};
-
 /// Why a command with that key cannot be carried out where it is disabled.
 std::string whyDisabled(const std::optional<AtspiKeyBinding>& key);
 
-/// Waits at most 1 s for the command to become enabled, runs it, and then waits until the
-/// pasteboard changed, at most 250 ms, unless all was done at once. Not taken when it stayed
-/// disabled, or the application did not answer or refused. Main thread.
-///
-/// Copy is given 1 s after it was run: whoever presses it takes no change for an empty selection,
-/// and goes on to copy the whole text, which on a busy machine would replace the document. Where it
-/// brings none, Paste is not pressed any more on the same road: it would put an old clipboard in
-/// the place of the text.
-AtspiPress pressCommand(AtspiRequest& application, AtspiCommand& command,
-                        const std::optional<AtspiKeyBinding>& key, const Pasteboard& pasteboard);
+/// Waits at most 1 s for the command to become enabled. False when it stayed disabled or the
+/// application did not answer. Main thread.
+bool waitUntilEnabled(AtspiRequest& request, AtspiCommand& command);
+
+/// What a command brings about, and how long that may take.
+struct AtspiEffect {
+  std::function<bool()> isSeen;
+  std::chrono::milliseconds limit;
+};
+
+/// What became of a command.
+struct AtspiResult {
+  bool isTaken = false;
+  bool isSeen = false;           ///< whether the effect was seen in time
+  std::string whyNotTaken = {};  ///< ends a sentence that begins with "because"
+};
+
+/// Runs the command, and waits for its effect unless all was done at once. Main thread.
+AtspiResult runCommand(AtspiRequest& request, AtspiCommand& command, const AtspiEffect& effect);
 
 }  // namespace qf

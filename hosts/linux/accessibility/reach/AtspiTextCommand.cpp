@@ -31,26 +31,19 @@ int charactersOfTerminal(AtspiRequest& application, const AtspiReference& text) 
 
 }  // namespace
 
-bool takesText(AtspiRequest& application, const AtspiReference& object) {
-  const auto answers = application.ask({atspi::getState(object), atspi::getRole(object)});
-  return atspi::states(answers[0]).has(AtspiState::editable) ||
-         atspi::number(answers[1]) == atspirole::terminal;
-}
-
-AtspiTextCommand::AtspiTextCommand(const AtspiTextTarget& target, AtspiKeyBinding key,
+AtspiTextCommand::AtspiTextCommand(const AtspiFocusedText& focused, AtspiKeyBinding key,
                                    Pasteboard& pasteboard)
-    : _target(target), _text(_target.text), _key(std::move(key)), _pasteboard(pasteboard) {}
+    : _focused(focused), _text(_focused.object), _key(std::move(key)), _pasteboard(pasteboard) {}
 
 AtspiRange AtspiTextCommand::selection(AtspiRequest& application) const {
-  const auto answers =
-      application.ask({atspi::getSelectionCount(_text), atspi::getSelection(_text)});
-  return atspi::signedNumber(answers[0]) > 0 ? atspi::range(answers[1]) : AtspiRange();
+  return readSelection(application, _text).value_or(AtspiRange());
 }
 
 bool AtspiTextCommand::isEnabled(AtspiRequest& application) {
   if (_key == copyKey) return !selection(application).isEmpty();
   if (_key == pasteKey)
-    return (_target.isEditable || _target.contextMenu) && takesText(application, _text);
+    return takesText(application, _focused) &&
+           (_focused.isEditable || contextMenuAction(application, _text));
   return atspi::numberProperty(application.ask(atspi::getCharacterCount(_text))) > 0;
 }
 
@@ -66,11 +59,14 @@ AtspiCommand::Outcome AtspiTextCommand::run(AtspiRequest& application) {
 AtspiCommand::Outcome AtspiTextCommand::copy(AtspiRequest& application) const {
   const AtspiRange range = selection(application);
   if (range.isEmpty()) return {Outcome::refused, whyDisabled(copyKey)};
-  if (_target.isTerminal || application.toolkit() == QLatin1String("GTK"))
+  if (_focused.kind == AtspiFocusedText::Kind::terminal ||
+      application.toolkit() == QLatin1String("GTK"))
     return copyByReading(application, range);
-  if (!_target.isEditable && _target.contextMenu)
-    return AtspiContextMenu(application, _text, *_target.contextMenu).press(copyKey);
-  if (!_target.isEditable) return copyByReading(application, range);
+  if (!_focused.isEditable) {
+    const auto menu = contextMenuAction(application, _text);
+    return menu ? AtspiContextMenu(application, _text, *menu).press(copyKey)
+                : copyByReading(application, range);
+  }
   const QDBusMessage answer = application.ask(atspi::copyText(_text, range));
   if (answer.type() == QDBusMessage::ReplyMessage) return {Outcome::taken};
   return {Outcome::refused, "it refuses to copy"};
@@ -86,13 +82,13 @@ AtspiCommand::Outcome AtspiTextCommand::copyByReading(AtspiRequest& application,
 
 /// GTK 3 adds no second selection, and GTK 4 adds one without ever saying so.
 AtspiCommand::Outcome AtspiTextCommand::selectAll(AtspiRequest& application) const {
-  const int count = _target.isTerminal
+  const int count = _focused.kind == AtspiFocusedText::Kind::terminal
                         ? charactersOfTerminal(application, _text)
                         : atspi::numberProperty(application.ask(atspi::getCharacterCount(_text)));
   const AtspiRange all{0, count};
   const AtspiRange before = selection(application);
   // Chromium counts an end of the last line that can't be selected.
-  const int fewest = _target.isEditable ? count : std::max(count - 1, 1);
+  const int fewest = _focused.isEditable ? count : std::max(count - 1, 1);
   const auto isAll = [&](AtspiRange range) { return range.start == 0 && range.end >= fewest; };
   if (isAll(before)) return {Outcome::done};
   if (!before.isEmpty()) application.tell(atspi::removeSelection(_text));
@@ -107,8 +103,11 @@ AtspiCommand::Outcome AtspiTextCommand::selectAll(AtspiRequest& application) con
 /// Puts the text there by itself: what an application reads from the clipboard arrives when it
 /// likes.
 AtspiCommand::Outcome AtspiTextCommand::paste(AtspiRequest& application) const {
-  if (!_target.isEditable)
-    return AtspiContextMenu(application, _text, *_target.contextMenu).press(pasteKey);
+  if (!_focused.isEditable) {
+    const auto menu = contextMenuAction(application, _text);
+    return menu ? AtspiContextMenu(application, _text, *menu).press(pasteKey)
+                : Outcome{Outcome::refused, whyDisabled(pasteKey)};
+  }
   const auto text = _pasteboard.string();
   if (!text) return {Outcome::refused, "there is no text on the clipboard"};
   AtspiRange replaced = selection(application);

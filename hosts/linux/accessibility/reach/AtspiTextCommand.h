@@ -3,16 +3,19 @@
 
 #include "hosts/linux/accessibility/bus/AtspiMessages.h"
 #include "hosts/linux/accessibility/reach/AtspiCommand.h"
-#include "hosts/linux/accessibility/reach/AtspiTextTarget.h"
+#include "hosts/linux/accessibility/reach/AtspiFocusedText.h"
 
 namespace qf {
 
+class Pasteboard;
+
 /// Select All, Copy and Paste in one text object, by the interfaces Text and EditableText, or its
-/// context menu where it lacks the latter: for windows that have no menu bar.
+/// context menu where it lacks the latter: for windows without a menu bar, and where the menu bar
+/// acts on another text.
 class AtspiTextCommand : public AtspiCommand {
  public:
   /// `key` is that of one of the three; the pasteboard outlives this.
-  AtspiTextCommand(const AtspiTextTarget& target, AtspiKeyBinding key, Pasteboard& pasteboard);
+  AtspiTextCommand(const AtspiFocusedText& focused, AtspiKeyBinding key, Pasteboard& pasteboard);
 
   bool isEnabled(AtspiRequest& application) override;
   Outcome run(AtspiRequest& application) override;
@@ -24,13 +27,10 @@ class AtspiTextCommand : public AtspiCommand {
   Outcome copyByReading(AtspiRequest& application, AtspiRange range) const;
   Outcome paste(AtspiRequest& application) const;
 
-  AtspiTextTarget _target;
+  AtspiFocusedText _focused;
   const AtspiReference& _text;
   AtspiKeyBinding _key;
   Pasteboard& _pasteboard;
 };
-
-/// Whether something can be pasted there. Terminals do not call themselves editable.
-bool takesText(AtspiRequest& application, const AtspiReference& object);
 
 }  // namespace qf
