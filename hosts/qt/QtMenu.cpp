@@ -22,6 +22,19 @@ QString titleOf(const MenuItem& item) {
   return QString::fromStdString(item.attributedTitle ? item.attributedTitle->text : item.title);
 }
 
+/// An entry of a group that is not indented under a heading is one itself, whether it can be picked
+/// or not.
+bool isHeading(const MenuItem& item) {
+  return item.representedObject && item.indentationLevel == 0 && !item.submenu;
+}
+
+/// A heading in black has no colour of its own.
+std::optional<Color> colorOf(const MenuItem& item) {
+  if (!item.attributedTitle) return std::nullopt;
+  const auto& color = item.attributedTitle->foregroundColor;
+  return isHeading(item) && color == Color::black() ? std::nullopt : color;
+}
+
 /// Styles differ in the role they take for a row's text.
 void write(QStyleOptionMenuItem& option, const QColor& color) {
   for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
@@ -96,9 +109,11 @@ void QtMenu::addRow(const MenuItemRef& item) {
   action->setEnabled(isEnabled);
   action->setCheckable(item->isOn);
   action->setChecked(item->isOn);
-  if (item->attributedTitle && item->attributedTitle->font) {
-    action->setFont(fontFor(*item->attributedTitle->font, font()));
-  }
+  const Font itemFont =
+      item->attributedTitle ? item->attributedTitle->font.value_or(Font()) : Font();
+  QFont drawn = fontFor(itemFont, font());
+  drawn.setBold(isHeading(*item));
+  action->setFont(drawn);
   _rows.insert(action, {item, QString(blanksPerLevel * item->indentationLevel, ' '),
                         keyEquivalentText(*item)});
   addAction(action);  // last: the menu follows every change of an action it has
@@ -144,10 +159,9 @@ void QtMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action
   option->reservedShortcutWidth = _keyEquivalentWidth;
 
   const QColor background = option->palette.color(QPalette::Window);
-  const std::optional<AttributedTitle>& title = found->item->attributedTitle;
-  if (title && title->foregroundColor) {
-    write(*option, readableColor(*title->foregroundColor, background));
-  } else if (!action->isEnabled()) {
+  if (const auto color = colorOf(*found->item)) {
+    write(*option, readableColor(*color, background));
+  } else if (!action->isEnabled() || isHeading(*found->item)) {
     const QColor text = option->palette.color(QPalette::Active, QPalette::Text);
     write(*option, fadedText(text, background));
   }

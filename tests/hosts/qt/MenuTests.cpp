@@ -103,6 +103,20 @@ TEST(Menu, DrawsRowsAsTheModelSays) {
       << "the key stands at the right";
 }
 
+TEST(Menu, DrawsALabelAsOneAlsoWhereItCanBePicked) {
+  const Color black = Color::black();
+  SampleMenu model([&](SampleMenu& sample) {
+    sample.add("Label", "applyItemAlt:", 0, black).representedObject = "#LABEL:Label";
+    sample.add("Label", "applyItemAlt:", 1, black).representedObject = "#CLEANER";
+  });
+  const OpenMenu menu(model);
+  EXPECT_TRUE(menu.row(0)->isEnabled());
+  EXPECT_TRUE(menu.inked(0, Qt::black).isEmpty()) << "fainter than a cleaner";
+  EXPECT_FALSE(menu.inked(1, Qt::black).isEmpty());
+  EXPECT_TRUE(menu.row(0)->font().bold());
+  EXPECT_FALSE(menu.row(1)->font().bold());
+}
+
 TEST(Menu, IsFoundByItsTitlesAlone) {
   SampleMenu model([](SampleMenu& sample) {
     sample.add("Fold & Wrap", "applyItem:", 1).keyEquivalent = "Space";
