@@ -71,14 +71,14 @@ ApplicationLauncher::ApplicationLauncher(fs::path programFolder)
 
 std::string ApplicationLauncher::findProgram(const DesktopEntry& entry,
                                              const std::string& name) const {
-  const auto name_ = QString::fromStdString(name);
   const fs::path ownEntries = (_programFolder / "../share/applications").lexically_normal();
   if (entry.path.parent_path().lexically_normal() == ownEntries) {
+    // Whatever folder the entry names: an installed tree may have been moved.
     const QString own =
-        QStandardPaths::findExecutable(name_, {QString::fromStdString(_programFolder.string())});
+        QStandardPaths::findExecutable(fs::path(name).filename().c_str(), {_programFolder.c_str()});
     if (!own.isEmpty()) return own.toStdString();
   }
-  return QStandardPaths::findExecutable(name_).toStdString();
+  return QStandardPaths::findExecutable(name.c_str()).toStdString();
 }
 
 std::optional<Error> ApplicationLauncher::launch(const DesktopEntry& entry,

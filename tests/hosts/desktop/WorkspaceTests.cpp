@@ -180,6 +180,9 @@ TEST_F(WorkspaceTest, PrefersItsOwnInstallation) {
   LinuxWorkspace installed{applications, {prefix / "bin"}};
   EXPECT_EQ(installed.URLForApplicationWithBundleIdentifier("org.quenfold.Own"), own);
   EXPECT_THAT(launchError(installed, own), HasSubstr("it ended before"));
+  std::ofstream(own)
+      << "[Desktop Entry]\nType=Application\nName=Own\nExec=/elsewhere/quenfold-own\n";
+  EXPECT_THAT(launchError(installed, own), HasSubstr("it ended before"));
 }
 
 TEST_F(WorkspaceTest, OutlivesTheDisplay) {
