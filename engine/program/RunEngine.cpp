@@ -16,6 +16,7 @@
 #include "hosts/linux/bus/BusApplicationObject.h"
 #include "hosts/linux/clipboard/XcbPasteboards.h"
 #include "hosts/linux/desktop/EndSignals.h"
+#include "hosts/linux/files/LocalCrashReporter.h"
 #include "hosts/linux/files/UserLanguages.h"
 #include "hosts/linux/x11/X11Display.h"
 #include "hosts/qt/Translations.h"
@@ -113,6 +114,7 @@ int runEngine(int argc, char** argv, FirstShown firstShown) {
   const Availability display = x11Display();
   const auto application = makeApplication(argc, argv, display);
   const EndSignals endSignals;
+  LocalCrashReporter("quenfold", QF_VERSION).start();
   EngineHost host;
   if (firstShown == FirstShown::window &&
       !host.applications.owners(engineBundleIdentifier).isEmpty()) {

@@ -62,12 +62,13 @@ std::terminate_handler previousTerminate = nullptr;
 std::atomic<pid_t> reportingThread = 0;
 alignas(16) std::array<std::byte, 65536> secondStack;
 
-void write(int file, std::string_view text) {
+bool write(int file, std::string_view text) {
   while (!text.empty()) {
     const ssize_t count = ::write(file, text.data(), text.size());
-    if (count <= 0) return;
+    if (count <= 0) return false;
     text.remove_prefix(static_cast<std::size_t>(count));
   }
+  return true;
 }
 
 template <std::size_t capacity>
@@ -86,7 +87,8 @@ void appendTime(FixedText<capacity>& text, std::string_view dateSeparator,
   text.twoDigits(static_cast<std::uint64_t>(time.seconds().count())) << "Z";
 }
 
-void writeReport(int file, int signal, const siginfo_t& info) {
+/// False where the file has no room for it.
+bool writeReport(int file, int signal, const siginfo_t& info) {
   FixedText<1024> text;
   text << heading.view() << "\nTime: ";
   appendTime(text, "-", ":");
@@ -110,23 +112,31 @@ void writeReport(int file, int signal, const siginfo_t& info) {
   std::array<void*, 128> frames;
   const int count = backtrace(frames.data(), frames.size());
   backtrace_symbols_fd(frames.data(), count, file);
+  return write(file, "\n");  // fails after whatever failed before it
 }
 
 void keepReport(int signal, const siginfo_t& info) {
-  if (pathPrefix.view().empty()) return writeReport(STDERR_FILENO, signal, info);
+  if (pathPrefix.view().empty()) {
+    writeReport(STDERR_FILENO, signal, info);
+    return;
+  }
   FixedText<4200> path;
   path << pathPrefix.view();
   appendTime(path, "", "");
   path << "-";
   path.number(static_cast<std::uint64_t>(getpid())) << ".txt";
   const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-  if (file < 0) return writeReport(STDERR_FILENO, signal, info);
+  const bool isKept = file >= 0 && writeReport(file, signal, info);
+  if (file >= 0) close(file);
+  if (!isKept) {  // the disk is full
+    if (file >= 0) unlink(path.c_str());
+    writeReport(STDERR_FILENO, signal, info);
+    return;
+  }
   write(STDERR_FILENO, heading.view());
   write(STDERR_FILENO, "; the report is ");
   write(STDERR_FILENO, path.view());
   write(STDERR_FILENO, "\n");
-  writeReport(file, signal, info);
-  close(file);
   if (!pathToRemove.view().empty()) unlink(pathToRemove.c_str());
 }
 

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -100,6 +101,18 @@ TEST_F(LocalCrashReporterTest, keepsTheTenNewest) {
   EXPECT_EQ(reports().size(), 10u);
   EXPECT_FALSE(std::filesystem::exists(home / ".local/state/quenfold/crash-old-2.txt"));
   EXPECT_TRUE(std::filesystem::exists(home / ".local/state/quenfold/crash-old-3.txt"));
+}
+
+TEST_F(LocalCrashReporterTest, leavesNoPartOfAReportOnAFullDisk) {
+  for (const rlim_t room : {rlim_t{0}, rlim_t{200}}) {
+    statusAfter([room] {
+      std::signal(SIGXFSZ, SIG_IGN);
+      const rlimit limit{room, room};
+      setrlimit(RLIMIT_FSIZE, &limit);
+      std::abort();
+    });
+    EXPECT_TRUE(reports().empty()) << room;
+  }
 }
 
 TEST_F(LocalCrashReporterTest, withoutAFolderStillEndsAsWithoutIt) {
