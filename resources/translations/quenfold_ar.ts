@@ -156,6 +156,10 @@
         <source>Remo&amp;ve</source>
         <translation>إزالة</translation>
     </message>
+    <message>
+        <source>Remove</source>
+        <translation>إزالة</translation>
+    </message>
 </context>
 <context>
     <name>qf::ColorBox</name>
@@ -280,6 +284,10 @@
     <message>
         <source>&amp;Add to the Group</source>
         <translation>إضافة إلى المجموعة</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>إزالة</translation>
     </message>
 </context>
 <context>

@@ -156,6 +156,10 @@
         <source>Remo&amp;ve</source>
         <translation>&amp;Entfernen</translation>
     </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
 </context>
 <context>
     <name>qf::ColorBox</name>
@@ -280,6 +284,10 @@
     <message>
         <source>&amp;Add to the Group</source>
         <translation>&amp;Zur Gruppe hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
     </message>
 </context>
 <context>

@@ -40,8 +40,9 @@ void GroupEntriesModel::update() {
 }
 
 void GroupEntriesModel::edited(const Rows& before) {
+  const std::string group = _group;
   const Rows wanted = rows();
-  const auto failure = _lists.changeEntries(_group, before, wanted);
+  const auto failure = _lists.changeEntries(group, before, wanted);
   emit stored(failure);
 }
 

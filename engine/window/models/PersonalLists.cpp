@@ -114,11 +114,10 @@ std::optional<Error> PersonalLists::stored(const std::optional<Error>& failure) 
            .toStdString()});
 }
 
-Result<std::string> PersonalLists::addCleaner(const CustomCleaner& likeThis) {
+Result<std::string> PersonalLists::addCleaner(CustomCleaner cleaner) {
   read();
-  CustomCleaner cleaner = likeThis;
   const auto builtIn = builtInTokens();
-  cleaner.name = freeName(likeThis.name, [&](const std::string& name) {
+  cleaner.name = freeName(cleaner.name, [&](const std::string& name) {
     const std::string token = std::string(customTokenPrefix) + name;
     const auto hasName = [&](const std::string& known) { return nameOf(known) == toQString(name); };
     return this->cleaner(token) || std::ranges::count(_lists.tokensLeftOut, token) ||

@@ -36,7 +36,8 @@ class PersonalLists final : public QObject {
   QString descriptionOf(std::string_view token) const;
 
   // Each reads the file, changes it and reads it again; the answer says why it stayed as it was.
-  Result<std::string> addCleaner(const CustomCleaner& likeThis);
+  // Reading replaces what `lists` and the like refer to, and `changed` may reach the caller.
+  Result<std::string> addCleaner(CustomCleaner cleaner);
   std::optional<Error> changeCleaner(const std::string& token,
                                      const std::function<void(CustomCleaner&)>& change);
   std::optional<Error> removeCleaner(const std::string& token);

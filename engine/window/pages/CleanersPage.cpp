@@ -128,7 +128,9 @@ void CleanersPage::copyCurrent() {
 void CleanersPage::removeCurrent() {
   const std::string token = _finder->currentToken();
   const QString question = tr("Remove the cleaner “%1”?").arg(_lists.nameOf(token));
-  if (isAnsweredYes(this, tr("Remove Cleaner"), question)) report(_lists.removeCleaner(token));
+  if (isConfirmed(this, tr("Remove Cleaner"), question, tr("Remove"))) {
+    report(_lists.removeCleaner(token));
+  }
 }
 
 }  // namespace qf

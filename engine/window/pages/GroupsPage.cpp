@@ -9,6 +9,7 @@
 #include "engine/window/models/ListFaults.h"
 #include "engine/window/models/RenamedGroup.h"
 #include "engine/window/models/WindowModels.h"
+#include "engine/window/widgets/OneLineText.h"
 #include "engine/window/widgets/Question.h"
 #include "engine/window/widgets/ShowText.h"
 #include "hosts/qt/QtText.h"
@@ -69,6 +70,7 @@ QWidget* GroupsPage::makeGroupSide() {
 QWidget* GroupsPage::makeEntrySide() {
   _name->setAccessibleName(tr("Name of the group"));
   _label->setAccessibleName(tr("Text of the label"));
+  for (QLineEdit* field : {_name, _label}) field->setValidator(new OneLineText(field));
   auto* addLabel = new QPushButton(tr("Add &Label"));
   auto* addSeparator = new QPushButton(tr("Add &Separator"));
   connect(addLabel, &QPushButton::clicked, this, [this] {
@@ -186,7 +188,9 @@ void GroupsPage::renameGroup() {
 void GroupsPage::removeGroup() {
   const std::string name = currentGroup();
   const QString question = tr("Remove the group “%1”? Its cleaners stay.").arg(toQString(name));
-  if (isAnsweredYes(this, tr("Remove Group"), question)) report(_models.lists.removeGroup(name));
+  if (isConfirmed(this, tr("Remove Group"), question, tr("Remove"))) {
+    report(_models.lists.removeGroup(name));
+  }
 }
 
 void GroupsPage::addEntry(const std::string& token) {

@@ -5,6 +5,7 @@
 #include <QToolButton>
 
 #include "engine/window/models/PersonalLists.h"
+#include "engine/window/widgets/OneLineText.h"
 #include "engine/window/widgets/ShowText.h"
 #include "hosts/qt/QtText.h"
 
@@ -30,6 +31,7 @@ CleanerEditor::CleanerEditor(PersonalLists& lists, QWidget* parent)
 void CleanerEditor::layOut() {
   _name->setAccessibleName(tr("Name"));
   _description->setAccessibleName(tr("Description"));
+  for (QLineEdit* field : {_name, _description}) field->setValidator(new OneLineText(field));
   _fault->setWordWrap(true);
   _fault->setVisible(false);
   constexpr int stepsInView = 3;
@@ -75,8 +77,10 @@ void CleanerEditor::connectFields() {
   connect(_description, &QLineEdit::textChanged, this, [this](const QString& text) {
     change([&](auto& cleaner) { cleaner.description = text.trimmed().toStdString(); });
   });
-  connect(_color, &ColorBox::picked, this,
-          [this] { change([this](auto& cleaner) { cleaner.color = _color->color(); }); });
+  connect(_color, &ColorBox::picked, this, [this] {
+    const std::string color = _color->color();
+    change([&color](auto& cleaner) { cleaner.color = color; });
+  });
   connect(_stepList, &ReorderableList::currentRowChanged, this,
           [this](int row) { _stepEditor->setStep(_steps.row(row)); });
   connect(_stepList, &ReorderableList::removeAsked, this,
@@ -123,7 +127,8 @@ std::optional<CustomCleaner> CleanerEditor::cleaner() const {
 }
 
 void CleanerEditor::change(const std::function<void(CustomCleaner&)>& change) {
-  emit stored(_lists.changeCleaner(_token, change));
+  const std::string token = _token;
+  emit stored(_lists.changeCleaner(token, change));
 }
 
 void CleanerEditor::addStep(CustomStep step) {
@@ -132,12 +137,13 @@ void CleanerEditor::addStep(CustomStep step) {
 }
 
 void CleanerEditor::storeSteps() {
-  _drafts[_token] = _steps.rows();
+  const std::string token = _token;
+  const auto steps = _steps.rows();
+  _drafts[token] = steps;
   if (_steps.fault().isEmpty()) {
-    const auto steps = _steps.rows();
     const auto failure =
-        _lists.changeCleaner(_token, [&steps](auto& cleaner) { cleaner.steps = steps; });
-    if (!failure) _drafts.erase(_token);
+        _lists.changeCleaner(token, [&steps](auto& cleaner) { cleaner.steps = steps; });
+    if (!failure) _drafts.erase(token);
     emit stored(failure);
   }
   _stepEditor->setStep(_steps.row(_stepList->currentRow()));

@@ -2,14 +2,20 @@
 #pragma once
 
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace qf {
 
-/// Asks the person Yes or No. The text is plain: names in it are never taken for HTML.
-inline bool isAnsweredYes(QWidget* parent, const QString& title, const QString& text) {
-  QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, parent);
+/// Asks the person whether to do what cannot be undone: the button is named after it, and Cancel is
+/// the default. The text is plain: names in it are never taken for HTML.
+inline bool isConfirmed(QWidget* parent, const QString& title, const QString& text,
+                        const QString& action) {
+  QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Cancel, parent);
   box.setTextFormat(Qt::PlainText);
-  return box.exec() == QMessageBox::Yes;
+  const QPushButton* confirm = box.addButton(action, QMessageBox::DestructiveRole);
+  box.setDefaultButton(QMessageBox::Cancel);
+  box.exec();
+  return box.clickedButton() == confirm;
 }
 
 }  // namespace qf

@@ -55,9 +55,11 @@ TEST_F(CleanersPage, ACleanerIsMadeEditedTriedUsedAndRemoved) {
   EngineProgram command({"--clipboard", "#CUSTOM:Upper Case 2"});
   EXPECT_TRUE(until([] { return clipboard::text() == "ME!E"; }));
 
+  engine.click("push button", "Copy");
+  ASSERT_TRUE(stores("\"name\": \"Shout 2\""));
   engine.click("push button", "Remove");
-  engine.click("push button", "Yes");
-  EXPECT_TRUE(until([] { return !contents(cleanersFile).contains("Shout"); }));
+  engine.confirmRemoval();
+  EXPECT_TRUE(until([] { return !contents(cleanersFile).contains("Shout 2"); }));
 }
 
 TEST_F(CleanersPage, ABrokenExpressionSaysWhatAndWhereAndIsNotStored) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/engine/window/EngineProgram.h"
 
+#include <gtest/gtest.h>
+
 #include <QDBusInterface>
 #include <csignal>
 #include <stdexcept>
@@ -93,6 +95,11 @@ Accessible EngineProgram::node(const QString& role, const QString& name) const {
 
 void EngineProgram::click(const QString& role, const QString& name) const {
   mouse::click(node(role, name).screenExtents().center());
+}
+
+void EngineProgram::confirmRemoval() const {
+  EXPECT_TRUE(until([&] { return focused() && focused()->name() == "Cancel"; }));
+  click("push button", "Remove");  // the question's comes after the page's
 }
 
 void EngineProgram::type(const QString& fieldName, const QString& text) const {

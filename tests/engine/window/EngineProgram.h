@@ -33,6 +33,8 @@ class EngineProgram {
   bool hasText(const QString& part) const;  ///< in any showing label
   void click(const QString& role, const QString& name) const;
   void showPage(const QString& title) const { click("list item", title); }
+  /// Waits for the question whether to remove something, whose default is not to, and agrees.
+  void confirmRemoval() const;
   /// Puts the text into the field, as typed.
   void type(const QString& fieldName, const QString& text) const;
   std::vector<Accessible> showingNodes() const;

@@ -130,7 +130,7 @@ TEST_F(GroupsPage, AGroupIsMadeAndRemoved) {
   EXPECT_TRUE(until([] { return groups()[2].toObject()["name"] == "Travel"; }));
   engine->click("list item", "Home");
   keyboard::press("Delete");
-  engine->click("push button", "Yes");
+  engine->confirmRemoval();
   EXPECT_TRUE(
       until([] { return groups().size() == 2 && groups()[1].toObject()["name"] == "Travel"; }));
 }
