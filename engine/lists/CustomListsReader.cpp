@@ -26,6 +26,15 @@ bool isColor(std::string_view text) {
          text.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string_view::npos;
 }
 
+/// What no property list in XML can hold: the whole list would not be published.
+bool hasControlCharacter(std::string_view text) {
+  const auto isControl = [](char c) {
+    return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r';
+  };
+  return std::ranges::any_of(text, isControl) || text.find("\uFFFE") != std::string_view::npos ||
+         text.find("\uFFFF") != std::string_view::npos;
+}
+
 class Reader {
  public:
   explicit Reader(const QFCleanerLibrary::Cleaners& builtIn) : _builtIn(builtIn) {}
@@ -75,6 +84,15 @@ class Reader {
     return std::nullopt;
   }
 
+  /// The same for a text that is published. Nothing, and a fault, where it cannot be.
+  std::optional<std::string> publishedText(const JSON& object, const char* key,
+                                           const std::string& place) {
+    auto result = text(object, key, place);
+    if (!result || !hasControlCharacter(*result)) return result;
+    fault(place + "." + key, "has a control character in it");
+    return std::nullopt;
+  }
+
   std::optional<bool> flag(const JSON& object, const char* key, const std::string& place) {
     const auto found = object.find(key);
     if (found == object.end()) return false;
@@ -97,7 +115,7 @@ class Reader {
       fault(place, "must be an object");
       return std::nullopt;
     }
-    auto name = text(entry, "name", place);
+    auto name = publishedText(entry, "name", place);
     if (name && name->empty()) {
       fault(place, "needs a \"name\"");
       return std::nullopt;
@@ -108,7 +126,8 @@ class Reader {
   std::optional<CustomCleaner> readCleaner(const JSON& entry, const std::string& place) {
     const auto name = this->name(entry, place);
     if (!name) return std::nullopt;
-    const auto token = text(entry, "token", place), description = text(entry, "description", place);
+    const auto token = publishedText(entry, "token", place),
+               description = publishedText(entry, "description", place);
     if (!token || !description) return std::nullopt;
     CustomCleaner cleaner{*name, cleanerToken(entry), *description, color(entry, place), {}};
     if (_builtIn.contains(cleaner.token) || cleaner.token == undoToken ||
@@ -164,6 +183,7 @@ class Reader {
                          : item.is_object() ? text(item, "token", itemPlace)
                                             : std::optional<std::string>("");
       if (!token) return;
+      if (hasControlCharacter(*token)) return fault(itemPlace, "has a control character in it");
       const bool isKnown = _builtIn.contains(*token) || *token == undoToken || isSpecial(*token) ||
                            _tokens.contains(*token);
       if (!isKnown) fault(itemPlace, "there is no cleaner \"" + *token + '"');

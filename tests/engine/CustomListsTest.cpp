@@ -10,6 +10,7 @@
 #include "engine/lists/ListData.h"
 #include "engine/lists/QFCustomFile.h"
 #include "engine/program/FileWatch.h"
+#include "foundation/PropertyList.h"
 #include "hosts/linux/files/XdgFileManager.h"
 #include "kit/QFKListFormat.h"
 #include "tests/support/LogCapture.h"
@@ -105,6 +106,20 @@ TEST_F(CustomListsOf, whatIsBrokenIsNamedAndTheRestCounts) {
   ASSERT_EQ(lists.groups.size(), 1u);
   ASSERT_EQ(lists.groups[0].entries.size(), 5u);
   EXPECT_FALSE(lists.groups[0].entries[3].isKnown);
+}
+
+TEST_F(CustomListsOf, aTextThatNoListCanHoldCostsItsEntryAlone) {
+  const CustomLists lists = read(R"({
+    "cleaners": [{"name": "Bell\u0007", "steps": ["#TRIM"]},
+                 {"name": "A", "description": "\uffff", "steps": ["#TRIM"]},
+                 {"name": "B", "description": "two\nlines", "steps": [{"find": "\u0007"}]}],
+    "groups": [{"name": "G", "entries": ["#LABEL:\f", "#TRIM"]}, {"name": "\u0001"}]})");
+  EXPECT_THAT(lists.faults, ElementsAre("cleaners[0].name: has a control character in it",
+                                        "cleaners[1].description: has a control character in it",
+                                        "groups[0].entries[0]: has a control character in it",
+                                        "groups[1].name: has a control character in it"));
+  EXPECT_TRUE(writePropertyList(withCustomLists({}, lists), PropertyListFormat::xml));
+  EXPECT_EQ(lists.cleaners.size() + lists.groups[0].entries.size(), 2u);
 }
 
 TEST_F(CustomListsOf, savingKeepsWhatCouldNotBeRead) {

@@ -21,6 +21,13 @@ std::optional<Value> PropertyListDomain::value(std::string_view key) {
 }
 
 void PropertyListDomain::store(std::string_view key, std::optional<Value> value) {
+  if (value) {
+    const auto bytes = writePropertyList(*value, PropertyListFormat::xml);
+    if (!bytes) {
+      return log("The setting " + std::string(key) +
+                 " cannot be stored: " + bytes.error().localizedDescription);
+    }
+  }
   _unstored.insert_or_assign(std::string(key), std::move(value));
   flush();
   _changes.post(changed);

@@ -25,7 +25,8 @@ class PropertyListDomain {
 
   std::optional<Value> value(std::string_view key);
   /// Nothing removes the key. Where the file cannot be written, that is logged, and the change
-  /// waits for the next store; this process sees it already.
+  /// waits for the next store; this process sees it already. A value that XML cannot hold (a
+  /// control character) is left out, with a line in the log, and the key keeps the value it had.
   void store(std::string_view key, std::optional<Value> value);
 
   static constexpr std::string_view changed = "changed";

@@ -72,6 +72,16 @@ TEST_F(PropertyListUserDefaultsTest, seesAndKeepsWhatOtherProcessesStore) {
   EXPECT_EQ(defaults.objectForKey("b"), std::nullopt);
 }
 
+TEST_F(PropertyListUserDefaultsTest, aValueThatCannotBeStoredHoldsUpNoOther) {
+  defaults.setObject("first", "a");
+  defaults.setObject("bell\a", "a");
+  defaults.setObject("later", "b");
+  EXPECT_EQ(defaults.objectForKey("a"), Value("first"));
+  EXPECT_NE(TemporaryHome::text(file).find("later"), std::string::npos);
+  ASSERT_EQ(log.lines.size(), 1u);
+  EXPECT_TRUE(log.lines[0].starts_with("The setting a cannot be stored: ")) << log.lines[0];
+}
+
 TEST_F(PropertyListUserDefaultsTest, writesThroughALinkToTheFileBehindIt) {
   TemporaryHome::write(home / "dotfiles/real.plist", "<plist><dict/></plist>");
   std::filesystem::create_directories(file.parent_path());
