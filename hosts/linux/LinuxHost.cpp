@@ -15,6 +15,7 @@
 
 #include "foundation/Log.h"
 #include "foundation/Value.h"
+#include "hosts/linux/X11Surroundings.h"
 #include "hosts/linux/accessibility/elements/AtspiAccessibility.h"
 #include "hosts/linux/bus/BusApplicationObject.h"
 #include "hosts/linux/bus/BusApplications.h"
@@ -36,6 +37,8 @@
 #include "hosts/linux/keys/DesktopHotKeys.h"
 #include "hosts/linux/keys/XcbHotKeys.h"
 #include "hosts/linux/keys/XkbKeyboardLayout.h"
+#include "hosts/linux/request/CleanRequest.h"
+#include "hosts/linux/request/RequestDefaults.h"
 #include "hosts/linux/x11/X11Display.h"
 #include "hosts/linux/x11/X11PanelSystem.h"
 #include "hosts/qt/QtApplication.h"
@@ -91,12 +94,15 @@ struct LinuxHost::Backends {
         appleEvents(core.applications),
         distributedNotificationCenter(core.bus),
         workspace(core.applications, {.programFolder = programFolder()}),
-        accessibility(pasteboards.generalPasteboard(), workspace),
+        surroundings(workspace, pasteboards.generalPasteboard()),
+        request(pasteboards.generalPasteboard(), surroundings),
+        accessibility(pasteboards.generalPasteboard(), workspace, request),
         hotKeys(mainQueue),
         keyboardLayout(hotKeys.keyboard()),
         symbolicHotKeys(core.bus, hotKeys.keyboard()),
-        paletteWindows(panelSystem, {.takesKeyboard = [this] { return paletteTakesKeyboard(); },
-                                     .fault = [this] { return installationFault(); }}),
+        paletteWindows(panelSystem,
+                       {.takesKeyboard = [this] { return isSet(paletteTakesKeyboardDefault); },
+                        .fault = [this] { return installationFault(); }}),
         servicesMenu(core.bus, pasteboards),
         traySystem(core.bus),
         statusBar(traySystem),
@@ -128,6 +134,7 @@ struct LinuxHost::Backends {
       isLaunchFailureTold = true;
       note(Availability::unavailable(reason), engineOutcome);
     });
+    bindRequests();
     accessibility.setOutcomeHandler(
         [this](const Availability& outcome) { note(outcome, roadOutcome); });
     appleEvents.setOutcomeHandler([this](AppleEventStatus status, const std::string& reason) {
@@ -152,6 +159,19 @@ struct LinuxHost::Backends {
       if (tray.isAvailable) return;
       tell("StatusBar", tray);
       application.reopen();
+    });
+  }
+
+  ~Backends() { appleEvents.setHintsExchange(nullptr); }
+
+  void bindRequests() {
+    appleEvents.setHintsExchange(&request);
+    workspace.setActivationVeto([this] { return request.declinesActivation(); });
+    hotKeys.setGate({[this] { return request.isRunning(); },
+                     [this](std::uint32_t window) { return workspace.isInputStillIn(window); }});
+    accessibility.setTakesWholeTexts([this] { return !isSet(leavesWholeTextsDefault); });
+    accessibility.setWholeTextHandler([this](const std::string& text) {
+      notice.tellQuietly(reasonText(QString::fromStdString(text)).toStdString());
     });
   }
 
@@ -191,10 +211,8 @@ struct LinuxHost::Backends {
     return Availability::available();
   }
 
-  bool paletteTakesKeyboard() {
-    const auto value =
-        userDefaults.standardUserDefaults().objectForKey(paletteTakesKeyboardDefault);
-    return value == Value(true);
+  bool isSet(std::string_view userDefault) {
+    return userDefaults.standardUserDefaults().objectForKey(userDefault) == Value(true);
   }
 
   Availability latestOutcome() const {
@@ -247,6 +265,8 @@ struct LinuxHost::Backends {
   DBusDistributedNotificationCenter distributedNotificationCenter;
   LinuxWorkspace workspace;
   mutable XcbPasteboards pasteboards;
+  X11Surroundings surroundings;
+  CleanRequest request;
   AtspiAccessibility accessibility;
   QtMainQueue mainQueue;
   XcbHotKeys hotKeys;

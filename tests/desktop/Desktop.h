@@ -59,6 +59,8 @@ class Editor {
   /// Gives the window the input, puts the text there and selects all of it, or none.
   void reset(const QString& text, bool selected = true);
   void focus() const;
+  /// False while another tab hides it.
+  bool isShowing() const { return _textArea->isShowing(); }
   /// Selects all of its text by the accessibility bus; whether something is selected now.
   bool selectAll() const;
 

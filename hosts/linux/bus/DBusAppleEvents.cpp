@@ -62,6 +62,7 @@ void DBusAppleEvents::setEventHandler(FourCharCode eventClass, FourCharCode even
 AppleEventStatus DBusAppleEvents::sendMessage(const AppleEvent& event, std::int32_t sendMode,
                                               std::int32_t timeoutInTicks, Data& reply) {
   reply.clear();
+  if (_hintsExchange) _hintsExchange->willSend();
   const Outcome outcome = send(event, sendMode, millisecondsFromTicks(timeoutInTicks), reply);
   if (_outcomeHandler) _outcomeHandler(outcome.status, outcome.reason);
   return outcome.status;
@@ -82,8 +83,8 @@ DBusAppleEvents::Outcome DBusAppleEvents::send(const AppleEvent& event, std::int
 
   EventHints hints;
   if (_hintsExchange) {
-    auto found =
-        _hintsExchange->hintsOfEvent(target->takesHints, std::chrono::milliseconds(milliseconds));
+    auto found = _hintsExchange->hintsOfEvent({target->processIdentifier, target->takesHints},
+                                              std::chrono::milliseconds(milliseconds));
     if (!found) return {};
     hints = *std::move(found);
   }

@@ -3,7 +3,6 @@
 
 #include <QDBusMessage>
 #include <QStringList>
-#include <QVariantMap>
 #include <algorithm>
 #include <utility>
 
@@ -23,7 +22,16 @@ bool UserNotice::wasToldRecently(const std::string& text, Clock::time_point now)
                      [&text](const Told& told) { return told.text == text; });
 }
 
-void UserNotice::tell(const std::string& text, Clock::time_point now) {
+void UserNotice::tell(const std::string& text, Clock::time_point now) { send(text, {}, now); }
+
+void UserNotice::tellQuietly(const std::string& text, Clock::time_point now) {
+  constexpr uchar lowUrgency = 0;
+  const QVariantMap hints{{QStringLiteral("urgency"), QVariant::fromValue(lowUrgency)},
+                          {QStringLiteral("transient"), true}};
+  send(text, hints, now);
+}
+
+void UserNotice::send(const std::string& text, const QVariantMap& hints, Clock::time_point now) {
   if (wasToldRecently(text, now)) return;
   _told.push_back({text, now});
 
@@ -37,7 +45,7 @@ void UserNotice::tell(const std::string& text, Clock::time_point now) {
   // Bodies are markup there.
   message << toQString(_applicationName) << replacesNone << toQString(_iconName)
           << toQString(_applicationName) << toQString(text).toHtmlEscaped() << QStringList()
-          << QVariantMap() << desktopsOwnTime;
+          << hints << desktopsOwnTime;
   _bus.send(message);
 }
 

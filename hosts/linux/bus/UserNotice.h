@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QVariantMap>
 #include <chrono>
 #include <string>
 #include <vector>
@@ -19,6 +20,8 @@ class UserNotice {
 
   /// Returns at once. The same text within `quietTime` of its last telling is not told again.
   void tell(const std::string& text, Clock::time_point now = Clock::now());
+  /// The same of something that went as it should: desktops show it briefly, and keep no record.
+  void tellQuietly(const std::string& text, Clock::time_point now = Clock::now());
 
  private:
   struct Told {
@@ -26,6 +29,7 @@ class UserNotice {
     Clock::time_point when;
   };
 
+  void send(const std::string& text, const QVariantMap& hints, Clock::time_point now);
   bool wasToldRecently(const std::string& text, Clock::time_point now);
 
   QDBusConnection _bus;

@@ -8,7 +8,7 @@ namespace qf {
 /// The pasteboards of an X11 session: the general one only.
 class XcbPasteboards : public Pasteboards {
  public:
-  Pasteboard& generalPasteboard() override { return _general; }
+  XcbPasteboard& generalPasteboard() override { return _general; }
   Pasteboard* pasteboardWithName(std::string_view name) override {
     return name == NSGeneralPboard ? &_general : nullptr;
   }

@@ -73,6 +73,7 @@ bool LinuxWorkspace::activateApplication(std::int32_t processIdentifier) {
   };
   if (processIdentifier <= 0) return false;
   if (isActive()) return true;
+  if (_activationVeto && _activationVeto()) return false;
 
   const std::vector<X11Window> windows = windowsByActivity();
   const auto target = std::find_if(windows.begin(), windows.end(), [&](const X11Window& window) {
@@ -83,6 +84,23 @@ bool LinuxWorkspace::activateApplication(std::int32_t processIdentifier) {
   const Clock::time_point deadline = Clock::now() + activationLimit;
   while (!isActive() && Clock::now() < deadline) std::this_thread::sleep_for(lookInterval);
   return true;
+}
+
+xcb_window_t LinuxWorkspace::inputWindow() const {
+  const xcb_window_t active = _windows.activeWindow();
+  if (active == XCB_WINDOW_NONE) return XCB_WINDOW_NONE;
+  const X11Window window = _windows.describe(active);
+  const bool isOthers = isOfApplication(window) && window.processIdentifier != getpid();
+  return isOthers ? active : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+bool LinuxWorkspace::isInputStillIn(xcb_window_t window) const {
+  const xcb_window_t active = inputWindow();
+  return active == window || active == XCB_WINDOW_NONE;
+}
+
+std::int32_t LinuxWorkspace::processOfWindow(xcb_window_t window) const {
+  return window == XCB_WINDOW_NONE ? 0 : _windows.describe(window).processIdentifier;
 }
 
 std::optional<std::filesystem::path> LinuxWorkspace::URLForApplicationWithBundleIdentifier(

@@ -47,6 +47,16 @@ class LinuxWorkspace : public Workspace {
                                               const LaunchOptions& options) override;
   void observeActivation(std::function<void()> handler) override;
 
+  /// The active window where it is another application's, else 0.
+  xcb_window_t inputWindow() const;
+  /// False once the input has gone from that window to another one of another application. A panel
+  /// or a window of this process does not count.
+  bool isInputStillIn(xcb_window_t window) const;
+  /// 0 where it is not known.
+  std::int32_t processOfWindow(xcb_window_t window) const;
+
+  /// Asked before another window is activated: where it answers true, the input stays where it is.
+  void setActivationVeto(std::function<bool()> veto) { _activationVeto = std::move(veto); }
   /// Called with the reason, in words for a person, each time an application could not be started.
   void setLaunchFailureHandler(std::function<void(const std::string& reason)> handler) {
     _launchFailureHandler = std::move(handler);
@@ -66,6 +76,7 @@ class LinuxWorkspace : public Workspace {
   DesktopEntries _entries;
   ApplicationLauncher _launcher;
   std::vector<std::function<void()>> _handlers;
+  std::function<bool()> _activationVeto;
   std::function<void(const std::string&)> _launchFailureHandler;
   mutable std::vector<xcb_window_t> _lastActive;  ///< windows of applications, the latest first
 };

@@ -9,6 +9,7 @@
 #include <xcb/xkb.h>
 #undef explicit
 
+#include <string_view>
 #include <vector>
 
 #include "hosts/linux/keys/XkbPointers.h"
@@ -33,6 +34,7 @@ KeyboardConnection::KeyboardConnection(const std::string& displayName) {
   auto screens = xcb_setup_roots_iterator(xcb_get_setup(_connection));
   for (; screenNumber > 0 && screens.rem > 1; --screenNumber) xcb_screen_next(&screens);
   _root = screens.data->root;
+  internAtoms();
   _context = xkb_context_new(XKB_CONTEXT_NO_FLAGS);
   if (!_context || !startXkb()) {
     _fault = "the X server lacks the XKEYBOARD extension";
@@ -44,6 +46,22 @@ KeyboardConnection::KeyboardConnection(const std::string& displayName) {
 KeyboardConnection::~KeyboardConnection() {
   xkb_context_unref(_context);
   xcb_disconnect(_connection);
+}
+
+void KeyboardConnection::internAtoms() {
+  constexpr std::string_view name = "_NET_ACTIVE_WINDOW";
+  const Owned<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
+      _connection, xcb_intern_atom(_connection, 0, name.size(), name.data()), nullptr));
+  if (atom) _netActiveWindow = atom->atom;
+}
+
+xcb_window_t KeyboardConnection::activeWindow() {
+  const Owned<xcb_get_property_reply_t> property(xcb_get_property_reply(
+      _connection, xcb_get_property(_connection, 0, _root, _netActiveWindow, XCB_ATOM_WINDOW, 0, 1),
+      nullptr));
+  if (!property || xcb_get_property_value_length(property.get()) < int{sizeof(xcb_window_t)})
+    return XCB_WINDOW_NONE;
+  return *static_cast<const xcb_window_t*>(xcb_get_property_value(property.get()));
 }
 
 bool KeyboardConnection::startXkb() {

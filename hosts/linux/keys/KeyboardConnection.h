@@ -58,7 +58,11 @@ class KeyboardConnection {
   /// own and no repeat.
   bool begins(const xcb_key_press_event_t& press);
 
+  /// By the window manager's word; XCB_WINDOW_NONE where there is none.
+  xcb_window_t activeWindow();
+
  private:
+  void internAtoms();
   bool startXkb();
   bool startXInput();
   void released(std::uint32_t key);
@@ -68,6 +72,7 @@ class KeyboardConnection {
   xcb_connection_t* _connection;
   std::string _fault;
   xcb_window_t _root = XCB_WINDOW_NONE;
+  xcb_atom_t _netActiveWindow = XCB_ATOM_NONE;
   xkb_context* _context = nullptr;
   std::uint8_t _firstXkbEvent = 0;
   std::uint8_t _xInputOpcode = 0;

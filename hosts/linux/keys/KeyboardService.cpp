@@ -137,7 +137,7 @@ void KeyboardService::handlePress(const xcb_key_press_event_t& press) {
   const Stroke pressed(press.detail, press.state & allModifiers & ~map()->lockMask());
   for (const auto& [combination, strokes] : _grabs) {
     for (const Stroke& stroke : strokes) {
-      if (stroke == pressed) return _handlers.onPress(combination);
+      if (stroke == pressed) return _handlers.onPress(combination, _connection.activeWindow());
     }
   }
 }

@@ -24,7 +24,8 @@ class KeyboardService {
   enum class Grab { granted, heldByAnother, noSuchKey, noAnswer };
   struct Handlers {
     /// Each runs on the service's thread.
-    std::function<void(const KeyCombination&)> onPress;
+    /// The window is the one that was active, by _NET_ACTIVE_WINDOW; 0 for none.
+    std::function<void(const KeyCombination&, std::uint32_t activeWindow)> onPress;
     /// Another keyboard or layout came; a combination that was grabbed is so no more, or again.
     std::function<void(const KeyCombination&, Grab)> onGrabChanged;
   };

@@ -22,8 +22,8 @@ bool isOnWayland() { return std::getenv("WAYLAND_DISPLAY") != nullptr; }
 XcbHotKeys::XcbHotKeys(MainQueue& mainQueue, const std::string& displayName)
     : _mainQueue(mainQueue) {
   KeyboardService::Handlers handlers;
-  handlers.onPress = [this](const KeyCombination& combination) {
-    later([combination](XcbHotKeys& self) { self.pressed(combination); });
+  handlers.onPress = [this](const KeyCombination& combination, std::uint32_t window) {
+    queue(combination, window);
   };
   handlers.onGrabChanged = [this](const KeyCombination& combination, KeyboardService::Grab answer) {
     later([combination, answer](XcbHotKeys& self) { self.grabChanged(combination, answer); });
@@ -124,7 +124,18 @@ std::optional<std::uint64_t> XcbHotKeys::installEventHandler(Handler handler) {
   return _lastNumber;
 }
 
-void XcbHotKeys::pressed(const KeyCombination& combination) {
+// On the service's thread.
+void XcbHotKeys::queue(const KeyCombination& combination, std::uint32_t window) {
+  if (_waitingPresses > 0 && _gate.isBusy()) return;
+  ++_waitingPresses;
+  later([combination, window](XcbHotKeys& self) {
+    --self._waitingPresses;
+    self.pressed(combination, window);
+  });
+}
+
+void XcbHotKeys::pressed(const KeyCombination& combination, std::uint32_t window) {
+  if (window != 0 && !_gate.isInputStillIn(window)) return;
   const auto grab = _grabs.find(combination);
   if (grab == _grabs.end() || grab->second.registrations.empty()) return;
   const HotKeyEvent event{.directObject = grab->second.registrations.rbegin()->second};

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -15,10 +17,23 @@ class MainQueue;
 /// Hot keys by grabs of the X server. These are not counted, so the registrations are counted here;
 /// an unused grab is dropped once the run loop has turned, so that one that is registered again
 /// meanwhile is never let go.
+///
+/// A press belongs to the window that was active when it was made.
 class XcbHotKeys : public HotKeys {
  public:
+  /// Decides which presses are carried out. Both default to carrying out all of them.
+  struct Gate {
+    /// Whether a press is being carried out that takes its time: one more is kept then, the rest
+    /// are dropped. Any thread.
+    std::function<bool()> isBusy = [] { return false; };
+    /// Whether the input still is in the window of the press. Main thread.
+    std::function<bool(std::uint32_t window)> isInputStillIn = [](std::uint32_t) { return true; };
+  };
+
   /// The queue outlives the hot keys.
   explicit XcbHotKeys(MainQueue& mainQueue, const std::string& displayName = {});
+  /// Before the first registration.
+  void setGate(Gate gate) { _gate = std::move(gate); }
   ~XcbHotKeys() override;
 
   Availability availability() const override;
@@ -38,7 +53,8 @@ class XcbHotKeys : public HotKeys {
     bool isLost = false;                    ///< to another program, when the keyboard changed
   };
 
-  void pressed(const KeyCombination& combination);
+  void queue(const KeyCombination& combination, std::uint32_t window);
+  void pressed(const KeyCombination& combination, std::uint32_t window);
   void grabChanged(const KeyCombination& combination, KeyboardService::Grab answer);
   void refuse(const KeyCombination& combination, KeyboardService::Grab answer);
   void dropUnusedSoon();
@@ -46,6 +62,8 @@ class XcbHotKeys : public HotKeys {
   void later(std::function<void(XcbHotKeys&)> work);
 
   MainQueue& _mainQueue;
+  Gate _gate;
+  std::atomic<int> _waitingPresses = 0;
   std::map<KeyCombination, Grab> _grabs;
   std::map<Ref, KeyCombination> _combinations;
   std::map<KeyCombination, std::string> _refusals;

@@ -3,6 +3,7 @@
 #include "hosts/linux/clipboard/XcbPasteboard.h"
 #include "tests/contract/AccessibilityContract.h"
 #include "tests/desktop/Desktop.h"
+#include "tests/hosts/accessibility/FakeSurroundings.h"
 #include "tests/support/FakeWorkspace.h"
 
 namespace qf {
@@ -25,7 +26,9 @@ class OnAtspi {
  private:
   XcbPasteboard _pasteboard;
   FakeWorkspace _workspace;
-  AtspiAccessibility _accessibility{_pasteboard, _workspace};
+  FakeSurroundings _surroundings;
+  CleanRequest _request{_pasteboard, _surroundings};
+  AtspiAccessibility _accessibility{_pasteboard, _workspace, _request};
   desktop::Editor _editor{"mousepad", "text"};
 };
 

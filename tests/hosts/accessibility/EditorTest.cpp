@@ -12,6 +12,7 @@
 #include "hosts/linux/accessibility/elements/AtspiAccessibility.h"
 #include "hosts/linux/clipboard/XcbPasteboard.h"
 #include "tests/desktop/Desktop.h"
+#include "tests/hosts/accessibility/FakeSurroundings.h"
 #include "tests/support/FakeWorkspace.h"
 #include "textaccess/QFTextAccess.h"
 #include "textaccess/QFUIElement.h"
@@ -46,7 +47,7 @@ class RealEditor : public testing::TestWithParam<Target> {
     };
     if (!isFound({}) && !isFound({QCoreApplication::applicationDirPath()}))
       GTEST_SKIP() << qPrintable(program) << " is not installed";
-    accessibility = std::make_unique<AtspiAccessibility>(pasteboard, workspace);
+    accessibility = std::make_unique<AtspiAccessibility>(pasteboard, workspace, request);
     access = std::make_unique<QFTextAccess>(*accessibility, pasteboard, workspace);
     editor = std::make_unique<Editor>(GetParam().command, sample);
     const auto process = static_cast<std::int32_t>(editor->program().processIdentifier());
@@ -60,6 +61,8 @@ class RealEditor : public testing::TestWithParam<Target> {
 
   XcbPasteboard pasteboard;
   FakeWorkspace workspace;
+  FakeSurroundings surroundings;
+  CleanRequest request{pasteboard, surroundings};
   std::unique_ptr<AtspiAccessibility> accessibility;
   std::unique_ptr<QFTextAccess> access;
   std::unique_ptr<Editor> editor;

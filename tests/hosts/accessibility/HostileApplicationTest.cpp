@@ -12,6 +12,7 @@
 #include "hosts/linux/accessibility/elements/AtspiAccessibility.h"
 #include "tests/desktop/Desktop.h"
 #include "tests/hosts/accessibility/FakeAtspiApplication.h"
+#include "tests/hosts/accessibility/FakeSurroundings.h"
 #include "tests/support/FakePasteboard.h"
 #include "tests/support/FakeWorkspace.h"
 #include "textaccess/QFTextAccess.h"
@@ -43,7 +44,7 @@ class HostileApplication : public testing::Test {
 
   void SetUp() override {
     if (qEnvironmentVariableIsEmpty("QF_SESSION")) GTEST_SKIP() << "needs a private desktop";
-    accessibility = std::make_unique<AtspiAccessibility>(pasteboard, workspace);
+    accessibility = std::make_unique<AtspiAccessibility>(pasteboard, workspace, request);
     accessibility->setOutcomeHandler([this](const Availability& outcome) {
       if (!outcome.isAvailable) told.push_back(outcome.reason);
     });
@@ -109,6 +110,8 @@ class HostileApplication : public testing::Test {
 
   CountedPasteboard pasteboard;
   FakeWorkspace workspace;
+  FakeSurroundings surroundings;
+  CleanRequest request{pasteboard, surroundings};
   std::vector<std::string> told;
   std::unique_ptr<AtspiAccessibility> accessibility;
   std::unique_ptr<QFTextAccess> access;

@@ -149,8 +149,10 @@ TEST_F(Bus, CarriesEventsAndTheirReplies) {
 
 /// Gives what a test says, and keeps what came back.
 struct Hints : EventHintsExchange {
-  std::optional<EventHints> hintsOfEvent(bool takesHints, std::chrono::milliseconds) override {
-    EXPECT_TRUE(takesHints);
+  void willSend() override {}
+  std::optional<EventHints> hintsOfEvent(const Receiver& receiver,
+                                         std::chrono::milliseconds) override {
+    EXPECT_TRUE(receiver.takesHints);
     return next;
   }
   void answered(const AnswerHints& hints) override { answer = hints; }

@@ -6,8 +6,13 @@
 
 namespace qf {
 
-AtspiAccessibility::AtspiAccessibility(Pasteboard& pasteboard, const Workspace& workspace)
-    : _pasteboard(pasteboard), _workspace(workspace), _windows(_bus), _lastFailure(workspace) {}
+AtspiAccessibility::AtspiAccessibility(Pasteboard& pasteboard, const Workspace& workspace,
+                                       CleanRequest& request)
+    : _pasteboard(pasteboard),
+      _workspace(workspace),
+      _windows(_bus),
+      _lastFailure(workspace),
+      _cleaning{request} {}
 
 Availability AtspiAccessibility::availability() const {
   const Availability bus = _bus.availability();
@@ -20,7 +25,8 @@ AccessibilityElementRef AtspiAccessibility::systemWideElement() {
 
 AccessibilityElementRef AtspiAccessibility::applicationElement(std::int32_t processIdentifier) {
   return std::make_shared<AtspiApplicationElement>(std::make_shared<AtspiTarget>(
-      AtspiTarget::Services{_bus, _windows, _lastFailure, _pasteboard}, processIdentifier));
+      AtspiTarget::Services{_bus, _windows, _lastFailure, _pasteboard, _cleaning},
+      processIdentifier));
 }
 
 bool AtspiAccessibility::isProcessTrusted(bool) { return _bus.availability().isAvailable; }

@@ -3,6 +3,7 @@
 
 #include "host/AccessibilityElement.h"
 #include "hosts/linux/accessibility/bus/AtspiBus.h"
+#include "hosts/linux/accessibility/elements/AtspiCleaning.h"
 #include "hosts/linux/accessibility/elements/AtspiLastFailure.h"
 #include "hosts/linux/accessibility/elements/AtspiWindows.h"
 
@@ -16,13 +17,22 @@ class Workspace;
 class AtspiAccessibility : public Accessibility {
  public:
   /// Needs an application object; `pasteboard` is the one that menus copy to. Both outlive this.
-  AtspiAccessibility(Pasteboard& pasteboard, const Workspace& workspace);
+  AtspiAccessibility(Pasteboard& pasteboard, const Workspace& workspace, CleanRequest& request);
 
   /// Besides the bus this tells why the application that was tried last could not be reached.
   Availability availability() const override;
   /// Called once at the end of each request in which something was tried.
   void setOutcomeHandler(std::function<void(const Availability&)> handler) {
     _lastFailure.setHandler(std::move(handler));
+  }
+  /// Whether the whole text may be taken where nothing is selected; asked each time. Without this
+  /// it may.
+  void setTakesWholeTexts(std::function<bool()> takesWholeTexts) {
+    _cleaning.takesWholeTexts = std::move(takesWholeTexts);
+  }
+  /// Called with a sentence after the whole text was taken, and replaced.
+  void setWholeTextHandler(std::function<void(const std::string&)> handler) {
+    _cleaning.wholeTextHandler = std::move(handler);
   }
   AccessibilityElementRef systemWideElement() override;
   AccessibilityElementRef applicationElement(std::int32_t processIdentifier) override;
@@ -38,6 +48,7 @@ class AtspiAccessibility : public Accessibility {
   AtspiBus _bus;
   AtspiWindows _windows;
   AtspiLastFailure _lastFailure;
+  AtspiCleaning _cleaning;
 };
 
 }  // namespace qf

@@ -33,6 +33,7 @@ AtspiEditItem::AtspiEditItem(AtspiTarget& target, AtspiMenuTree& tree,
     : _target(target), _request(target.request()), _tree(tree), _item(item) {}
 
 std::optional<bool> AtspiEditItem::isEnabled() {
+  if (_item.key == copyKey) _target.prepareCopy();
   if (const std::string why = whyRefused(); !why.empty()) {
     refuse(why);
     return false;
@@ -46,8 +47,13 @@ std::optional<bool> AtspiEditItem::isEnabled() {
 }
 
 bool AtspiEditItem::press() {
+  if (_target.isOver()) return false;
   if (const std::string why = whyRefused(); !why.empty()) return refuse(why);
-  if (_item.key == selectAllKey) return selectAll();
+  if (_item.key == selectAllKey) {
+    const bool isSelected = selectAll();
+    if (isSelected) _target.noteWholeText();
+    return isSelected;
+  }
   return _item.key == copyKey ? copy() : paste();
 }
 
@@ -114,7 +120,7 @@ std::optional<bool> AtspiEditItem::mustBeAbleToCopy(bool saysItIs) {
 }
 
 bool AtspiEditItem::selectAll() {
-  if (isCopyUnderWay()) return false;
+  if (isCopyUnderWay() || !_target.allowsWholeText()) return false;
   _request.forgetOpenedMenus();
   const auto behind = command();
   if (!behind) return false;
@@ -149,6 +155,7 @@ bool AtspiEditItem::isCopyUnderWay() {
 /// not pressed any more in the same request: it would put an old clipboard in the place of the
 /// text.
 bool AtspiEditItem::copy() {
+  _target.prepareCopy();
   const auto behind = command();
   if (!behind) return false;
   _request.setHasCopied(false);
@@ -170,6 +177,7 @@ bool AtspiEditItem::copy() {
   if (selected && !selected->isWhat(pasteboard.string().value_or("")))
     return copyFromTextItself(std::move(before));
   _request.setHasCopied(true);
+  _target.noteCopy();
   _target.clearFailure();
   return true;
 }
@@ -186,6 +194,7 @@ bool AtspiEditItem::copyFromTextItself(std::vector<PasteboardItem> before) {
 
 bool AtspiEditItem::paste() {
   if (!_request.hasCopied()) return false;
+  if (!_target.allowsPaste()) return true;
   auto behind = command();
   if (isPasteOfNothing()) {
     if (!canAskTextItself())
@@ -196,8 +205,10 @@ bool AtspiEditItem::paste() {
   if (!behind) return false;
   if (!waitUntilEnabled(_request, *behind)) return refuse(whyDisabled(pasteKey));
   const std::int64_t changeCount = _target.pasteboard().changeCount();
-  return run(*behind,
-             {[&] { return _target.pasteboard().changeCount() != changeCount; }, actionLimit});
+  const bool isTaken = run(
+      *behind, {[&] { return _target.pasteboard().changeCount() != changeCount; }, actionLimit});
+  if (isTaken) _target.notePaste();
+  return isTaken;
 }
 
 /// Qt's and Gecko's Paste does nothing then: what was cleaned to nothing would stay.

@@ -23,13 +23,6 @@ bool isCrowd(uint role, AtspiStates states) {
          states.has(AtspiState::managesDescendants);
 }
 
-/// In GTK 4 nothing but windows ever says that it shows.
-bool isShown(AtspiRequest& application, AtspiStates states) {
-  const bool neverShows = application.toolkit() == QLatin1String("GTK");
-  return states.has(neverShows ? AtspiState::visible : AtspiState::showing) &&
-         !states.has(AtspiState::defunct);
-}
-
 /// Goes down level by level where something shows. Qt calls the current tab focused as well, and
 /// what an entry lies in: what takes text goes before all else, and what can hold none goes last.
 class FocusWalk {
@@ -85,6 +78,17 @@ class FocusWalk {
 
 }  // namespace
 
+// In GTK 4 nothing but windows ever says that it shows.
+bool isShown(AtspiRequest& application, AtspiStates states) {
+  const bool neverShows = application.toolkit() == QLatin1String("GTK");
+  return states.has(neverShows ? AtspiState::visible : AtspiState::showing) &&
+         !states.has(AtspiState::defunct);
+}
+
+AtspiReference searchFocusedObject(AtspiRequest& application, const AtspiReference& window) {
+  return FocusWalk(application, window).run();
+}
+
 AtspiReference findFocusedObject(AtspiRequest& application, const AtspiReference& window,
                                  bool windowIsActive, const AtspiReference& remembered) {
   const AtspiStates states = remembered.isNull() ? AtspiStates() : application.states(remembered);
@@ -92,7 +96,7 @@ AtspiReference findFocusedObject(AtspiRequest& application, const AtspiReference
   const bool hasFocus = states.has(AtspiState::focused) && states.has(AtspiState::editable);
   if (isShown(application, states) && (!windowIsActive || hasFocus)) return remembered;
 
-  const AtspiReference found = FocusWalk(application, window).run();
+  const AtspiReference found = searchFocusedObject(application, window);
   return found.isNull() && isShown(application, states) ? remembered : found;
 }
 

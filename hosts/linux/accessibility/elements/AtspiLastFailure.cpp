@@ -9,16 +9,23 @@
 namespace qf {
 
 void AtspiLastFailure::note(std::int32_t processIdentifier, const std::string& why) {
-  const auto application = _workspace.runningApplication(processIdentifier);
-  std::string place;
-  if (processIdentifier > 0) place = "process " + std::to_string(processIdentifier);
-  if (application) place = application->localizedName;
-  const std::string sentence =
-      (place.empty() ? "The text cannot be cleaned, because "
-                     : "The text in " + place + " cannot be cleaned, because ") +
-      why;
+  const std::string name = nameOf(processIdentifier);
+  _sentence = (name.empty() ? "The text cannot be cleaned, because "
+                            : "The text in " + name + " cannot be cleaned, because ") +
+              why;
   _isUntold = true;
-  _sentence = sentence;
+}
+
+void AtspiLastFailure::noteUnpasted(std::int32_t processIdentifier, const std::string& why) {
+  _sentence =
+      "The cleaned text was not pasted into " + nameOf(processIdentifier) + ", because " + why;
+  _isUntold = true;
+}
+
+std::string AtspiLastFailure::nameOf(std::int32_t processIdentifier) const {
+  const auto application = _workspace.runningApplication(processIdentifier);
+  if (application) return application->localizedName;
+  return processIdentifier > 0 ? "process " + std::to_string(processIdentifier) : "";
 }
 
 void AtspiLastFailure::clear() {

@@ -26,6 +26,8 @@ class AtspiLastFailure {
 
   /// `why` ends a sentence that begins with "because".
   void note(std::int32_t processIdentifier, const std::string& why);
+  /// The text was cleaned and not pasted; `why` as above.
+  void noteUnpasted(std::int32_t processIdentifier, const std::string& why);
   /// The request goes on after all.
   void clear();
   /// The end of the request: logs and tells how it ended. What failed first and then worked is not
@@ -33,6 +35,8 @@ class AtspiLastFailure {
   void tell();
 
   Availability availability() const;
+  /// What a person calls the application; empty where it is not known.
+  std::string nameOf(std::int32_t processIdentifier) const;
 
  private:
   const Workspace& _workspace;

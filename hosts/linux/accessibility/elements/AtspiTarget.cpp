@@ -9,6 +9,7 @@
 #include "hosts/linux/accessibility/bus/AtspiWait.h"
 #include "hosts/linux/accessibility/elements/AtspiFocus.h"
 #include "hosts/linux/accessibility/elements/AtspiMenuTree.h"
+#include "hosts/linux/accessibility/reach/AtspiCommand.h"
 
 namespace qf {
 namespace {
@@ -21,11 +22,58 @@ constexpr auto inputInterval = 10ms;
 }  // namespace
 
 AtspiTarget::AtspiTarget(const Services& services, std::int32_t processIdentifier)
-    : _services(services), _request(services.bus, processIdentifier) {}
+    : _services(services),
+      _request(services.bus, processIdentifier),
+      _binding(services.cleaning.request, _request, services.pasteboard) {}
 
 AtspiTarget::~AtspiTarget() {
   if (!_request.isThere()) noteAbsence();
+  noteUnpasted(_binding.end());
   _services.failure.tell();
+  tellWholeText();
+}
+
+void AtspiTarget::noteUnpasted(CleanRequest::Obstacle obstacle) {
+  const auto note = [this](const char* why) {
+    _services.failure.noteUnpasted(_request.processIdentifier(), why);
+  };
+  switch (obstacle) {
+    case CleanRequest::Obstacle::none:
+      return;
+    case CleanRequest::Obstacle::otherContents:
+      return note("the clipboard was changed meanwhile");
+    case CleanRequest::Obstacle::otherPlace:
+      return note("the caret or the selection is elsewhere now; it is on the clipboard");
+    case CleanRequest::Obstacle::otherWindow:
+      return note("another window has the input now; it is on the clipboard");
+  }
+}
+
+void AtspiTarget::tellWholeText() const {
+  const auto characters = _binding.replacedWholeText();
+  if (!characters) return;
+  const std::string name = _services.failure.nameOf(_request.processIdentifier());
+  _services.cleaning.wholeTextHandler("Nothing was selected in " + name + ", so its whole text (" +
+                                      std::to_string(*characters) + " characters) was cleaned.");
+}
+
+void AtspiTarget::prepareCopy() {
+  if (inputWindow()) _binding.prepareCopy(*inputWindow(), focusedText().object);
+}
+
+void AtspiTarget::noteCopy() { _binding.noteCopy(focusedText()); }
+
+bool AtspiTarget::allowsWholeText() {
+  if (_services.cleaning.takesWholeTexts()) return true;
+  noteFailure(whyDisabled(copyKey));
+  _isOver = true;
+  return false;
+}
+
+bool AtspiTarget::allowsPaste() { return !inputWindow() || _binding.allowsPaste(*inputWindow()); }
+
+void AtspiTarget::notePaste() {
+  if (inputWindow()) _binding.notePaste(*inputWindow());
 }
 
 bool AtspiTarget::hasEnded() const {

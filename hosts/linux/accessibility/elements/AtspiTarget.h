@@ -6,6 +6,8 @@
 #include <string>
 
 #include "hosts/linux/accessibility/bus/AtspiRequest.h"
+#include "hosts/linux/accessibility/elements/AtspiBinding.h"
+#include "hosts/linux/accessibility/elements/AtspiCleaning.h"
 #include "hosts/linux/accessibility/elements/AtspiLastFailure.h"
 #include "hosts/linux/accessibility/elements/AtspiWindows.h"
 #include "hosts/linux/accessibility/reach/AtspiFocusedText.h"
@@ -25,6 +27,7 @@ class AtspiTarget {
     AtspiWindows& windows;
     AtspiLastFailure& failure;
     Pasteboard& pasteboard;
+    const AtspiCleaning& cleaning;
   };
 
   AtspiTarget(const Services& services, std::int32_t processIdentifier);
@@ -44,6 +47,21 @@ class AtspiTarget {
   void clearFailure() { _services.failure.clear(); }
   void noteAbsence();
 
+  // What happens around Copy, Paste and Select All.
+
+  /// Before Copy is looked at: selects what was pasted here last, where it stands as it was pasted.
+  void prepareCopy();
+  /// Copy has changed the clipboard.
+  void noteCopy();
+  /// False where nothing is selected and the whole text must not be taken: the request is over
+  /// then, and says so.
+  bool allowsWholeText();
+  void noteWholeText() { _binding.noteWholeText(); }
+  bool isOver() const { return _isOver; }
+  /// False where the result is not to be pasted, or not here.
+  bool allowsPaste();
+  void notePaste();
+
   /// Null where there is none.
   const std::shared_ptr<AtspiWindow>& inputWindow();
   bool isInputWindow(const AtspiReference& object);
@@ -62,6 +80,8 @@ class AtspiTarget {
  private:
   bool hasEnded() const;
   AtspiReference settledFocus();
+  void noteUnpasted(CleanRequest::Obstacle obstacle);
+  void tellWholeText() const;
 
   Services _services;
   AtspiRequest _request;
@@ -69,6 +89,8 @@ class AtspiTarget {
   std::shared_ptr<AtspiMenuTree> _menuTree;
   std::optional<AtspiFocusedText> _focusedText;
   bool _isTextAskedItself = false;
+  AtspiBinding _binding;
+  bool _isOver = false;
 };
 
 using AtspiTargetRef = std::shared_ptr<AtspiTarget>;

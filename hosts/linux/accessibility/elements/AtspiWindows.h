@@ -3,9 +3,11 @@
 
 #include <QObject>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "hosts/linux/accessibility/bus/AtspiReference.h"
+#include "hosts/linux/accessibility/reach/AtspiPastedText.h"
 
 class QDBusMessage;
 
@@ -20,6 +22,7 @@ struct AtspiWindow {
   AtspiReference object;
   AtspiReference focused;  ///< null before the focus was seen there
   std::shared_ptr<AtspiMenuTree> menuTree;
+  std::optional<AtspiPastedText> pasted = std::nullopt;
 };
 
 /// The windows of all applications, by when each had the input last. While a menu of our own is
