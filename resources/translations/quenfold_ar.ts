@@ -356,6 +356,18 @@
         <source>Takes the &amp;keyboard when it appears</source>
         <translation>تستقبل لوحة المفاتيح عند ظهورها</translation>
     </message>
+    <message>
+        <source>Without a selection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clean the &amp;whole text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Do nothing</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>qf::MenuSettings</name>

@@ -356,6 +356,18 @@
         <source>Takes the &amp;keyboard when it appears</source>
         <translation>Übernimmt beim Erscheinen die &amp;Tastatur</translation>
     </message>
+    <message>
+        <source>Without a selection</source>
+        <translation>Ohne Auswahl</translation>
+    </message>
+    <message>
+        <source>Clean the &amp;whole text</source>
+        <translation>Den ganzen Te&amp;xt säubern</translation>
+    </message>
+    <message>
+        <source>&amp;Do nothing</source>
+        <translation>&amp;Nichts tun</translation>
+    </message>
 </context>
 <context>
     <name>qf::MenuSettings</name>

@@ -9,6 +9,7 @@
 
 #include "engine/window/models/WindowModels.h"
 #include "host/Bundle.h"
+#include "hosts/linux/request/RequestDefaults.h"
 #include "hosts/qt/MenuColor.h"
 #include "hosts/qt/QtPaletteWindows.h"
 #include "hosts/qt/TemplateIcon.h"
@@ -43,9 +44,12 @@ void check(QButtonGroup* group, int id) {
 }  // namespace
 
 MenuPage::MenuPage(WindowModels& models)
-    : _models(models), _autostart(Autostart::usualPlaces(autostartPattern(models.host.bundle))) {
+    : _models(models),
+      _autostart(Autostart::usualPlaces(autostartPattern(models.host.bundle))),
+      _leavesWholeTexts(std::string(agentBundleIdentifier), std::string(leavesWholeTextsDefault)) {
   auto* column = new QVBoxLayout(this);
-  for (QGroupBox* box : {iconBox(), styleBox(), startBox(), paletteBox()}) column->addWidget(box);
+  for (QGroupBox* box : {iconBox(), styleBox(), wholeTextBox(), startBox(), paletteBox()})
+    column->addWidget(box);
   column->addStretch();
   tintIcons();
   connect(&_models.menuSettings, &MenuSettings::changed, this, &MenuPage::showSettings);
@@ -87,6 +91,22 @@ QGroupBox* MenuPage::styleBox() {
   return box;
 }
 
+QGroupBox* MenuPage::wholeTextBox() {
+  auto* box = new QGroupBox(tr("Without a selection"));
+  auto* column = new QVBoxLayout(box);
+  const auto add = [&](int leaves, const QString& text) {
+    auto* button = new QRadioButton(text);
+    _wholeTexts->addButton(button, leaves);
+    column->addWidget(button);
+  };
+  add(0, tr("Clean the &whole text"));
+  add(1, tr("&Do nothing"));
+  connect(_wholeTexts, &QButtonGroup::idToggled, this, [this](int leaves, bool isChecked) {
+    if (isChecked) report(_leavesWholeTexts.setOn(leaves != 0));
+  });
+  return box;
+}
+
 QGroupBox* MenuPage::startBox() {
   auto* box = new QGroupBox(tr("Start"));
   auto* column = new QVBoxLayout(box);
@@ -125,6 +145,7 @@ QCheckBox* MenuPage::switchFor(const QString& text, const StoredSwitch& stored) 
 
 void MenuPage::refresh() {
   _models.menuSettings.read();
+  check(_wholeTexts, _leavesWholeTexts.isOn() ? 1 : 0);
   const auto show = [](QCheckBox* box, bool isOn) {
     const QSignalBlocker blocker(box);
     box->setChecked(isOn);

@@ -31,6 +31,7 @@ class MenuPage final : public Page {
   QGroupBox* iconBox();
   QGroupBox* styleBox();
   QGroupBox* startBox();
+  QGroupBox* wholeTextBox();
   QGroupBox* paletteBox();
   QCheckBox* switchFor(const QString& text, const StoredSwitch& stored);
   void change(const MenuSettings::Edit& edit);
@@ -41,6 +42,8 @@ class MenuPage final : public Page {
   Autostart _autostart;
   QButtonGroup* _icons = new QButtonGroup(this);
   QButtonGroup* _styles = new QButtonGroup(this);
+  QButtonGroup* _wholeTexts = new QButtonGroup(this);
+  StoredSwitch _leavesWholeTexts;
   QCheckBox* _startsAtLogin;
   std::vector<std::pair<QCheckBox*, StoredSwitch>> _switches;
 };

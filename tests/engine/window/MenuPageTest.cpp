@@ -52,6 +52,11 @@ TEST(MenuPage, AScreenReaderPressesAndHearsTheState) {
   EXPECT_TRUE(other.sees([](auto& settings) { return settings.menuIconID() == 2; }));
   EXPECT_TRUE(until([&] { return quill.hasState(state::checked); }));
   EXPECT_FALSE(engine.node("radio button", "Broom").hasState(state::checked));
+
+  EXPECT_TRUE(engine.node("radio button", "Do nothing").press());
+  EXPECT_TRUE(until(
+      [] { return contents(".config/org.quenfold.Menu.plist").contains("LeavesWholeTexts"); }));
+  EXPECT_TRUE(engine.node("radio button", "Clean the whole text").press());
 }
 
 TEST(MenuPage, StartsAtLoginByADesktopEntry) {
