@@ -152,6 +152,39 @@ TEST_F(HostileApplication, WithoutMenuBarTheTextItselfIsReached) {
   EXPECT_EQ(calls["DoAction"], 0);
 }
 
+TEST_F(HostileApplication, ThatAWholeTextIsTakenIsToldAndCanBeRefused) {
+  const int text = addText(addDialog(), atspirole::text, "alter Übermut");
+  std::vector<std::string> wholeTexts;
+  accessibility->setWholeTextHandler(
+      [&](const std::string& sentence) { wholeTexts.push_back(sentence); });
+  const auto clean = [&] {
+    const auto element = road();
+    if (!element || !element->copyToClipboard()) return;
+    request.willSend();
+    if (!request.hintsOfEvent({1, true}, 1s)) return;
+    pasteboard.setString("neuer");
+    request.answered({AnswerHints::Outcome::cleaned, pasteboard.contentsIdentifier()});
+    element->pasteFromClipboard();
+  };
+  clean();
+  EXPECT_EQ(application->textOf(text), "neuer");
+  EXPECT_THAT(wholeTexts, ElementsAre(HasSubstr("(13 characters)")));
+
+  accessibility->setTakesWholeTexts([] { return false; });
+  application->change(text, [](auto& changed) { changed.text = "alter Übermut"; });
+  told.clear();
+  clean();
+  EXPECT_EQ(application->textOf(text), "alter Übermut");
+  EXPECT_THAT(told, ElementsAre(HasSubstr("nothing is selected")));
+  application->change(text, [](auto& changed) {
+    changed.selectionStart = 0;
+    changed.selectionEnd = 5;
+  });
+  clean();
+  EXPECT_EQ(application->textOf(text), "neuer Übermut");
+  EXPECT_THAT(wholeTexts, SizeIs(1));
+}
+
 TEST_F(HostileApplication, TextThatTakesDigitsOnlyKeepsWhatItHad) {
   const int text = addText(addDialog(), atspirole::text, "a 123 z");
   const auto put = [&](const std::string& cleaned, const QString& now) {
