@@ -13,12 +13,14 @@
 #include "engine/window/WindowKeeper.h"
 #include "engine/window/WindowStyle.h"
 #include "foundation/Log.h"
+#include "hosts/linux/accessibility/bus/HungAccessibility.h"
 #include "hosts/linux/bus/BusApplicationObject.h"
 #include "hosts/linux/clipboard/XcbPasteboards.h"
 #include "hosts/linux/desktop/EndSignals.h"
 #include "hosts/linux/files/LocalCrashReporter.h"
 #include "hosts/linux/files/UserLanguages.h"
 #include "hosts/linux/x11/X11Display.h"
+#include "hosts/qt/PrimarySelection.h"
 #include "hosts/qt/Translations.h"
 #include "kit/QFKSharedContainer.h"
 
@@ -44,7 +46,9 @@ class NoWindow final : public EngineWindow {
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv,
                                                   const Availability& display) {
   if (!display.isAvailable) return std::make_unique<QCoreApplication>(argc, argv);
+  shunHungAccessibility();
   auto application = std::make_unique<QApplication>(argc, argv);
+  leavePrimarySelectionAlone();
   QApplication::setStyle(new WindowStyle);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QGuiApplication::setApplicationDisplayName("Quenfold");

@@ -16,6 +16,7 @@
 #include "foundation/Log.h"
 #include "foundation/Value.h"
 #include "hosts/linux/X11Surroundings.h"
+#include "hosts/linux/accessibility/bus/HungAccessibility.h"
 #include "hosts/linux/accessibility/elements/AtspiAccessibility.h"
 #include "hosts/linux/bus/BusApplicationObject.h"
 #include "hosts/linux/bus/BusApplications.h"
@@ -72,7 +73,7 @@ std::filesystem::path programFolder() {
 struct LinuxHost::Core {
   Core(int& argc, char** argv, Program identity)
       : program(identity),
-        application(argc, argv),
+        application((shunHungAccessibility(), argc), argv),
         bus(QDBusConnection::sessionBus()),
         applications(bus, program.bundleIdentifier, program.activationPolicy) {
     installTranslations(XdgBundle::resourcesFolder() / "translations", userLanguages());
@@ -137,6 +138,8 @@ struct LinuxHost::Backends {
     bindRequests();
     accessibility.setOutcomeHandler(
         [this](const Availability& outcome) { note(outcome, roadOutcome); });
+    accessibility.setPromptHandler(
+        [this](const Availability& state) { tell("Accessibility", state); });
     appleEvents.setOutcomeHandler([this](AppleEventStatus status, const std::string& reason) {
       // That nobody took the command of an engine that did not start is no news.
       const bool isTold = std::exchange(isLaunchFailureTold, false);

@@ -5,11 +5,13 @@
 
 #include "hosts/qt/AccessibleApplication.h"
 #include "hosts/qt/MenuStyle.h"
+#include "hosts/qt/PrimarySelection.h"
 
 namespace qf {
 
 QtApplication::QtApplication(int& argc, char** argv)
     : _application((showMenusToAccessibility(), argc), argv) {
+  leavePrimarySelectionAlone();
   // A menu or a palette that closes is never the application's last window.
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QApplication::setStyle(new MenuStyle);

@@ -550,6 +550,29 @@ TEST_F(HostileApplication, TerminalsOwnCopyKeysAreShownAsPlain) {
   EXPECT_FALSE(find("C"));
 }
 
+TEST_F(HostileApplication, NamesTellWhereKeysDoNot) {
+  const auto call = [&](int item, const QString& name, const QString& keys) {
+    application->change(item, [&](auto& changed) {
+      changed.name = name;
+      changed.keyBinding = keys;
+    });
+  };
+  const int selectAll = application->add(editor.edit, atspirole::menuItem);
+  call(selectAll, "Select All", "Alt+S");
+  call(editor.copy, "Copy", "c;<Alt>e:c;");
+  EXPECT_TRUE(reaches(*find("C"), editor.copy)) << "Paste has its keys";
+  EXPECT_TRUE(reaches(*find("A"), selectAll));
+  call(editor.paste, "Paste", "");
+  EXPECT_TRUE(reaches(*find("V"), editor.paste));
+  call(editor.paste, "Put in", "Ctrl+P");
+  EXPECT_FALSE(find("C")) << "without Paste it may copy anything";
+
+  call(editor.paste, "Paste", "Ctrl+V");
+  call(editor.copy, "Copy Password", "Ctrl+C");
+  EXPECT_FALSE(find("C"));
+  EXPECT_TRUE(find("V"));
+}
+
 TEST_F(HostileApplication, FullerOfTwoBarsAndPopupsInBetween) {
   const int otherBar = application->add(editor.window, atspirole::menuBar);
   int copy = 0;

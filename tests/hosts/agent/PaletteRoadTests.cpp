@@ -145,6 +145,17 @@ TEST_P(PaletteRoads, KeysSearchMoveApplyAndHide) {
   EXPECT_TRUE(until([&] { return activeWindow() == editorWindow; }));
 }
 
+TEST_P(PaletteRoads, SelectingInTheSearchFieldLeavesTheEditorItsSelection) {
+  keyboard::press("ctrl+Home");
+  keyboard::press("shift+End");
+  search("er case");
+  keyboard::press("ctrl+a");
+  keyboard::press("Return");
+  const QString line = sample.section('\n', 0, 0);
+  EXPECT_TRUE(until([&] { return editor.text() == QString(sample).replace(line, line.toUpper()); }))
+      << qPrintable(editor.text());
+}
+
 /// Without an editor: the panel itself.
 class PalettePanel : public testing::Test {
  protected:

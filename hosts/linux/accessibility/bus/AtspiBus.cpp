@@ -4,14 +4,17 @@
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <algorithm>
+#include <utility>
 
 #include "hosts/linux/accessibility/bus/AtspiMessages.h"
+#include "hosts/linux/accessibility/bus/HungAccessibility.h"
 #include "hosts/linux/bus/SessionBus.h"
 
 namespace qf {
 namespace {
 
 constexpr int startLimitInMs = 3000;
+constexpr std::chrono::seconds pauseBetweenAttempts{10};
 const QString registryService = QStringLiteral("org.a11y.atspi.Registry");
 const QString rootPath = QStringLiteral("/org/a11y/atspi/accessible/root");
 
@@ -23,12 +26,10 @@ QDBusMessage callLauncher(const QString& interface, const QString& method,
       QDBus::Block, startLimitInMs);
 }
 
-/// Where the bus is; asking for it starts it.
-QString busAddress() {
-  const QString given = qEnvironmentVariable("AT_SPI_BUS_ADDRESS");
-  return given.isEmpty() ? atspi::text(callLauncher(QStringLiteral("org.a11y.Bus"),
-                                                    QStringLiteral("GetAddress")))
-                         : given;
+bool isHung(const QDBusMessage& answer) {
+  const auto error = QDBusError(answer).type();
+  return error == QDBusError::NoReply || error == QDBusError::Timeout ||
+         error == QDBusError::TimedOut;
 }
 
 /// Toolkits look at this when an application starts.
@@ -38,6 +39,14 @@ void switchAccessibilityOn() {
                 QVariant::fromValue(QDBusVariant(true))});
 }
 
+std::string whyWithoutAddress(const QDBusMessage& answer) {
+  const Availability session = busAvailability(QDBusConnection::sessionBus());
+  if (!session.isAvailable) return session.reason;
+  return isHung(answer) ? "the accessibility service does not answer; log out and in again"
+                        : "the accessibility bus is off; install at-spi2-core, then log out and in "
+                          "again";
+}
+
 QString connectionName() {
   static int count = 0;
   return QStringLiteral("quenfold-accessibility-%1").arg(++count);
@@ -45,30 +54,50 @@ QString connectionName() {
 
 }  // namespace
 
-AtspiBus::AtspiBus() : _connection(QString()) {
-  const QString address = busAddress();
-  if (address.isEmpty()) {
-    const Availability session = busAvailability(QDBusConnection::sessionBus());
-    _whyUnavailable = session.isAvailable ? "the accessibility bus is off; install at-spi2-core, "
-                                            "then log out and in again"
-                                          : session.reason;
-    return;
+AtspiBus::AtspiBus() : _connection(QString()) { connect(); }
+
+AtspiBus::~AtspiBus() { QDBusConnection::disconnectFromBus(_connection.name()); }
+
+void AtspiBus::connect() {
+  _lastAttempt = std::chrono::steady_clock::now();
+  _knownApplications.clear();
+  QDBusConnection::disconnectFromBus(_connection.name());
+  QString address = qEnvironmentVariable("AT_SPI_BUS_ADDRESS");
+  if (address.isEmpty() || address == QLatin1String(noAccessibilityBus)) {
+    // Asking where the bus is starts it.
+    const QDBusMessage answer =
+        callLauncher(QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"));
+    address = atspi::text(answer);
+    _whyUnavailable = whyWithoutAddress(answer);
   }
+  if (address.isEmpty()) return;
   _connection = QDBusConnection::connectToBus(address, connectionName());
   takeLargeMessages(_connection);
+  _whyUnavailable.clear();
   if (!_connection.isConnected())
     _whyUnavailable = "the accessibility bus refuses connections: " +
                       _connection.lastError().message().toStdString();
   switchAccessibilityOn();
 }
 
-AtspiBus::~AtspiBus() { QDBusConnection::disconnectFromBus(_connection.name()); }
+void AtspiBus::reconnect() {
+  if (_connection.isConnected() ||
+      std::chrono::steady_clock::now() - _lastAttempt < pauseBetweenAttempts)
+    return;
+  connect();
+  if (_connection.isConnected() && _connectionHandler) _connectionHandler();
+}
+
+void AtspiBus::setConnectionHandler(std::function<void()> handler) {
+  _connectionHandler = std::move(handler);
+  if (_connection.isConnected()) _connectionHandler();
+}
 
 Availability AtspiBus::availability() const {
   if (!_whyUnavailable.empty()) return Availability::unavailable(_whyUnavailable);
   if (!_connection.isConnected())
     return Availability::unavailable(
-        "the connection to the accessibility bus was lost; start the program anew");
+        "the connection to the accessibility bus was lost; start the applications anew");
   return Availability::available();
 }
 

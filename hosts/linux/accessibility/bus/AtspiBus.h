@@ -3,7 +3,9 @@
 
 #include <QDBusConnection>
 #include <QDBusPendingCall>
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -19,7 +21,7 @@ class AtspiBus {
   /// What an application or the bus may take for one answer.
   static constexpr int callLimitInMs = 1000;
 
-  /// Connects, and asks applications to show themselves on the bus: it blocks at most 6 s, where
+  /// Connects, and asks applications to show themselves on the bus. That blocks at most 6 s, where
   /// the bus has to be started first. Needs an application object.
   AtspiBus();
   ~AtspiBus();
@@ -28,6 +30,11 @@ class AtspiBus {
 
   Availability availability() const;
   QDBusConnection& connection() { return _connection; }
+  /// Connects again where the connection was refused or lost, at most once in 10 s. Blocks as the
+  /// constructor does.
+  void reconnect();
+  /// Called after each connection from now on, and now if there is one.
+  void setConnectionHandler(std::function<void()> handler);
 
   /// Sends at once; the answer is an error after the limit.
   QDBusPendingCall send(const QDBusMessage& question, int limitInMs = callLimitInMs);
@@ -43,9 +50,12 @@ class AtspiBus {
   std::vector<AtspiReference> applications(std::int32_t processIdentifier);
 
  private:
+  void connect();
   QDBusPendingCall askForProcess(const QString& service);
 
   std::string _whyUnavailable;
+  std::chrono::steady_clock::time_point _lastAttempt;
+  std::function<void()> _connectionHandler;
   QDBusConnection _connection;
   std::uint64_t _questionCount = 0;
   std::map<std::int32_t, std::vector<AtspiReference>> _knownApplications;

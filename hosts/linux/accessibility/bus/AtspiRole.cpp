@@ -72,6 +72,26 @@ std::string_view accessibilityRole(uint role, AtspiStates states) {
   }
 }
 
+bool holdsText(uint role) {
+  switch (role) {
+    case atspirole::documentEmail:
+    case atspirole::documentFrame:
+    case atspirole::documentText:
+    case atspirole::documentWeb:
+    case atspirole::entry:
+    case atspirole::paragraph:
+    case atspirole::passwordText:
+    case atspirole::text:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool isContainer(uint role) {
+  return canHoldMenuBar(role) || role == atspirole::pageTab || role == atspirole::pageTabList;
+}
+
 bool holdsNoText(uint role) {
   switch (role) {
     case atspirole::checkBox:

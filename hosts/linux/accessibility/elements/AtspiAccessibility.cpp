@@ -24,11 +24,16 @@ AccessibilityElementRef AtspiAccessibility::systemWideElement() {
 }
 
 AccessibilityElementRef AtspiAccessibility::applicationElement(std::int32_t processIdentifier) {
+  _bus.reconnect();
   return std::make_shared<AtspiApplicationElement>(std::make_shared<AtspiTarget>(
       AtspiTarget::Services{_bus, _windows, _lastFailure, _pasteboard, _cleaning},
       processIdentifier));
 }
 
-bool AtspiAccessibility::isProcessTrusted(bool) { return _bus.availability().isAvailable; }
+bool AtspiAccessibility::isProcessTrusted(bool prompt) {
+  const Availability bus = _bus.availability();
+  if (prompt && !bus.isAvailable && _promptHandler) _promptHandler(bus);
+  return bus.isAvailable;
+}
 
 }  // namespace qf

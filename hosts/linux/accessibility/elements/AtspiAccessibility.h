@@ -34,9 +34,13 @@ class AtspiAccessibility : public Accessibility {
   void setWholeTextHandler(std::function<void(const std::string&)> handler) {
     _cleaning.wholeTextHandler = std::move(handler);
   }
+  /// Tells the person what is wrong with the bus, and what helps.
+  void setPromptHandler(std::function<void(const Availability&)> handler) {
+    _promptHandler = std::move(handler);
+  }
   AccessibilityElementRef systemWideElement() override;
   AccessibilityElementRef applicationElement(std::int32_t processIdentifier) override;
-  /// Nobody has to be asked here: whoever is on the bus may use it.
+  /// Every process on the bus may use it. Without the bus `prompt` has the person told.
   bool isProcessTrusted(bool prompt) override;
 
   /// How many questions applications have been asked so far.
@@ -49,6 +53,7 @@ class AtspiAccessibility : public Accessibility {
   AtspiWindows _windows;
   AtspiLastFailure _lastFailure;
   AtspiCleaning _cleaning;
+  std::function<void(const Availability&)> _promptHandler;
 };
 
 }  // namespace qf

@@ -23,8 +23,20 @@ bool isCrowd(uint role, AtspiStates states) {
          states.has(AtspiState::managesDescendants);
 }
 
-/// Goes down level by level where something shows. Qt calls the current tab focused as well, and
-/// what an entry lies in: what takes text goes before all else, and what can hold none goes last.
+/// How likely the object with the focus is the one that takes the keys. Qt calls the current tab
+/// focused as well, and what an entry lies in.
+enum class Likelihood { none, container, unknown, notText, text, takesText };
+
+Likelihood likelihood(uint role, AtspiStates states) {
+  // LibreOffice's menu bar keeps the focus of the last menu for itself too.
+  if (!states.has(AtspiState::focused) || role == atspirole::menuBar) return Likelihood::none;
+  if (states.has(AtspiState::editable) || role == atspirole::terminal) return Likelihood::takesText;
+  if (holdsText(role)) return Likelihood::text;
+  if (holdsNoText(role)) return Likelihood::notText;
+  return isContainer(role) ? Likelihood::container : Likelihood::unknown;
+}
+
+/// Goes down level by level where something shows.
 class FocusWalk {
  public:
   FocusWalk(AtspiRequest& application, const AtspiReference& window)
@@ -39,7 +51,7 @@ class FocusWalk {
   }
 
  private:
-  /// True once an object is found that takes text. Leaves the objects below which to look further.
+  /// True once what takes text is found. Leaves the objects below which to look further.
   bool lookAtLevel() {
     _level.resize(std::min(_level.size(), mostObjects - _count));
     _count += _level.size();
@@ -53,16 +65,12 @@ class FocusWalk {
     for (std::size_t i = 0; i < _level.size(); ++i) {
       const AtspiStates states = atspi::states(answers[2 * i]);
       if (!isShown(_application, states)) continue;
-      const bool isEditable = states.has(AtspiState::editable);
       const uint role = atspi::number(answers[2 * i + 1]);
-      // LibreOffice's menu bar keeps the focus of the last menu for itself too.
-      const bool isFocused = states.has(AtspiState::focused) && role != atspirole::menuBar;
-      const bool isBetter = isEditable || _focused.isNull() || (_isOfNoText && !holdsNoText(role));
-      if (isFocused && isBetter) {
+      if (const Likelihood its = likelihood(role, states); its > _likelihood) {
+        _likelihood = its;
         _focused = _level[i];
-        _isOfNoText = !isEditable && holdsNoText(role);
       }
-      if (isFocused && isEditable) return true;
+      if (_likelihood == Likelihood::takesText) return true;
       if (!isCrowd(role, states)) open.push_back(_level[i]);
     }
     _level = std::move(open);
@@ -72,7 +80,7 @@ class FocusWalk {
   AtspiRequest& _application;
   std::vector<AtspiReference> _level;
   AtspiReference _focused;
-  bool _isOfNoText = false;
+  Likelihood _likelihood = Likelihood::none;
   std::size_t _count = 0;
 };
 

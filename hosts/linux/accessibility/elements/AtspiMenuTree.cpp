@@ -8,6 +8,7 @@
 #include "hosts/linux/accessibility/bus/AtspiRequest.h"
 #include "hosts/linux/accessibility/bus/AtspiRole.h"
 #include "hosts/linux/accessibility/reach/AtspiCommand.h"
+#include "hosts/linux/accessibility/reach/AtspiItemName.h"
 #include "hosts/linux/accessibility/reach/AtspiMenuItemCommand.h"
 
 namespace qf {
@@ -76,24 +77,43 @@ void visitItems(Node& node, const Visit& visit) {
   for (const auto& child : node.children) visitItems(*child, visit);
 }
 
-/// Terminals copy and paste with Ctrl+Shift, since Ctrl alone belongs to what runs in them. A menu
-/// that knows Copy and Paste in that form only is shown as if Shift were not there.
-void showTerminalKeysAsPlain(Node& barItem) {
-  constexpr std::string_view letters = "ACV";
-  bool hasPlain = false, hasCopy = false, hasPaste = false;
-  visitItems(barItem, [&](const Node& item) {
-    if (!item.key || letters.find(item.key->character) == std::string_view::npos) return;
-    hasPlain |= item.key->modifiers == 0;
-    if (item.key->modifiers != AtspiKeyBinding::shift) return;
-    hasCopy |= item.key->character == "C";
-    hasPaste |= item.key->character == "V";
-  });
-  if (hasPlain || !hasCopy || !hasPaste) return;
+/// The items of one menu of the bar that have that key, and those that are called so.
+struct EditItems {
+  Node* plain = nullptr;      ///< by the key itself
+  Node* withShift = nullptr;  ///< by the key that terminals have instead
+  Node* named = nullptr;
+
+  Node* best(bool isTerminal) const {
+    if (plain) return plain;
+    return isTerminal && withShift ? withShift : named;
+  }
+};
+
+EditItems findEditItems(Node& barItem, const AtspiKeyBinding& key) {
+  EditItems found;
   visitItems(barItem, [&](Node& item) {
-    if (item.key && item.key->modifiers == AtspiKeyBinding::shift &&
-        letters.find(item.key->character) != std::string_view::npos)
-      item.key->modifiers = 0;
+    const auto keepFirst = [&](Node*& place) { place = place ? place : &item; };
+    if (item.key == key) keepFirst(found.plain);
+    if (item.key == AtspiKeyBinding{key.character, AtspiKeyBinding::shift})
+      keepFirst(found.withShift);
+    const bool hasKey = item.key && !(item.key->modifiers & AtspiKeyBinding::withoutPrimaryKey);
+    if (!hasKey && item.children.empty() && item.nameKey == key) keepFirst(found.named);
   });
+  return found;
+}
+
+/// Gives Select All, Copy and Paste the keys by which they are looked for. Terminals copy and paste
+/// with Ctrl+Shift, since Ctrl alone belongs to what runs in them, and some applications bind no
+/// keys. Only a menu that has both Copy and Paste is changed so.
+void showPlainKeys(Node& barItem) {
+  const EditItems copy = findEditItems(barItem, copyKey), paste = findEditItems(barItem, pasteKey),
+                  selectAll = findEditItems(barItem, selectAllKey);
+  const bool hasPlain = copy.plain || paste.plain || selectAll.plain;
+  const bool isTerminal = !hasPlain && copy.withShift && paste.withShift;
+  if (!copy.best(isTerminal) || !paste.best(isTerminal)) return;
+  copy.best(isTerminal)->key = copyKey;
+  paste.best(isTerminal)->key = pasteKey;
+  if (Node* item = selectAll.best(isTerminal)) item->key = selectAllKey;
 }
 
 }  // namespace
@@ -196,7 +216,7 @@ void AtspiMenuTree::readMenus(AtspiRequest& application, const std::vector<Node*
   _isWhole = application.isThere();
   for (Node* barItem : barItems) {
     barItem->isRead = true;
-    showTerminalKeysAsPlain(*barItem);
+    showPlainKeys(*barItem);
   }
 }
 
@@ -236,15 +256,19 @@ std::vector<AtspiMenuTree::Submenu> AtspiMenuTree::addItems(AtspiRequest& applic
       items.push_back(&addChild(*submenu.item->children.front(), Kind::item, child));
       questions.push_back(atspi::getKeyBinding(child));
       questions.push_back(atspi::getChildren(child));
+      questions.push_back(atspi::getName(child));
     }
   }
   const auto answers = application.ask(questions);
   std::vector<Submenu> below;
   for (std::size_t i = 0; i < items.size(); ++i) {
-    const QString binding = atspi::text(answers[2 * i]);
+    const QString binding = atspi::text(answers[3 * i]);
+    const QString name = atspi::textProperty(answers[3 * i + 2]);
     items[i]->key = parseAtspiKeyBinding(binding.toStdString());
+    if (items[i]->key == copyKey && namesWhatItCopies(name)) items[i]->key.reset();
+    items[i]->nameKey = keyOfItemNamed(name);
     _readBindings.emplace_back(items[i]->source, binding);
-    auto children = atspi::references(answers[2 * i + 1]);
+    auto children = atspi::references(answers[3 * i + 1]);
     if (!children.empty()) below.push_back({items[i], std::move(children)});
   }
   return below;

@@ -29,6 +29,7 @@ class AtspiMenuTree {
     AtspiReference source;  ///< null for what no application has
     std::optional<AtspiKeyBinding> key;
     std::vector<std::unique_ptr<Node>> children;
+    std::optional<AtspiKeyBinding> nameKey = {};  ///< the key that its name stands for
     bool isRead = false;             ///< of a bar item: whether what is below its menu is here
     std::string_view ownTitle = {};  ///< of what the host adds
 

@@ -93,11 +93,13 @@ void AtspiTarget::noteFailure(const std::string& why) {
 }
 
 void AtspiTarget::noteAbsence() {
-  const char* why = "it shows no window on the accessibility bus";
+  std::string why = "it shows no window on the accessibility bus";
   if (_request.processIdentifier() <= 0)
     why = "no window of another application has had the input yet";
   else if (hasEnded())
     why = "it has ended";
+  else if (const Availability bus = _services.bus.availability(); !bus.isAvailable)
+    why = bus.reason;
   else if (_request.roots().empty())
     why = "it is not on the accessibility bus; where it can be made to use it, start it anew";
   else if (!_request.isThere())

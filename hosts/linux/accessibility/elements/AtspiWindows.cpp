@@ -19,6 +19,11 @@ constexpr std::size_t mostWindows = 64;
 }  // namespace
 
 AtspiWindows::AtspiWindows(AtspiBus& bus) {
+  bus.setConnectionHandler([this, &bus] { listen(bus); });
+}
+
+void AtspiWindows::listen(AtspiBus& bus) {
+  _latestFirst.clear();
   // A window that loses the input had it until then: that tells of windows that were active before
   // this program started.
   for (const char* event : {"Activate", "Deactivate"}) {

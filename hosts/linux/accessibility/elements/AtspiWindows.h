@@ -17,7 +17,7 @@ class AtspiRequest;
 class AtspiBus;
 class AtspiMenuTree;
 
-/// What is kept of a window from one road to the next.
+/// What is kept of a window from one request to the next.
 struct AtspiWindow {
   AtspiReference object;
   AtspiReference focused;  ///< null before the focus was seen there
@@ -32,7 +32,7 @@ class AtspiWindows : public QObject {
   Q_OBJECT
 
  public:
-  /// `bus` outlives this.
+  /// `bus` outlives this, and has no other handler of its connection.
   explicit AtspiWindows(AtspiBus& bus);
 
   struct Choice {
@@ -47,6 +47,7 @@ class AtspiWindows : public QObject {
   void windowGotOrLostInput(const QDBusMessage& event);
 
  private:
+  void listen(AtspiBus& bus);
   void noteActive(const AtspiReference& window);
   std::size_t rank(const AtspiReference& window) const;
   std::shared_ptr<AtspiWindow> window(const AtspiReference& object);
