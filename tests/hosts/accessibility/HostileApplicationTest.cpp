@@ -527,6 +527,58 @@ TEST_F(HostileApplication, NothingIsCopiedWhereTheFocusIsNoText) {
   EXPECT_TRUE(reaches(*find("V"), editor.paste));
 }
 
+TEST_F(HostileApplication, CellsOfASpreadsheetAreCleanedOneByOne) {
+  const int sheet = application->add(editor.window, atspirole::table);
+  for (const int state : {editable, focused}) application->setState(sheet, state, true);
+  std::string copied = "one\n";
+  application->change(editor.copy, [&](auto& item) {
+    item.onAction = [&] {
+      pasteboard.setString(copied);
+      ++pasteboard.changes;
+    };
+  });
+  EXPECT_TRUE(press(*find("C")));
+  EXPECT_TRUE(reaches(*find("V"), editor.paste));
+  pasteboard.setString("two\nlines");
+  EXPECT_FALSE(reaches(*find("V"), editor.paste));
+  EXPECT_THAT(told.back(), HasSubstr("several cells"));
+  copied = "one\ttwo\n";
+  EXPECT_FALSE(press(*find("C")));
+  EXPECT_EQ(pasteboard.string(), "two\nlines");
+  EXPECT_THAT(told.back(), HasSubstr("one cell at a time"));
+}
+
+TEST_F(HostileApplication, WindowThatAPasteOpensIsTold) {
+  application->change(editor.paste, [&](auto& item) {
+    item.onAction = [&] { application->add(FakeAtspiApplication::root, atspirole::dialog); };
+  });
+  EXPECT_TRUE(press(*find("V")));
+  EXPECT_THAT(told, ElementsAre(HasSubstr("has opened a window")));
+}
+
+TEST_F(HostileApplication, MenuOfGeckoIsOpenedForPasteAloneAndClosedByThePress) {
+  application->setToolkit("Gecko");
+  const int text = addDocument("one two");
+  const std::vector<int> items{editor.copy, editor.paste};
+  application->change(editor.edit, [&](auto& menu) {
+    menu.children.clear();
+    menu.onAction = [&, items] {
+      application->change(editor.edit, [&](auto& opened) { opened.children = items; });
+    };
+  });
+  const auto element = road();
+  workspace.applications = {{std::nullopt, "Hostile", getpid()}};
+  EXPECT_TRUE(element->copyToClipboard());
+  EXPECT_EQ(pasteboard.string(), "one two");
+  EXPECT_EQ(application->takeCalls()["DoAction"], 0);
+  EXPECT_TRUE(reaches(*element->menuItemWithShortcut("V", "0"), editor.paste));
+  EXPECT_EQ(application->takeCalls()["DoAction"], 2) << "the menu and the item";
+
+  application->setState(text, editable, false);
+  EXPECT_FALSE(find("V")->enabled());
+  EXPECT_EQ(application->takeCalls()["DoAction"], 0);
+}
+
 TEST_F(HostileApplication, TerminalWithoutASelectionIsLeftAlone) {
   const int terminal = addText(editor.window, atspirole::terminal, "$ ls\n$ ");
   application->add(editor.edit, atspirole::menuItem, "a;;<Primary>a");

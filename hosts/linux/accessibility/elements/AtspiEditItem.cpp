@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/accessibility/elements/AtspiEditItem.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 #include <vector>
 
 #include "hosts/linux/accessibility/bus/AtspiMessages.h"
 #include "hosts/linux/accessibility/reach/AtspiMenuItemCommand.h"
+#include "hosts/linux/accessibility/reach/AtspiOpenMenuCommand.h"
 #include "hosts/linux/accessibility/reach/AtspiSelectedText.h"
 #include "hosts/linux/accessibility/reach/AtspiTextCommand.h"
 
@@ -20,6 +22,12 @@ constexpr auto copyLimit = 1s;
 
 const char* const copiedNothing = "it has not copied its text within 1 s";
 const QString qt = QStringLiteral("Qt"), gecko = QStringLiteral("Gecko");
+
+/// Whether a spreadsheet spreads the text over several cells, or asks how to.
+bool fillsCells(std::string text) {
+  if (text.ends_with('\n')) text.pop_back();
+  return text.find_first_of("\t\n") != std::string::npos;
+}
 
 }  // namespace
 
@@ -40,10 +48,16 @@ std::optional<bool> AtspiEditItem::isEnabled() {
   }
   const auto behind = command();
   if (!behind) return std::nullopt;
-  const bool isEnabled = behind->isEnabled(_request);
+  const bool isEnabled = behind->isEnabled(_request) && !isPasteIntoPage();
   // Nobody asks this of Paste without a text to paste.
   if (!isEnabled && _item.key == pasteKey) refuse(whyDisabled(pasteKey));
   return _request.isThere() ? std::optional(isEnabled) : std::nullopt;
+}
+
+/// Gecko's menu would have to be opened to see that it cannot be pasted there.
+bool AtspiEditItem::isPasteIntoPage() {
+  return _item.key == pasteKey && _request.toolkit() == gecko &&
+         !takesText(_request, _target.focusedText());
 }
 
 bool AtspiEditItem::press() {
@@ -67,14 +81,16 @@ std::string AtspiEditItem::whyRefused() {
 }
 
 /// An application's menu acts on its document: a line elsewhere in the window, such as a search
-/// field, is asked itself.
+/// field, is asked itself. Gecko's menus act on the text with the focus, but have to be opened, so
+/// that it is better to ask the text for what it can do.
 bool AtspiEditItem::asksTextItself() {
+  if (_request.toolkit() == gecko)
+    return _item.key != pasteKey && _target.focusedText().tellsSelection();
   if (_item.isOwn() || _target.isTextAskedItself()) return true;
   return _target.focusedText().kind == AtspiFocusedText::Kind::entry && canAskTextItself();
 }
 
-/// Gecko's texts say that they can be edited, and that they were, and stay as they are; its menu
-/// acts on the text with the focus.
+/// Gecko's texts say that they can be edited, and that they were, and stay as they are.
 bool AtspiEditItem::canAskTextItself() {
   return _target.focusedText().isEditable && _request.toolkit() != gecko;
 }
@@ -86,6 +102,9 @@ std::unique_ptr<AtspiCommand> AtspiEditItem::command() {
     if (!text.whyNotAsked().empty()) return nullptr;
     return std::make_unique<AtspiTextCommand>(text, *_item.key, _target.pasteboard());
   }
+  if (_request.toolkit() == gecko && !_tree.editMenu().source.isNull())
+    return std::make_unique<AtspiOpenMenuCommand>(_tree.editMenu().source, *_item.key);
+  if (_item.isOwn()) return nullptr;
   const AtspiMenuTree::Node& barItem = _item.barItem();
   return std::make_unique<AtspiMenuItemCommand>(
       _item.source, barItem.source, barItem.parent->source,
@@ -164,8 +183,9 @@ bool AtspiEditItem::copy() {
   Pasteboard& pasteboard = _target.pasteboard();
   const auto selected =
       asksTextItself() ? std::nullopt : AtspiSelectedText::read(_request, _target.focusedText());
+  const bool isCell = _target.focusedText().kind == AtspiFocusedText::Kind::cell;
   std::vector<PasteboardItem> before;
-  if (selected && !canAskTextItself()) before = pasteboard.items();
+  if (isCell || (selected && !canAskTextItself())) before = pasteboard.items();
   const std::int64_t changeCount = pasteboard.changeCount();
   const auto result = runCommand(
       _request, *behind, {[&] { return pasteboard.changeCount() != changeCount; }, copyLimit});
@@ -176,6 +196,10 @@ bool AtspiEditItem::copy() {
   }
   if (selected && !selected->isWhat(pasteboard.string().value_or("")))
     return copyFromTextItself(std::move(before));
+  if (isCell && fillsCells(pasteboard.string().value_or(""))) {
+    pasteboard.setItems(std::move(before));
+    return refuse("several cells are selected; clean one cell at a time");
+  }
   _request.setHasCopied(true);
   _target.noteCopy();
   _target.clearFailure();
@@ -204,11 +228,29 @@ bool AtspiEditItem::paste() {
   }
   if (!behind) return false;
   if (!waitUntilEnabled(_request, *behind)) return refuse(whyDisabled(pasteKey));
+  if (_target.focusedText().kind == AtspiFocusedText::Kind::cell &&
+      fillsCells(_target.pasteboard().string().value_or("")))
+    return refuse("the new text would fill several cells; it is on the clipboard");
+
+  const bool isMenuUsed = !asksTextItself();
+  std::vector<AtspiReference> windows;
+  if (isMenuUsed) windows = _request.children(_request.roots());
   const std::int64_t changeCount = _target.pasteboard().changeCount();
-  const bool isTaken = run(
-      *behind, {[&] { return _target.pasteboard().changeCount() != changeCount; }, actionLimit});
-  if (isTaken) _target.notePaste();
-  return isTaken;
+  if (!run(*behind,
+           {[&] { return _target.pasteboard().changeCount() != changeCount; }, actionLimit}))
+    return false;
+  _target.notePaste();
+  if (isMenuUsed && hasOpenedWindow(windows))
+    refuse("it has opened a window to ask about the new text; answer there");
+  return true;
+}
+
+bool AtspiEditItem::hasOpenedWindow(const std::vector<AtspiReference>& before) {
+  const auto now = _request.children(_request.roots());
+  return std::any_of(now.begin(), now.end(), [&](const AtspiReference& window) {
+    return std::find(before.begin(), before.end(), window) == before.end() &&
+           _request.states(window).has(AtspiState::showing);
+  });
 }
 
 /// Qt's and Gecko's Paste does nothing then: what was cleaned to nothing would stay.

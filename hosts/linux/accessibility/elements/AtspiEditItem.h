@@ -36,6 +36,8 @@ class AtspiEditItem {
   std::optional<bool> mustBeAbleToCopy(bool saysItIs);
   bool isCopyUnderWay();
   bool isPasteOfNothing();
+  bool isPasteIntoPage();
+  bool hasOpenedWindow(const std::vector<AtspiReference>& before);
 
   bool selectAll();
   bool copy();

@@ -178,6 +178,8 @@ AtspiMenuTree::AtspiMenuTree(const AtspiReference& bar, const std::vector<AtspiR
   addOwnMenu(*_bar);
 }
 
+const Node& AtspiMenuTree::editMenu() const { return *_bar->children[editEntry]; }
+
 const std::vector<std::unique_ptr<Node>>& AtspiMenuTree::children(AtspiRequest& application,
                                                                   const Node& node) {
   if (node.kind != Kind::menu || node.parent->kind != Kind::barItem || node.parent->isRead)
@@ -201,8 +203,9 @@ void AtspiMenuTree::readMenus(AtspiRequest& application, const std::vector<Node*
   std::vector<Submenu> level;
   for (std::size_t i = 0; i < barItems.size(); ++i) {
     level.push_back({barItems[i], atspi::references(answers[i])});
-    // Some applications fill a menu only when it is opened.
-    if (level.back().children.empty() && barItems[i] == _bar->children[editEntry].get())
+    // Some applications fill a menu only when it is opened. Gecko's is opened when it is used.
+    if (level.back().children.empty() && barItems[i] == &editMenu() &&
+        application.toolkit() != QLatin1String("Gecko"))
       showMenuBriefly(application, _bar->source, barItems[i]->source, fillLimit, [&] {
         level.back().children = application.children(barItems[i]->source);
         return !level.back().children.empty();

@@ -43,6 +43,8 @@ class AtspiMenuTree {
                                              const AtspiReference& window);
 
   const Node& bar() const { return *_bar; }
+  /// The menu in the bar where Edit is looked for; its source is null where there is none.
+  const Node& editMenu() const;
   /// Reads the menu that the node belongs to, where that was not done before. A second menu is
   /// looked into in a search of all of them: they are read together.
   const std::vector<std::unique_ptr<Node>>& children(AtspiRequest& application, const Node& node);

@@ -11,7 +11,9 @@ using Kind = AtspiFocusedText::Kind;
 
 Kind kindOf(uint role, AtspiStates states, bool hasText) {
   if (role == atspirole::passwordText) return Kind::password;
-  if (!states.has(AtspiState::editable) && holdsNoText(role)) return Kind::notText;
+  const bool takesText = states.has(AtspiState::editable);
+  if (!takesText && holdsNoText(role)) return Kind::notText;
+  if (role == atspirole::table || role == atspirole::tableCell) return Kind::cell;
   if (!hasText) return Kind::unknown;
   switch (role) {
     case atspirole::terminal:
@@ -69,6 +71,7 @@ AtspiFocusedText readFocusedText(AtspiRequest& request, const AtspiReference& fo
 }
 
 bool takesText(AtspiRequest& request, const AtspiFocusedText& text) {
+  if (text.object.isNull()) return false;
   return text.kind == Kind::terminal || request.states(text.object).has(AtspiState::editable);
 }
 

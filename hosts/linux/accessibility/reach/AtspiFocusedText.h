@@ -18,6 +18,7 @@ struct AtspiFocusedText {
     notText,   ///< a list, a tree, a button: what is copied there is no selected text
     password,  ///< left alone on purpose
     terminal,
+    cell,      ///< of a spreadsheet
     entry,     ///< one line
     document,  ///< any number of lines
     part,      ///< a paragraph of a text, whose selection may lie in other paragraphs

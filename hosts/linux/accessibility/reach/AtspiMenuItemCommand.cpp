@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/accessibility/reach/AtspiMenuItemCommand.h"
 
-#include <thread>
 #include <utility>
 
 #include "hosts/linux/accessibility/bus/AtspiMessages.h"
@@ -14,20 +13,15 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto updateInterval = 5ms;
-constexpr auto escapeTime = 100ms;
-constexpr int mostEscapes = 3;
 // An editor works on a text of several megabytes for some seconds.
 constexpr int actionLimitInMs = 5000;
 
 /// GTK closes it when nothing is selected in the bar. Elsewhere an open menu has the keyboard, so
-/// that Escape goes to it, and in Gecko a second one to the bar.
+/// that Escape goes to it.
 void closeMenu(AtspiRequest& application, const AtspiReference& bar,
                const AtspiReference& barItem) {
   if (atspi::truth(application.ask(atspi::clearSelection(bar)))) return;
-  for (int i = 0; i < mostEscapes && application.states(barItem).has(AtspiState::focused); ++i) {
-    application.tell(atspi::pressEscape());
-    std::this_thread::sleep_for(escapeTime);
-  }
+  if (application.states(barItem).has(AtspiState::focused)) application.tell(atspi::pressEscape());
 }
 
 }  // namespace

@@ -60,7 +60,8 @@ AtspiCommand::Outcome AtspiTextCommand::copy(AtspiRequest& application) const {
   const AtspiRange range = selection(application);
   if (range.isEmpty()) return {Outcome::refused, whyDisabled(copyKey)};
   if (_focused.kind == AtspiFocusedText::Kind::terminal ||
-      application.toolkit() == QLatin1String("GTK"))
+      application.toolkit() == QLatin1String("GTK") ||
+      application.toolkit() == QLatin1String("Gecko"))
     return copyByReading(application, range);
   if (!_focused.isEditable) {
     const auto menu = contextMenuAction(application, _text);
@@ -74,9 +75,11 @@ AtspiCommand::Outcome AtspiTextCommand::copy(AtspiRequest& application) const {
 
 AtspiCommand::Outcome AtspiTextCommand::copyByReading(AtspiRequest& application,
                                                       AtspiRange range) const {
-  const QString text = atspi::text(application.ask(atspi::getText(_text, range), readLimitInMs));
+  QString text = atspi::text(application.ask(atspi::getText(_text, range), readLimitInMs));
+  // Gecko's mark after a character outside the Basic Multilingual Plane.
+  if (application.toolkit() == QLatin1String("Gecko")) text.remove(QChar::ByteOrderMark);
   if (text.isEmpty()) return {Outcome::refused, "it refuses to tell its text"};
-  if (_pasteboard.setString(text.toStdString())) return {Outcome::taken};
+  if (_pasteboard.setString(text.toStdString())) return {Outcome::done};
   return {Outcome::refused, "the clipboard could not be taken"};
 }
 
