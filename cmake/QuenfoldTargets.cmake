@@ -15,6 +15,10 @@ if(QF_CCACHE)
 endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor)
+if(CMAKE_COMPILE_WARNING_AS_ERROR AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  # GCC sees faults in the standard library where there are none.
+  add_compile_options(-Wno-error=array-bounds -Wno-error=stringop-overflow -Wno-error=restrict)
+endif()
 if(QF_SANITIZE)
   add_compile_options(-fsanitize=${QF_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${QF_SANITIZE})
@@ -33,9 +37,29 @@ function(qf_add_library target)
   target_include_directories(${target} PUBLIC ${CMAKE_SOURCE_DIR})
 endfunction()
 
+# Most of the time that a Qt source takes to compile goes into Qt's headers: this compiles the usual ones once for
+# each target. Sources still include what they use; clang-tidy reads them without this.
+function(qf_precompile_qt target)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS;DBUS" "" "")
+  set(headers <algorithm> <functional> <map> <memory> <optional> <string> <utility> <vector> <QTimer>)
+  if(arg_WIDGETS)
+    list(APPEND headers <QApplication> <QBoxLayout> <QLabel> <QLineEdit> <QMenu> <QPainter> <QPushButton>)
+  endif()
+  if(arg_DBUS)
+    list(APPEND headers <QDBusArgument> <QDBusConnection> <QDBusMessage> <QDBusPendingCallWatcher>)
+  endif()
+  target_precompile_headers(${target} PRIVATE ${headers})
+endfunction()
+
+# Tests are compiled without optimisation: they run for seconds, and compile in half the time.
+function(qf_add_test_program target)
+  add_executable(${target} ${ARGN})
+  target_compile_options(${target} PRIVATE -O0)
+endfunction()
+
 # A GoogleTest program whose cases are registered one by one.
 function(qf_add_test target)
-  add_executable(${target} ${ARGN})
+  qf_add_test_program(${target} ${ARGN})
   target_link_libraries(${target} PRIVATE GTest::gmock GTest::gtest_main)
   gtest_discover_tests(${target} TEST_PREFIX ${target}. DISCOVERY_TIMEOUT 60)
 endfunction()
@@ -45,7 +69,7 @@ endfunction()
 # manager.
 function(qf_add_desktop_test target)
   cmake_parse_arguments(PARSE_ARGV 1 arg "WITHOUT_TRAY;WITHOUT_WINDOW_MANAGER" "" "")
-  add_executable(${target} ${arg_UNPARSED_ARGUMENTS})
+  qf_add_test_program(${target} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${target} PRIVATE qf_desktop_test_main)
   set(option)
   if(arg_WITHOUT_WINDOW_MANAGER)

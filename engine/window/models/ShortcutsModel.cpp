@@ -29,7 +29,7 @@ bool ShortcutsModel::isPalette(const QFKShortcutActionItem& item) {
 std::vector<QFKShortcutActionItem> ShortcutsModel::items() const {
   const QFKMenuSettingsManager& settings = _settings.current();
   std::vector<std::string> keys = settings.shortcutIDList();
-  keys.insert(keys.begin(), std::string(QFKMenuSettingsManager::paletteShortcutKey));
+  keys.emplace(keys.begin(), QFKMenuSettingsManager::paletteShortcutKey);
   std::vector<QFKShortcutActionItem> items;
   for (const std::string& key : keys) {
     if (auto item = itemForKey(settings, key)) items.push_back(*std::move(item));
