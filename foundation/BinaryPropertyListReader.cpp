@@ -18,6 +18,7 @@ namespace {
 constexpr std::string_view magic = "bplist0";
 constexpr std::size_t headerSize = 8;
 constexpr std::size_t trailerSize = 32;
+constexpr std::string_view tooMuch = "too many values, or too much text";
 
 class BinaryReader {
  public:
@@ -76,6 +77,8 @@ class BinaryReader {
     if (count == 0 || count > (trailer - table) / _offsetSize) {
       return fail("a number of objects that the offset table can't hold", trailer + 8);
     }
+    // A value of a dictionary stands beside its key.
+    if (count / 2 > _limits.nodes) return fail(tooMuch, trailer + 8);
     if (_rootIndex >= count) return fail("the root is not an object of the file", trailer + 16);
     _table = static_cast<std::size_t>(table);
     _objectCount = static_cast<std::size_t>(count);
@@ -98,8 +101,7 @@ class BinaryReader {
       }
       object.state = DecodedObject::State::open;
       if (!decode(place, object, static_cast<std::size_t>(offset), depth)) return nullptr;
-      object.state = DecodedObject::State::done;
-      object.value = &place;
+      object.finish(place);
     } else {
       place = *object.value;
     }
@@ -263,13 +265,13 @@ class BinaryReader {
     if (index >= _objectCount) return fail("a reference to no object", reference);
     const DecodedObject* found = object(place, index, depth + 1);
     if (!found) return false;
-    if (!container.add(*found, _limits)) return fail("too many values", reference);
+    if (!container.add(*found, _limits)) return fail(tooMuch, reference);
     return true;
   }
 
   bool mayOpen(std::size_t offset, std::size_t depth, std::size_t count) {
     if (depth > _limits.depth) return fail("nested too deeply", offset);
-    if (count >= _limits.nodes) return fail("too many values", offset);
+    if (count >= _limits.nodes) return fail(tooMuch, offset);
     return true;
   }
 
@@ -299,12 +301,11 @@ class BinaryReader {
     for (std::size_t i = 0; i < content->count; ++i, reference += _referenceSize) {
       const Value* name = key(reference);
       if (!name) return false;
+      if (!object.addBytes(name->string()->size(), _limits)) return fail(tooMuch, reference);
       Value& value = entries.emplace_back(Key::of(*name), false).second;
       if (!part(value, object, reference + toValue, depth)) return false;
     }
-    Dictionary dictionary(std::move(entries));
-    if (dictionary.size() != content->count) return fail("a key that comes twice", offset);
-    place = Value(std::move(dictionary));
+    place = Value(Dictionary(std::move(entries)));
     return true;
   }
 

@@ -44,6 +44,8 @@ void appendMarker(Data& bytes, std::uint8_t kind, std::size_t count) {
   }
 }
 
+constexpr PropertyListLimits limits = PropertyListLimits::file();
+
 // Numbers all objects before it writes: the size of a reference depends on their count.
 class BinaryWriter {
  public:
@@ -84,7 +86,7 @@ class BinaryWriter {
 
   // Adds the object that the reference at that place points to.
   bool add(std::size_t reference, const Value& value, std::size_t depth) {
-    if (_nodes++ == PropertyListLimits::file().nodes) return fail("too many values");
+    if (_nodes++ == limits.nodes) return fail("too many values");
     if (const auto text = value.string()) return addString(reference, *text);
     if (value.array()) return addArray(reference, *value.array(), depth);
     if (value.dictionary()) return addDictionary(reference, *value.dictionary(), depth);
@@ -92,6 +94,12 @@ class BinaryWriter {
     if (!encode(value)) return false;
     _references[reference] = addScalar(start, hashOf(scalar(start, _scalars.size() - start)));
     return true;
+  }
+
+  // Equal texts are written once, but each is looked at.
+  bool admit(std::size_t size) {
+    _bytes += size;
+    return _bytes <= limits.bytes || fail("too large");
   }
 
   bool encode(const Value& value) {
@@ -112,6 +120,7 @@ class BinaryWriter {
       _scalars.push_back(static_cast<std::uint8_t>(0x80 | (size - 1)));
       appendNumber(_scalars, value.uid()->index, size);
     } else if (value.data()) {
+      if (!admit(value.data()->size())) return false;
       appendMarker(_scalars, 0x40, value.data()->size());
       _scalars.insert(_scalars.end(), value.data()->begin(), value.data()->end());
     }
@@ -123,6 +132,7 @@ class BinaryWriter {
   }
 
   bool addString(std::size_t reference, std::string_view text) {
+    if (!admit(text.size())) return false;
     const std::uint32_t hash = hashOf(text);
     if (!_known.empty()) __builtin_prefetch(&_known[hash & (_known.size() - 1)]);
     _waiting.push_back({text, hash, reference});
@@ -191,7 +201,7 @@ class BinaryWriter {
   // A container, with room for its references at the end of `_references`.
   bool open(std::size_t reference, std::uint8_t kind, std::size_t count, std::size_t references,
             std::size_t depth) {
-    if (depth == PropertyListLimits::file().depth) return fail("nested too deeply");
+    if (depth == limits.depth) return fail("nested too deeply");
     _references[reference] = static_cast<Index>(_objects.size());
     _objects.push_back({kind, _references.size(), count});
     _references.resize(_references.size() + references);
@@ -274,6 +284,7 @@ class BinaryWriter {
   std::vector<Known> _known;
   std::size_t _scalarCount = 0;
   std::size_t _nodes = 0;
+  std::size_t _bytes = 0;  // of text and data
   std::string _problem;
 };
 

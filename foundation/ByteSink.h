@@ -35,11 +35,11 @@ class ByteSink {
     _at = to + text.size();
   }
 
+  std::size_t size() const { return _blocks.empty() ? 0 : _sizeBefore + used(_blocks.back()); }
+
   Data bytes() const {
     Data result;
-    std::size_t size = 0;
-    for (const Block& block : _blocks) size += used(block);
-    result.reserve(size);
+    result.reserve(size());
     for (const Block& block : _blocks) {
       result.insert(result.end(), block.bytes.get(), block.bytes.get() + used(block));
     }
@@ -59,7 +59,10 @@ class ByteSink {
   }
 
   void addBlock(std::size_t count) {
-    if (!_blocks.empty()) _blocks.back().used = used(_blocks.back());
+    if (!_blocks.empty()) {
+      _blocks.back().used = used(_blocks.back());
+      _sizeBefore += _blocks.back().used;
+    }
     const std::size_t size = std::max(count, _nextBlock);
     _nextBlock = std::min(_nextBlock * 2, largestBlock);
     _blocks.push_back({std::unique_ptr<std::uint8_t[]>(new std::uint8_t[size]), 0});
@@ -68,6 +71,7 @@ class ByteSink {
   }
 
   std::vector<Block> _blocks;
+  std::size_t _sizeBefore = 0;  // of the blocks before the last
   std::size_t _nextBlock = 1024;
   std::uint8_t* _at = nullptr;
   std::uint8_t* _end = nullptr;

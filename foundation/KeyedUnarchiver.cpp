@@ -30,6 +30,7 @@ constexpr std::pair<std::string_view, CodedClass> codedClasses[] = {
 
 // An archive is flat and needs a few values of its own per archived value.
 constexpr std::size_t archiveNodesPerNode = 8;
+constexpr std::string_view tooMuch = "too many values, or too much text";
 
 class KeyedUnarchiver {
  public:
@@ -99,8 +100,7 @@ class KeyedUnarchiver {
     if (result.state == DecodedObject::State::unread) {
       result.state = DecodedObject::State::open;
       if (!decode(place, result, *coded, index, depth)) return nullptr;
-      result.state = DecodedObject::State::done;
-      result.value = &place;
+      result.finish(place);
     } else {
       place = *result.value;
     }
@@ -186,14 +186,14 @@ class KeyedUnarchiver {
     if (!reference.uid()) return fail("a part that is no reference", index);
     const DecodedObject* found = decoded(place, reference.uid()->index, depth + 1);
     if (!found) return false;
-    if (!container.add(*found, _limits)) return fail("too many values", index);
+    if (!container.add(*found, _limits)) return fail(tooMuch, index);
     return true;
   }
 
   const Array* references(const Dictionary& fields, std::string_view key, std::uint64_t index) {
     const Array* list = fields.array(key);
     if (!list) return fail("a container without its parts", index);
-    if (list->size() >= _limits.nodes) return fail("too many values", index);
+    if (list->size() >= _limits.nodes) return fail(tooMuch, index);
     return list;
   }
 
@@ -220,6 +220,7 @@ class KeyedUnarchiver {
     for (std::size_t i = 0; i < keys->size(); ++i) {
       const Value* key = decodedKey((*keys)[i], index, depth);
       if (!key) return false;
+      if (!result.addBytes(key->string()->size(), _limits)) return fail(tooMuch, index);
       Value& value = entries.emplace_back(Key::of(*key), false).second;
       if (!part(value, result, (*objects)[i], index, depth)) return false;
     }
@@ -247,7 +248,7 @@ class KeyedUnarchiver {
       Value& value = entries.emplace_back(key, field).second;
       const bool isInline = field.boolean() || field.integer() || field.real();
       if (!isInline && !part(value, result, field, index, depth)) return false;
-      if (isInline && !result.add({}, _limits)) return fail("too many values", index);
+      if (isInline && !result.add({}, _limits)) return fail(tooMuch, index);
     }
     place = Value(Dictionary(std::move(entries)));
     return true;

@@ -6,8 +6,12 @@
 #include <string>
 #include <utility>
 
+#include "foundation/Text.h"
+
 namespace qf {
 namespace {
+
+constexpr std::size_t longestLine = 4096;
 
 std::mutex& sinkMutex() {
   static std::mutex mutex;
@@ -22,13 +26,14 @@ LogSink& currentSink() {
 }  // namespace
 
 void log(std::string_view line) {
+  const std::string shortLine = shortened(line, longestLine);
   const std::lock_guard lock(sinkMutex());
   if (currentSink()) {
-    currentSink()(line);
+    currentSink()(shortLine);
     return;
   }
   // One write a line, so that lines of several threads and processes don't mix.
-  const std::string text = std::string(line) + '\n';
+  const std::string text = shortLine + '\n';
   std::fwrite(text.data(), 1, text.size(), stderr);
 }
 

@@ -6,8 +6,8 @@
 
 namespace qf {
 
-/// Writes one line to the system log: standard error, which the desktop's session keeps.
-/// Any thread.
+/// Writes one line to the system log: standard error, which the desktop's session keeps;
+/// of a long line, which may come of what another program sent, the first 4 KiB. Any thread.
 void log(std::string_view line);
 
 /// Redirects the lines, for tests; an empty function restores standard error.

@@ -18,8 +18,7 @@ constexpr bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 constexpr bool isWordCharacter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-         std::string_view("_$/:.-").find(c) != std::string_view::npos ||
-         static_cast<std::uint8_t>(c) >= 0x80;
+         std::string_view("_$/:.-").find(c) != std::string_view::npos;
 }
 
 constexpr int digitValue(char c) {
@@ -190,15 +189,15 @@ class OpenStepReader : private TextScanner {
       fail("a string without its end");
       return false;
     }
+    if (c == '\0') {
+      fail("a zero character");
+      return false;
+    }
     if (digitValue(c) < 8) return appendOctal(text);
     ++_at;
     if (c == 'U' || c == 'u') return appendUnicode(text);
     const auto letter = letters.find(c);
-    if (letter == std::string_view::npos) {
-      fail("an unknown escape");
-      return false;
-    }
-    text += characters[letter];
+    text += letter == std::string_view::npos ? c : characters[letter];
     return true;
   }
 

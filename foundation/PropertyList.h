@@ -13,9 +13,9 @@ namespace qf {
 struct PropertyListLimits {
   std::size_t depth;  ///< nested containers; readers recurse as deep, so keep it in the hundreds
   std::size_t nodes;  ///< values in all; a shared one counts at each reference to it
-  std::size_t bytes;  ///< of the input
+  std::size_t bytes;  ///< of the input; also of all text and data, counted in the same way
 
-  static constexpr PropertyListLimits file() { return {512, 8'000'000, std::size_t{1} << 30}; }
+  static constexpr PropertyListLimits file() { return {512, 8'000'000, std::size_t{256} << 20}; }
   static constexpr PropertyListLimits message() { return {64, 1'000'000, std::size_t{64} << 20}; }
 };
 
@@ -27,7 +27,8 @@ Result<Value> readPropertyList(std::span<const std::uint8_t> bytes,
                                PropertyListLimits limits = PropertyListLimits::file());
 
 /// Fails for what the format cannot hold: in both, text that is not UTF-8; in XML, also a UID, a
-/// character that XML forbids, and a date outside the years 1 to 9999. Any thread.
+/// character that XML forbids, and a date outside the years 1 to 9999. Fails for what a reader
+/// would refuse as a file. Any thread.
 Result<Data> writePropertyList(const Value& value, PropertyListFormat format);
 
 }  // namespace qf

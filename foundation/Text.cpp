@@ -47,6 +47,12 @@ bool isVisibleText(std::string_view text) {
   return true;
 }
 
+std::string shortened(std::string_view text, std::size_t bytes) {
+  if (text.size() <= bytes) return std::string(text);
+  while (bytes > 0 && (text[bytes] & 0xC0) == 0x80) --bytes;
+  return std::string(text.substr(0, bytes)) + "…";
+}
+
 std::size_t utf16Length(std::string_view text) {
   return static_cast<std::size_t>(unicode(text).length());
 }

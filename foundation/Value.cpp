@@ -6,10 +6,12 @@
 #include <cctype>
 #include <charconv>
 #include <cmath>
+#include <span>
 #include <stdexcept>
 #include <utility>
 
 #include "foundation/KeyedHash.h"
+#include "foundation/Text.h"
 
 namespace qf {
 namespace {
@@ -58,49 +60,88 @@ std::string decimal(double number) {
   return {buffer, result.ptr};
 }
 
-std::string quoted(std::string_view text) {
+// Enough of a container to recognise it. Shared contents can make the whole of it huge.
+constexpr std::size_t longestDescription = 4096;
+
+void appendQuoted(std::string& result, std::string_view text) {
   const bool isWord = !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
     return std::isalnum(c) || c == '_' || c == '.' || c == '/';
   });
-  if (isWord) return std::string(text);
-  std::string result = "\"";
+  if (isWord) {
+    result += text;
+    return;
+  }
+  result += '"';
   for (const char c : text) {
     if (c == '"' || c == '\\') result += '\\';
     result += c;
   }
-  return result + '"';
+  result += '"';
 }
 
-std::string describeInContainer(const Value& value) {
-  return value.string() ? quoted(*value.string()) : value.description();
-}
-
-std::string describe(const Array& array) {
-  std::string result = "(";
-  for (const Value& value : array) {
-    if (result.size() > 1) result += ", ";
-    result += describeInContainer(value);
-  }
-  return result + ")";
-}
-
-std::string describe(const Dictionary& dictionary) {
-  std::string result = "{";
-  for (const auto& [key, value] : dictionary) {
-    result += quoted(key) + " = " + describeInContainer(value) + "; ";
-  }
-  if (!dictionary.empty()) result.pop_back();
-  return result + "}";
-}
-
-std::string describe(const Data& data) {
+void appendHexadecimal(std::string& result, const Data& data) {
   static constexpr char digits[] = "0123456789abcdef";
-  std::string result = "<";
-  for (const std::uint8_t byte : data) {
+  result += '<';
+  for (const std::uint8_t byte : std::span(data).first(std::min(data.size(), longestDescription))) {
     result += digits[byte >> 4];
     result += digits[byte & 15];
   }
-  return result + ">";
+  result += '>';
+}
+
+// In the OpenStep form, up to where the result is long enough.
+void append(std::string& result, const Value& value) {
+  if (value.string()) {
+    appendQuoted(result, value.string()->substr(0, longestDescription));
+  } else if (value.data()) {
+    appendHexadecimal(result, *value.data());
+  } else if (const Array* array = value.array()) {
+    result += '(';
+    for (const Value& item : *array) {
+      if (result.size() > longestDescription) return;
+      if (&item != array->data()) result += ", ";
+      append(result, item);
+    }
+    result += ')';
+  } else if (const Dictionary* dictionary = value.dictionary()) {
+    result += '{';
+    for (const auto& [key, entry] : *dictionary) {
+      if (result.size() > longestDescription) return;
+      appendQuoted(result, std::string_view(key).substr(0, longestDescription));
+      result += " = ";
+      append(result, entry);
+      result += "; ";
+    }
+    if (!dictionary->empty()) result.pop_back();
+    result += '}';
+  } else {
+    result += value.description();
+  }
+}
+
+// Exactly: a real near 2^53 equals one whole number only.
+bool areEqual(double real, const Integer& integer) {
+  if (std::trunc(real) != real) return false;
+  if (integer.isNegative()) {
+    return real >= -0x1p63 && real < 0 &&
+           static_cast<std::int64_t>(real) == static_cast<std::int64_t>(integer.bits());
+  }
+  return real >= 0 && real < 0x1p64 && static_cast<std::uint64_t>(real) == integer.bits();
+}
+
+std::optional<Integer> wholeNumber(const Value& value) {
+  return value.boolean() ? Integer(*value.boolean()) : value.integer();
+}
+
+bool isNumber(const Value& value) { return value.real() || wholeNumber(value); }
+
+bool numbersAreEqual(const Value& left, const Value& right) {
+  if (left.real() && right.real()) {
+    return *left.real() == *right.real() || (std::isnan(*left.real()) && std::isnan(*right.real()));
+  }
+  if (left.real()) return areEqual(*left.real(), *wholeNumber(right));
+  if (right.real()) return areEqual(*right.real(), *wholeNumber(left));
+  return *wholeNumber(left) == *wholeNumber(right);
 }
 
 }  // namespace
@@ -188,25 +229,18 @@ std::string Value::description() const {
       return std::to_string(uid()->index);
     case Kind::string:
       return std::string(*string());
-    case Kind::data:
-      return describe(*data());
-    case Kind::array:
-      return describe(*array());
-    case Kind::dictionary:
-      return describe(*dictionary());
+    default:
+      break;
   }
-  return {};
+  std::string result;
+  append(result, *this);
+  return shortened(result, longestDescription);
 }
 
 bool Value::operator==(const Value& other) const {
+  if (isNumber(*this) && isNumber(other)) return numbersAreEqual(*this, other);
   if (kind() != other.kind()) return false;
   switch (kind()) {
-    case Kind::boolean:
-      return *boolean() == *other.boolean();
-    case Kind::integer:
-      return *integer() == *other.integer();
-    case Kind::real:
-      return *real() == *other.real();
     case Kind::date:
       return *date() == *other.date();
     case Kind::uid:
@@ -219,8 +253,9 @@ bool Value::operator==(const Value& other) const {
       return *array() == *other.array();
     case Kind::dictionary:
       return *dictionary() == *other.dictionary();
+    default:
+      return false;
   }
-  return false;
 }
 
 Dictionary::Dictionary(std::initializer_list<Entry> entries) {

@@ -130,9 +130,11 @@ class Value {
   bool boolValue() const;
 
   /// The value as text for a log line or a comparison: a number in decimal, a boolean as 1 or 0,
-  /// a string as it is, containers in the OpenStep form.
+  /// a string as it is, containers and data in the OpenStep form, of which no more than 4 KiB.
   std::string description() const;
 
+  /// Numbers and booleans are equal when they are the same number, whatever their kinds: 2.0 equals
+  /// 2, and true equals 1. NaN equals itself. Containers are compared part by part.
   bool operator==(const Value& other) const;
 
  private:

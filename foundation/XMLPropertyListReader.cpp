@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <iterator>
@@ -451,7 +452,12 @@ bool looksLikeXML(std::string_view text) {
   const auto first = text.find_first_not_of(" \t\n\r");
   if (first == std::string_view::npos) return false;
   text.remove_prefix(first);
-  return text.starts_with("<?") || text.starts_with("<!") || text.starts_with("<plist");
+  // Also a value without its <plist>; OpenStep data begins with hexadecimal digits instead.
+  static constexpr std::string_view beginnings[] = {"<?",     "<!",      "<plist",   "<dict",
+                                                    "<array", "<string", "<integer", "<real",
+                                                    "<true",  "<false",  "<date",    "<data"};
+  return std::any_of(std::begin(beginnings), std::end(beginnings),
+                     [text](std::string_view beginning) { return text.starts_with(beginning); });
 }
 
 Result<Value> readXMLPropertyList(std::string_view text, PropertyListLimits limits) {

@@ -46,6 +46,8 @@ constexpr bool isNonCharacter(std::string_view text) {  // U+FFFE and U+FFFF
   return text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF");
 }
 
+constexpr PropertyListLimits limits = PropertyListLimits::file();
+
 class XMLWriter {
  public:
   Result<Data> write(const Value& root) {
@@ -62,7 +64,8 @@ class XMLWriter {
   }
 
   bool value(const Value& value, std::size_t depth) {
-    if (_nodes++ == PropertyListLimits::file().nodes) return fail("too many values");
+    if (_nodes++ == limits.nodes) return fail("too many values");
+    if (_output.size() > limits.bytes) return fail("too large");
     indent(depth);
     switch (value.kind()) {
       case Value::Kind::boolean:
@@ -177,7 +180,7 @@ class XMLWriter {
   }
 
   bool array(const Array& items, std::size_t depth) {
-    if (depth == PropertyListLimits::file().depth) return fail("nested too deeply");
+    if (depth == limits.depth) return fail("nested too deeply");
     if (items.empty()) {
       _output.put("<array/>\n");
       return true;
@@ -192,7 +195,7 @@ class XMLWriter {
   }
 
   bool dictionary(const Dictionary& entries, std::size_t depth) {
-    if (depth == PropertyListLimits::file().depth) return fail("nested too deeply");
+    if (depth == limits.depth) return fail("nested too deeply");
     if (entries.empty()) {
       _output.put("<dict/>\n");
       return true;

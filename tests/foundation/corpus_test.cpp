@@ -14,11 +14,19 @@ namespace {
 
 struct Judgement {
   std::string_view file;
-  std::string_view reason;  // a part of the error
+  std::string_view reason;  // a part of the error; empty where it is read
 };
 
-// Files that the index calls valid, and we don't.
-constexpr Judgement refused[] = {
+// Files that the index judges otherwise.
+constexpr Judgement judgements[] = {
+    {"dd-plist/github-issue88.plist", ""},  // an unknown escape: the backslash is dropped
+    // Characters outside ASCII without quotes.
+    {"dd-plist/test-ascii-utf-16be.plist", "line 6: expected a value"},
+    {"dd-plist/test-ascii-utf-16le.plist", "line 6: expected a value"},
+    {"dd-plist/test-ascii-utf-32be.plist", "line 6: expected a value"},
+    {"dd-plist/test-ascii-utf-32le.plist", "line 6: expected a value"},
+    {"dd-plist/test-ascii-utf-8.plist", "line 7: expected a value"},
+    {"rust-plist/ascii_utf8_strings.ostep", "expected a comma"},
     {"biplist/sorted.plist", "an unknown kind of object"},  // a set: no value of a property list
     {"dd-plist/github-issue76-xml.plist", "not a whole number"},  // "42xy"
     {"dd-plist/github-issue76.plist", "not well-formed UTF-8"},   // noise from a fuzzer
@@ -36,11 +44,12 @@ constexpr Judgement refused[] = {
 };
 
 void expectOutcome(const std::string& file, const std::string& status, const Result<Value>& value) {
-  const auto judgement = std::find_if(std::begin(refused), std::end(refused),
+  const auto judgement = std::find_if(std::begin(judgements), std::end(judgements),
                                       [&file](const auto& entry) { return entry.file == file; });
   const std::string error = value ? "" : value.error().localizedDescription;
   EXPECT_EQ(error.empty(), bool(value)) << file;
-  if (judgement != std::end(refused)) {
+  if (judgement != std::end(judgements)) {
+    EXPECT_EQ(judgement->reason.empty(), bool(value)) << file;
     EXPECT_NE(error.find(judgement->reason), std::string::npos) << file << ": " << error;
   } else if (status == "valid" || status == "archive-valid") {
     EXPECT_TRUE(value) << file << ": " << error;

@@ -43,6 +43,21 @@ std::string sharedReferences() {
   return binary(objects);
 }
 
+// Thousands of places that refer to one text, in less than 2 kB.
+std::string sharedText() {
+  std::vector<std::string> objects;
+  for (unsigned i = 1; i < 6; ++i) objects.push_back("\xAE" + repeated(bigEndian(i, 2), 14));
+  objects.push_back("\x5F\x11" + bigEndian(1500, 2) + std::string(1500, 'x'));
+  return binary(objects);
+}
+
+// As an offset table with one byte for each.
+std::string unusedObjects() {
+  const std::size_t count = 16'000'002;
+  return "bplist00\x09" + std::string(count, '\x08') + std::string(6, '\0') + "\1\1" +
+         bigEndian(count, 8) + bigEndian(0, 8) + bigEndian(9, 8);
+}
+
 // Many dictionaries of one key that is long.
 std::string sharedKey() {
   std::vector<std::string> objects{"\xAF\x11" + bigEndian(30000, 2)};
@@ -143,7 +158,9 @@ TEST(HostileInput, IsDealtWithQuicklyAndInLittleMemory) {
     const char* result;
   } cases[] = {
       {"shared references", sharedReferences(), "too many values"},
-      {"a long key of many dictionaries", sharedKey(), "read"},
+      {"a shared text", sharedText(), "too much text"},
+      {"a long key of many dictionaries", sharedKey(), "too much text"},
+      {"objects without use", unusedObjects(), "too many values"},
       {"overlapping objects", overlappingObjects(), "overlap"},
       {"deep binary", deepBinary(), "nested too deeply"},
       {"deep XML", "<plist>" + repeated("<array>", 100'000), "nested too deeply"},
@@ -160,6 +177,16 @@ TEST(HostileInput, IsDealtWithQuicklyAndInLittleMemory) {
   };
   for (const auto& [name, input, result] : cases) {
     EXPECT_THAT(readInChild(input), testing::HasSubstr(result)) << name;
+  }
+}
+
+TEST(HostileInput, SharedTextIsNotWrittenOutWithoutEnd) {
+  Value shared = std::string(200'000, 'x');
+  for (int i = 0; i < 3; ++i) shared = Array(100, shared);
+  for (const auto format : {PropertyListFormat::xml, PropertyListFormat::binary}) {
+    const auto written = writePropertyList(shared, format);
+    ASSERT_FALSE(written);
+    EXPECT_THAT(written.error().localizedDescription, testing::HasSubstr("too large"));
   }
 }
 

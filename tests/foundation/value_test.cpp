@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <thread>
 
 #include "foundation/NotificationCenter.h"
@@ -65,8 +66,44 @@ TEST(Value, ReadsAsANumberOrATruthValue) {
     EXPECT_EQ(value.boolValue(), truth) << value.description();
   }
   EXPECT_EQ(Value(-1).unsignedIntegerValue(), UINT64_MAX);
-  EXPECT_NE(Value(1), Value(true));
-  EXPECT_NE(Value(-1), Value(UINT64_MAX));
+}
+
+TEST(Value, ComparesNumbersOfAllKinds) {
+  constexpr std::int64_t precise = std::int64_t{1} << 53;
+  const double nan = std::nan("");
+  const std::pair<Value, Value> equal[] = {
+      {2.0, 2},          {1, true},
+      {0.0, false},      {-0.0, 0},
+      {nan, nan},        {-0x1p63, INT64_MIN},
+      {0x1p53, precise}, {Array{Dictionary{{"a", 1.0}}}, Array{Dictionary{{"a", 1}}}}};
+  const std::pair<Value, Value> different[] = {{2.5, 2},
+                                               {2, true},
+                                               {-1, UINT64_MAX},
+                                               {nan, 0},
+                                               {nan, 1.0},
+                                               {0x1p64, UINT64_MAX},
+                                               {0x1p53, precise + 1},
+                                               {-1.0, UINT64_MAX},
+                                               {1, "1"},
+                                               {1, Date{1}},
+                                               {UID{1}, 1}};
+  for (const auto& [left, right] : equal) {
+    EXPECT_EQ(left, right) << left.description();
+    EXPECT_EQ(right, left) << left.description();
+  }
+  for (const auto& [left, right] : different) {
+    EXPECT_NE(left, right) << left.description();
+    EXPECT_NE(right, left) << left.description();
+  }
+}
+
+TEST(Value, DescribesNoMoreThanALogLineHolds) {
+  Value shared = std::string(1000, 'x');
+  for (int i = 0; i < 10; ++i) shared = Array(1000, shared);
+  for (const Value& value :
+       {shared, Value(Data(1'000'000)), Value(Dictionary{{std::string(9000, 'k'), 1}})}) {
+    EXPECT_LE(value.description().size(), 4100U);
+  }
 }
 
 TEST(Value, CopiesAndMovesOfEveryKindAreIndependent) {
@@ -126,6 +163,8 @@ TEST(Value, IsSharedBetweenThreads) {
 TEST(Text, FollowsUnicodeNotTheLocale) {
   EXPECT_EQ(uppercased("straße ǆ i"), "STRASSE Ǆ I");
   EXPECT_EQ(lowercased("ÀI"), "ài");
+  EXPECT_EQ(shortened("añb", 4), "añb");
+  EXPECT_EQ(shortened("añb", 2), "a…");
   EXPECT_EQ(utf16Length("a\U0001F600\xFF"), 4U);
 }
 

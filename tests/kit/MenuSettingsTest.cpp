@@ -105,6 +105,12 @@ TEST_F(MenuSettings, WritesAndAnnouncesEveryChangeButNoOther) {
               ElementsAre("org.quenfold.kit.SharedQFMenuPrefsChangedNotification"));
   manager.setMenuStyle(1);
   manager.removeShortcutForKey("unknown");
+  host.put(menuFile, Dictionary{{"menuIconID", 2.0},
+                                {"menuStyle", true},
+                                {"user-shortcuts", Dictionary{{"__list", Array{}}}}});
+  manager.readSettings();
+  manager.setMenuIconID(2);
+  manager.setMenuStyle(1);
   EXPECT_EQ(host.fileManager.writes, 2);
   EXPECT_EQ(host.distributedNotificationCenter.posted.size(), 2u);
 }
