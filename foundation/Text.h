@@ -16,8 +16,8 @@ std::string uppercased(std::string_view text);
 /// Whether every character is a letter (with its marks), a number, punctuation or a symbol.
 bool isVisibleText(std::string_view text);
 
-/// A text longer than that many bytes is cut after the last whole character within them, and ends in
-/// an ellipsis.
+/// A text longer than that many bytes is cut after the last whole character within them, and ends
+/// in an ellipsis.
 std::string shortened(std::string_view text, std::size_t bytes);
 
 /// The text's length as a platform string: UTF-16 units.

@@ -131,6 +131,17 @@ TEST_F(Engine, cleansPasteboardAndFiles) {
   EXPECT_EQ(TemporaryHome::text(first), "a b");
 }
 
+TEST_F(Engine, neverLogsWhatItCleans) {
+  for (const auto& [token, clean] : QFCleanerLibrary().builtInCleaners()) {
+    for (const char* text : {"{\"pin\": hunter2", "<a href='hunter2'>&hunter2;",
+                             "hunter2;\"hunter2\xff", "%hunter2 \\uhunter2"}) {
+      pasteboards.generalPasteboard().setString(text);
+      send("cleanPasteboard:cleaner:", NSGeneralPboard, token);
+    }
+  }
+  EXPECT_THAT(log.lines, testing::Each(testing::Not(testing::HasSubstr("hunter2"))));
+}
+
 TEST_F(Engine, showsItsWindowAndQuitsWhenAsked) {
   EXPECT_FALSE(send("launchQuenfoldApp"));
   EXPECT_FALSE(send("showQuenfoldPreferences"));

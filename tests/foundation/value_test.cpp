@@ -6,6 +6,7 @@
 #include <cmath>
 #include <thread>
 
+#include "foundation/Log.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/PropertyList.h"
 #include "foundation/Text.h"
@@ -166,6 +167,16 @@ TEST(Text, FollowsUnicodeNotTheLocale) {
   EXPECT_EQ(shortened("añb", 4), "añb");
   EXPECT_EQ(shortened("añb", 2), "a…");
   EXPECT_EQ(utf16Length("a\U0001F600\xFF"), 4U);
+}
+
+TEST(Log, CutsALongLine) {
+  std::string logged;
+  setLogSink([&logged](std::string_view line) { logged = line; });
+  log(std::string(4096, 'a'));
+  EXPECT_EQ(logged.size(), 4096U);
+  log(std::string(1'000'000, 'a'));
+  EXPECT_EQ(logged, std::string(4096, 'a') + "…");
+  setLogSink({});
 }
 
 TEST(NotificationCenter, HandlersMayAddAndRemoveOthers) {
