@@ -25,7 +25,7 @@ namespace {
 using namespace qf;
 using namespace qf::desktop;
 
-constexpr auto limit = 20s;
+constexpr auto limit = 60s;
 constexpr std::uint64_t keyJ = 38, keyK = 40;
 
 QTextStream& out() {
@@ -83,12 +83,12 @@ class Soak {
       _keyboard.press(
           {KEY_LEFTCTRL, KEY_LEFTALT, _usesJ ? std::uint16_t{KEY_J} : std::uint16_t{KEY_K}});
     });
-    becomes("menu", editor, text, text.toUpper(), "", [this] { _agent->pick("Upper Case"); });
+    becomes("menu", editor, text, text.toUpper(), "", [this] { pick("Upper Case"); });
     becomes("menu with Shift", editor, text, text, text.toUpper(),
-            [this] { _agent->pick("Upper Case", "shift"); });
+            [this] { pick("Upper Case", "shift"); });
     becomes("palette", editor, text, text.toLower(), "", [this] { clickInPalette("Lower Case"); });
     clipboard::setText(text);
-    _agent->pick("Upper Case", "alt");
+    pick("Upper Case", "alt");
     judge("clipboard", until([&] { return clipboard::text() == text.toUpper(); }, limit));
   }
 
@@ -116,12 +116,18 @@ class Soak {
     }
   }
 
-  void clickInPalette(const QString& cleaner) {
-    std::optional<Accessible> row;
-    if (until([&] {
-          return (row = Accessible::showing(process(), cleaner, "list item")).has_value();
-        })) {
-      mouse::click(row->screenExtents().center());
+  void pick(const QString& cleaner, const QString& heldKey = {}) {
+    _agent->openMenu(heldKey);
+    click(cleaner, "menu item");
+  }
+
+  void clickInPalette(const QString& cleaner) { click(cleaner, "list item"); }
+
+  // The palette shows the same names as the menu.
+  void click(const QString& name, const QString& role) {
+    std::optional<Accessible> shown;
+    if (until([&] { return (shown = Accessible::showing(process(), name, role)).has_value(); })) {
+      mouse::click(shown->screenExtents().center());
     }
   }
 
