@@ -132,7 +132,8 @@ TEST_F(Engine, cleansPasteboardAndFiles) {
 }
 
 TEST_F(Engine, neverLogsWhatItCleans) {
-  for (const auto& [token, clean] : QFCleanerLibrary().builtInCleaners()) {
+  const QFCleanerLibrary library;
+  for (const auto& [token, clean] : library.builtInCleaners()) {
     for (const char* text : {"{\"pin\": hunter2", "<a href='hunter2'>&hunter2;",
                              "hunter2;\"hunter2\xff", "%hunter2 \\uhunter2"}) {
       pasteboards.generalPasteboard().setString(text);
