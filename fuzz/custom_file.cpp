@@ -22,7 +22,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   fuzz::check(bool(writePropertyList(published, PropertyListFormat::binary)),
               "lists that can't be published");
   for (const auto& [token, clean] : makeCustomCleaners(*lists, library.builtInCleaners())) {
-    clean("Some text, 1 line.\n");
+    const auto cleaned = clean("Some text, 1 line.\n");
+    fuzz::check(cleaned || !cleaned.error().localizedDescription.empty(), "an error without words");
   }
   return 0;
 }

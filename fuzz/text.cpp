@@ -18,7 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   const auto decoded = decodeText(content, encodings[bytes[0] % std::size(encodings)]);
   if (decoded) {
     fuzz::check(!invalidUTF8Offset(decoded->text), "ill-formed text of a file");
-    encodeText(decoded->text, decoded->encoding);
+    const auto encoded = encodeText(decoded->text, decoded->encoding);
+    fuzz::check(encoded || !encoded.error().localizedDescription.empty(), "an error without words");
   }
   const std::string text = textFromSelection(types[bytes[0] % std::size(types)], content);
   fuzz::check(!invalidUTF8Offset(text), "ill-formed text of a clipboard");
