@@ -96,6 +96,7 @@ class Soak {
   /// text is given for it.
   void becomes(const QString& what, Editor& editor, const QString& before, const QString& after,
                const QString& onClipboard, const std::function<void()>& use) {
+    activate(editor);
     editor.reset(before);
     clipboard::setText("old");
     use();
@@ -105,6 +106,13 @@ class Soak {
                              (onClipboard.isEmpty() || clipboard::text() == onClipboard);
                     },
                     limit));
+  }
+
+  // An editor behind another one may still say that its text has the focus.
+  static void activate(Editor& editor) {
+    const QString process = QString::number(editor.program().processIdentifier());
+    output("xdotool",
+           {"search", "--sync", "--onlyvisible", "--pid", process, "windowactivate", "--sync"});
   }
 
   void judge(const QString& what, bool isRight) {
