@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "foundation/Result.h"
 #include "foundation/Value.h"
 #include "host/Availability.h"
 
@@ -15,6 +16,9 @@ namespace qf {
 
 /// The name, in commands, of the pasteboard behind Copy and Paste.
 inline constexpr std::string_view NSGeneralPboard = "NSGeneralPboard";
+
+/// Why there is nothing to read: what other applications copied is a picture, say.
+inline constexpr std::string_view noTextReason = "there is no text on the clipboard";
 
 /// The type of plain text in UTF-8.
 inline constexpr std::string_view pasteboardTypeString = "text/plain;charset=utf-8";
@@ -26,8 +30,8 @@ struct PasteboardItem {
 };
 
 /// A place from which applications take what others put there. Any thread. It goes on serving other
-/// applications while the caller's thread waits for something else. A read waits for the owner at
-/// most 1 s without progress and then answers nothing.
+/// applications while the caller's thread waits for something else. A read gives up on an owner
+/// that stops for 1 s, or that takes longer than 3 s and another 1 s for each 10 MB it has given.
 class Pasteboard {
  public:
   virtual ~Pasteboard() = default;
@@ -37,8 +41,14 @@ class Pasteboard {
   /// Differs after every change of the contents, by whatever application. Never blocks.
   virtual std::int64_t changeCount() const = 0;
 
-  /// The plain text, or nothing where there is none.
-  virtual std::optional<std::string> string() const = 0;
+  /// The plain text, or why it cannot be had: there is none, it is larger than 256 MiB, or its
+  /// owner does not give it.
+  virtual Result<std::string> text() const = 0;
+  /// The plain text, or nothing where it cannot be had.
+  std::optional<std::string> string() const {
+    auto found = text();
+    return found ? std::optional(*std::move(found)) : std::nullopt;
+  }
   /// Everything, with its data. A representation that the owner does not give is left out.
   virtual std::vector<PasteboardItem> items() const = 0;
 

@@ -38,8 +38,8 @@ void QFPasteboardCleaner::clean(std::string_view pasteboardName, std::string_vie
   if (!pasteboard) return logUntouched(pasteboardName, "there is none of that name");
   if (token == undoToken) return undo(*pasteboard);
 
-  const std::optional<std::string> text = pasteboard->string();
-  if (!text) return logUntouched(pasteboardName, "it holds no text");
+  const Result<std::string> text = pasteboard->text();
+  if (!text) return logUntouched(pasteboardName, text.error().localizedDescription);
   const Result<std::string> cleaned = _library.clean(token, *text);
   if (!cleaned) return logUntouched(pasteboardName, cleaned.error().localizedDescription);
 

@@ -66,6 +66,10 @@ constexpr const char* known[] = {
     QT_TRANSLATE_NOOP("qf::Reasons", "it refuses to copy"),
     QT_TRANSLATE_NOOP("qf::Reasons", "its menu refuses"),
     QT_TRANSLATE_NOOP("qf::Reasons", "there is no text on the clipboard"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the text on the clipboard is larger than 256 MiB"),
+    QT_TRANSLATE_NOOP(
+        "qf::Reasons",
+        "the application that copied it does not hand over the text on the clipboard"),
     QT_TRANSLATE_NOOP("qf::Reasons", "it refuses the text"),
     QT_TRANSLATE_NOOP("qf::Reasons",
                       "it has kept the old text too; Undo there takes the new one away"),

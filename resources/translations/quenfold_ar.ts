@@ -783,6 +783,14 @@
         <source>files of Quenfold are missing in %1; install Quenfold again</source>
         <translation>ملفات Quenfold مفقودة في %1؛ أعد تثبيت Quenfold</translation>
     </message>
+    <message>
+        <source>the text on the clipboard is larger than 256 MiB</source>
+        <translation>النص في الحافظة أكبر من 256 MiB</translation>
+    </message>
+    <message>
+        <source>the application that copied it does not hand over the text on the clipboard</source>
+        <translation>التطبيق الذي نسخ النص لا يسلّم محتوى الحافظة</translation>
+    </message>
 </context>
 <context>
     <name>qf::ReorderableList</name>

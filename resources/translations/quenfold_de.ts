@@ -783,6 +783,14 @@
         <source>files of Quenfold are missing in %1; install Quenfold again</source>
         <translation>in %1 fehlen Dateien von Quenfold; bitte Quenfold neu installieren</translation>
     </message>
+    <message>
+        <source>the text on the clipboard is larger than 256 MiB</source>
+        <translation>der Text in der Zwischenablage ist größer als 256 MiB</translation>
+    </message>
+    <message>
+        <source>the application that copied it does not hand over the text on the clipboard</source>
+        <translation>die Anwendung, die ihn kopiert hat, gibt den Text der Zwischenablage nicht heraus</translation>
+    </message>
 </context>
 <context>
     <name>qf::ReorderableList</name>

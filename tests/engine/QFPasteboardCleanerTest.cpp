@@ -53,7 +53,7 @@ TEST_F(PasteboardCleaner, touchesNothingThatItCannotClean) {
   EXPECT_THAT(
       log.lines,
       ElementsAre(
-          "Pasteboard NSGeneralPboard left as it is: it holds no text",
+          "Pasteboard NSGeneralPboard left as it is: there is no text on the clipboard",
           "Pasteboard NSGeneralPboard left as it is: this is not valid JSON (line 1, column 2)",
           "Pasteboard NSGeneralPboard left as it is: there is no cleaner "
           "\"#NO-SUCH-CLEANER\"",

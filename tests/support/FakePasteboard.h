@@ -18,13 +18,13 @@ class FakePasteboard : public Pasteboard {
   std::string name() const override { return _name; }
   std::int64_t changeCount() const override { return _changeCount; }
 
-  std::optional<std::string> string() const override {
+  Result<std::string> text() const override {
     for (const PasteboardItem& item : _items) {
       for (const auto& [type, data] : item.representations) {
         if (type == pasteboardTypeString) return std::string(data.begin(), data.end());
       }
     }
-    return std::nullopt;
+    return Error{std::string(noTextReason)};
   }
   std::vector<PasteboardItem> items() const override { return _items; }
 

@@ -82,13 +82,23 @@ xcb_window_t ClipboardReader::owner() {
   return answer ? answer->owner : xcb_window_t{XCB_WINDOW_NONE};
 }
 
-std::optional<std::string> ClipboardReader::string() {
+Result<std::string> ClipboardReader::text() {
   const std::lock_guard lock(_mutex);
   const BrokenPipeGuard guard;
-  if (!_connection.isAlive()) return std::nullopt;
+  if (!_connection.isAlive()) return Error{_connection.availability().reason};
   SelectionFetch fetch(_connection, _atoms);
+  if (auto text = bestTextFrom(fetch)) return *std::move(text);
+  if (fetch.wasTooLarge()) return Error{"the text on the clipboard is larger than 256 MiB"};
+  if (fetch.ownerFailed()) {
+    return Error{"the application that copied it does not hand over the text on the clipboard"};
+  }
+  return Error{std::string(noTextReason)};
+}
+
+std::optional<std::string> ClipboardReader::bestTextFrom(SelectionFetch& fetch) {
   // Nearly every owner knows this spelling, which saves asking for the list.
   if (auto text = fetchText(fetch, "UTF8_STRING")) return text;
+  if (fetch.wasTooLarge()) return std::nullopt;
   const auto targets = fetchTargets(fetch);
   if (const std::string* best = bestText(targets)) return fetchText(fetch, *best);
   return targets.empty() ? fetchText(fetch, "STRING") : std::nullopt;

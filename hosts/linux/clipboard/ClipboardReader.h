@@ -22,7 +22,8 @@ class ClipboardReader {
 
   /// The window that owns the clipboard at this moment, by the server's word.
   xcb_window_t owner();
-  std::optional<std::string> string();
+  /// As `Pasteboard::text`.
+  Result<std::string> text();
   /// In the owner's order. The spellings of plain text are one representation; targets that are no
   /// contents are left out.
   PasteboardItem item();
@@ -30,6 +31,7 @@ class ClipboardReader {
  private:
   std::optional<std::string> fetchText(SelectionFetch& fetch, const std::string& target);
   std::optional<std::string> textOf(const SelectionData& data);
+  std::optional<std::string> bestTextFrom(SelectionFetch& fetch);
   std::vector<std::string> fetchTargets(SelectionFetch& fetch);
 
   std::mutex _mutex;

@@ -10,7 +10,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto stallLimit = 1s;
-constexpr auto wholeLimit = 30s;
+constexpr auto wholeLimit = 3s;
+constexpr std::size_t slowestBytesPerSecond = 10'000'000;
 constexpr std::size_t byteLimit = std::size_t{256} << 20;
 
 }  // namespace
@@ -18,7 +19,7 @@ constexpr std::size_t byteLimit = std::size_t{256} << 20;
 SelectionFetch::SelectionFetch(XcbConnection& connection, const ClipboardAtoms& atoms)
     : _connection(connection),
       _atoms(atoms),
-      _lastMoment(XcbConnection::Clock::now() + wholeLimit),
+      _start(XcbConnection::Clock::now()),
       _remainingBytes(byteLimit) {}
 
 std::vector<std::optional<SelectionData>> SelectionFetch::fetch(
@@ -34,10 +35,9 @@ std::vector<std::optional<SelectionData>> SelectionFetch::fetch(
                           _atoms.transfer, time);
 
   while (_unfinished > 0 && !_ownerFailed) {
-    const auto limit = std::min(_lastProgress + stallLimit, _lastMoment);
-    const auto event = _connection.nextEvent(limit);
+    const auto event = _connection.nextEvent(limit());
     if (event) handle(*event);
-    const bool isLate = _unfinished > 0 && XcbConnection::Clock::now() > limit;
+    const bool isLate = _unfinished > 0 && XcbConnection::Clock::now() > limit();
     if (!event || isLate) _ownerFailed = true;
   }
   std::vector<std::optional<SelectionData>> result;
@@ -52,6 +52,14 @@ std::vector<std::optional<SelectionData>> SelectionFetch::fetch(
   }
   xcb_flush(_connection.get());
   return result;
+}
+
+XcbConnection::Clock::time_point SelectionFetch::limit() const {
+  const std::chrono::duration<double> forBytes(static_cast<double>(byteLimit - _remainingBytes) /
+                                               slowestBytesPerSecond);
+  const auto whole =
+      wholeLimit + std::chrono::duration_cast<XcbConnection::Clock::duration>(forBytes);
+  return std::min(_lastProgress + stallLimit, _start + whole);
 }
 
 // Asking with a time of our own instead of "now" keeps an owner that came later from answering.
@@ -92,11 +100,17 @@ void SelectionFetch::answered(const xcb_selection_notify_event_t& event) {
   conversion->data = SelectionData{property->type, property->format, {}};
   _lastProgress = XcbConnection::Clock::now();
   if (property->type == _atoms.incr) {
+    // The owner tells a lower bound of the size.
+    if (property->format == 32 && property->value_len > 0 &&
+        *static_cast<std::uint32_t*>(xcb_get_property_value(property.get())) > _remainingBytes) {
+      return tooLarge(*conversion);
+    }
     conversion->state = Conversion::State::incremental;
     return;
   }
   append(*conversion->data, *property);
-  finish(*conversion, property->bytes_after == 0);
+  if (property->bytes_after > 0) return tooLarge(*conversion);
+  finish(*conversion, true);
 }
 
 void SelectionFetch::chunkArrived(Conversion& conversion) {
@@ -106,8 +120,8 @@ void SelectionFetch::chunkArrived(Conversion& conversion) {
   conversion.data->type = property->type;
   conversion.data->format = property->format;
   append(*conversion.data, *property);
-  const bool isTooMuch = property->bytes_after > 0;
-  if (isTooMuch || property->value_len == 0) finish(conversion, !isTooMuch);
+  if (property->bytes_after > 0) return tooLarge(conversion);
+  if (property->value_len == 0) finish(conversion, true);
 }
 
 // Takes the property away too, which asks the owner for the next piece.
@@ -123,6 +137,12 @@ void SelectionFetch::append(SelectionData& data, const xcb_get_property_reply_t&
   const auto length = static_cast<std::size_t>(xcb_get_property_value_length(&property));
   data.bytes.insert(data.bytes.end(), begin, begin + length);
   _remainingBytes -= std::min(length, _remainingBytes);
+}
+
+void SelectionFetch::tooLarge(Conversion& conversion) {
+  _wasTooLarge = true;
+  finish(conversion, false);
+  conversion.state = Conversion::State::refused;  // its owner may be about to give the next piece
 }
 
 void SelectionFetch::finish(Conversion& conversion, bool isWhole) {

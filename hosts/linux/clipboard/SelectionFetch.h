@@ -17,8 +17,9 @@ struct SelectionData {
   Data bytes;
 };
 
-/// One reading of the clipboard from its owner, within limits: 1 s without progress, 30 s and
-/// 256 MiB in all. Uses the connection alone while it lives.
+/// One reading of the clipboard from its owner, within the limits of `Pasteboard`: 1 s without
+/// progress, 3 s and another 1 s for each 10 MB in all, and 256 MiB. Uses the connection alone
+/// while it lives.
 class SelectionFetch {
  public:
   SelectionFetch(XcbConnection& connection, const ClipboardAtoms& atoms);
@@ -29,33 +30,38 @@ class SelectionFetch {
 
   /// True once the owner stopped answering or went away: asking again is in vain.
   bool ownerFailed() const { return _ownerFailed; }
+  /// True once more than the 256 MiB were offered.
+  bool wasTooLarge() const { return _wasTooLarge; }
 
  private:
   // Each target has its own window: some owners keep one transfer for a window, and what comes too
   // late finds nobody who could take it for something else.
   struct Conversion {
     xcb_window_t window = XCB_WINDOW_NONE;
-    enum class State { requested, incremental, finished } state = State::requested;
+    enum class State { requested, incremental, finished, refused } state = State::requested;
     std::optional<SelectionData> data;
   };
 
+  XcbConnection::Clock::time_point limit() const;
   xcb_timestamp_t serverTime(xcb_window_t window);
   void handle(const xcb_generic_event_t& event);
   void answered(const xcb_selection_notify_event_t& event);
   void chunkArrived(Conversion& conversion);
   XcbConnection::Owned<xcb_get_property_reply_t> takeProperty(xcb_window_t window);
   void append(SelectionData& data, const xcb_get_property_reply_t& property);
+  void tooLarge(Conversion& conversion);
   void finish(Conversion& conversion, bool isWhole);
   Conversion* conversionOf(xcb_window_t window);
 
   XcbConnection& _connection;
   const ClipboardAtoms& _atoms;
-  const XcbConnection::Clock::time_point _lastMoment;
+  const XcbConnection::Clock::time_point _start;
   XcbConnection::Clock::time_point _lastProgress;
   std::size_t _remainingBytes;
   std::size_t _unfinished = 0;
   std::vector<Conversion> _conversions;
   bool _ownerFailed = false;
+  bool _wasTooLarge = false;
 };
 
 }  // namespace qf

@@ -15,9 +15,12 @@ std::shared_ptr<const ClipboardContents> XcbPasteboard::ownContents() const {
   return contents && _reader.owner() == _service.window() ? contents : nullptr;
 }
 
-std::optional<std::string> XcbPasteboard::string() const {
+Result<std::string> XcbPasteboard::text() const {
   const auto own = ownContents();
-  return own ? own->string() : _reader.string();
+  if (!own) return _reader.text();
+  auto text = own->string();
+  if (!text) return Error{std::string(noTextReason)};
+  return *std::move(text);
 }
 
 std::vector<PasteboardItem> XcbPasteboard::items() const {

@@ -20,7 +20,7 @@ class XcbPasteboard : public Pasteboard {
   std::string name() const override { return std::string(NSGeneralPboard); }
   std::int64_t changeCount() const override { return _service.changeCount(); }
 
-  std::optional<std::string> string() const override;
+  Result<std::string> text() const override;
   std::vector<PasteboardItem> items() const override;
 
   void clearContents() override { setItems({}); }

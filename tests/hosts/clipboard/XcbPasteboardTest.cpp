@@ -161,6 +161,34 @@ TEST_F(XcbPasteboardTest, anOwnerThatDiesHalfwayIsNotWaitedFor) {
   EXPECT_LT(durationOf([&] { EXPECT_EQ(pasteboard->string(), std::nullopt); }), 900ms);
 }
 
+TEST_F(XcbPasteboardTest, anOwnerThatDripsIsGivenUp) {
+  const SelectionOwner owner("CLIPBOARD", [](auto& peer, auto& request) {
+    beginAndStop(peer, request);
+    for (int piece = 0; piece < 12; ++piece) {
+      std::this_thread::sleep_for(500ms);
+      peer.put(request.requestor, request.property, request.target, 8, 1, "x");
+    }
+    return true;
+  });
+  EXPECT_LT(durationOf([&] {
+              EXPECT_EQ(pasteboard->text().error().localizedDescription,
+                        "the application that copied it does not hand over the text on the "
+                        "clipboard");
+            }),
+            5s);
+}
+
+TEST_F(XcbPasteboardTest, textThatIsTooLargeIsToldAsThat) {
+  const SelectionOwner owner("CLIPBOARD", [](auto& peer, auto& request) {
+    const std::uint32_t size = 500'000'000;
+    peer.put(request.requestor, request.property, peer.atoms.incr, 32, 1, &size);
+    peer.notify(request, request.property);
+    return true;
+  });
+  EXPECT_EQ(pasteboard->text().error().localizedDescription,
+            "the text on the clipboard is larger than 256 MiB");
+}
+
 TEST_F(XcbPasteboardTest, anOwnerThatRefusesOrLiesGivesNothing) {
   {
     const SelectionOwner owner("CLIPBOARD", [](auto& peer, auto& request) {

@@ -111,8 +111,8 @@ AtspiCommand::Outcome AtspiTextCommand::paste(AtspiRequest& application) const {
     return menu ? AtspiContextMenu(application, _text, *menu).press(pasteKey)
                 : Outcome{Outcome::refused, whyDisabled(pasteKey)};
   }
-  const auto text = _pasteboard.string();
-  if (!text) return {Outcome::refused, "there is no text on the clipboard"};
+  const auto text = _pasteboard.text();
+  if (!text) return {Outcome::refused, text.error().localizedDescription};
   AtspiRange replaced = selection(application);
   if (replaced.isEmpty()) {
     const int caret = atspi::numberProperty(application.ask(atspi::getCaretOffset(_text)));
