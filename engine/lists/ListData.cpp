@@ -14,10 +14,12 @@ Array arrayIn(const Dictionary& dictionary, std::string_view key) {
   return array ? *array : Array();
 }
 
+/// An entry without a colour is black on any menu, and logged by the agent each time it is drawn.
+constexpr const char* menusOwnColor = "#000000";
+
 Value item(const std::string& token, const std::string& color) {
-  Dictionary result = {{std::string(listKey::token), token}};
-  if (!color.empty()) result.set(listKey::hexColor, color);
-  return result;
+  return Dictionary{{std::string(listKey::token), token},
+                    {std::string(listKey::hexColor), color.empty() ? menusOwnColor : color}};
 }
 
 Value group(std::string_view name, Array items) {

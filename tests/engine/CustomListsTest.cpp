@@ -228,6 +228,7 @@ TEST_F(CustomListsOf, listsShowThem) {
   const Dictionary& mine = *(*list.array(listKey::master))[1].dictionary();
   EXPECT_EQ((*mine.array(listKey::richList))[3],
             Value(Dictionary{{"token", "#UNDO"}, {"hexColor", "#ff0000"}}));
+  EXPECT_EQ((*mine.array(listKey::richList))[0].dictionary()->string(listKey::hexColor), "#000000");
   EXPECT_EQ(log.lines.size(), 1u);
 }
 

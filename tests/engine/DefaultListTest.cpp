@@ -33,7 +33,10 @@ class DefaultList : public testing::Test {
       const Dictionary& entry = *value.dictionary();
       if (*entry.string(listKey::name) != group) continue;
       for (const Value& item : *entry.array(listKey::richList)) {
-        tokens.emplace_back(*item.dictionary()->string(listKey::token));
+        const std::string token(*item.dictionary()->string(listKey::token));
+        EXPECT_TRUE(token == specialToken::spacer || item.dictionary()->string(listKey::hexColor))
+            << token << ": the agent logs an entry without a colour";
+        tokens.push_back(token);
       }
     }
     return tokens;
