@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 
+#include "hosts/qt/KeyEquivalent.h"
 #include "hosts/qt/QtRecorderView.h"
 
 namespace qf {
@@ -20,7 +21,9 @@ class AccessibleRecorder final : public QAccessibleWidget {
     // The bridge of Linux passes descriptions on, but no help.
     const bool isHelp = kind == QAccessible::Help || kind == QAccessible::Description;
     if (isHelp) return QString::fromStdString(recorder->accessibilityHelp());
-    if (kind == QAccessible::Name) return QString::fromStdString(recorder->accessibilityLabel());
+    if (kind == QAccessible::Name) {
+      return withKeysAsWritten(QString::fromStdString(recorder->accessibilityLabel()));
+    }
     return {};
   }
 

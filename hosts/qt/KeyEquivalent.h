@@ -11,4 +11,8 @@ class MenuItem;
 /// character's case says nothing about Shift.
 QString keyEquivalentText(const MenuItem& item);
 
+/// The text with its key combinations as this desktop writes them: "⌃⌥K" becomes "Ctrl+Alt+K". In a
+/// text that runs from right to left they keep their own direction.
+QString withKeysAsWritten(QString text);
+
 }  // namespace qf

@@ -7,17 +7,19 @@
 #include <QTextDocument>
 #include <utility>
 
+#include "hosts/qt/KeyEquivalent.h"
+
 namespace qf {
 
 void QtAlert::runCritical(const Message& message, std::function<void()> closed) {
   auto* box = new QMessageBox(QMessageBox::Critical, QGuiApplication::applicationDisplayName(),
-                              QString::fromStdString(message.messageText), QMessageBox::NoButton,
-                              QApplication::activeWindow());
+                              withKeysAsWritten(QString::fromStdString(message.messageText)),
+                              QMessageBox::NoButton, QApplication::activeWindow());
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->setTextFormat(Qt::PlainText);
-  // This text is never taken as it stands: what looks like HTML is drawn as such.
-  box->setInformativeText(
-      Qt::convertFromPlainText(QString::fromStdString(message.informativeText)));
+  // This text is always taken for HTML. Blanks stay blanks, where lines may break.
+  box->setInformativeText(Qt::convertFromPlainText(
+      withKeysAsWritten(QString::fromStdString(message.informativeText)), Qt::WhiteSpaceNormal));
   auto* button =
       box->addButton(QString::fromStdString(message.buttonTitle), QMessageBox::AcceptRole);
   box->setDefaultButton(button);

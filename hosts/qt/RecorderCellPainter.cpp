@@ -8,6 +8,8 @@
 #include <QStyleOptionButton>
 #include <QWidget>
 
+#include "hosts/qt/KeyEquivalent.h"
+
 namespace qf {
 namespace {
 
@@ -84,9 +86,10 @@ void paintTitle(QPainter& painter, const RecorderCell& cell, const QRectF& frame
   const double margin = isFlat ? 1 : 6;
   const QRectF room = frame.adjusted(margin, 0, -margin, 0);
   const bool isRight = cell.alignment == RecorderCell::Alignment::right;
-  const QString title = painter.fontMetrics().elidedText(
-      QString::fromStdString(cell.title), Qt::ElideRight, static_cast<int>(room.width()));
-  // The right edge is the right one in every language, and glyphs of keys run as their letters do.
+  const QString title =
+      painter.fontMetrics().elidedText(withKeysAsWritten(QString::fromStdString(cell.title)),
+                                       Qt::ElideRight, static_cast<int>(room.width()));
+  // The right edge is the right one in every language, and keys run as their letters do.
   painter.setLayoutDirection(Qt::LayoutDirectionAuto);
   const int alignment = isRight ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignHCenter;
   painter.drawText(room, Qt::AlignVCenter | alignment, title);

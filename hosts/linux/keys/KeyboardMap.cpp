@@ -59,6 +59,50 @@ const char* accentOf(xkb_keysym_t symbol) {
   }
 }
 
+/// What is written on keys that type nothing, or on a keypad with Num Lock on.
+const char* nameOf(xkb_keysym_t symbol) {
+  switch (symbol) {
+    case XKB_KEY_space:
+      return "Space";
+    case XKB_KEY_BackSpace:
+      return "Backspace";
+    case XKB_KEY_Escape:
+      return "Esc";
+    case XKB_KEY_Prior:
+      return "Page Up";
+    case XKB_KEY_Next:
+      return "Page Down";
+    case XKB_KEY_Num_Lock:
+      return "Clear";
+    case XKB_KEY_KP_Enter:
+      return "Enter";
+    case XKB_KEY_KP_Insert:
+      return "0";
+    case XKB_KEY_KP_End:
+      return "1";
+    case XKB_KEY_KP_Down:
+      return "2";
+    case XKB_KEY_KP_Next:
+      return "3";
+    case XKB_KEY_KP_Left:
+      return "4";
+    case XKB_KEY_KP_Begin:
+      return "5";
+    case XKB_KEY_KP_Right:
+      return "6";
+    case XKB_KEY_KP_Home:
+      return "7";
+    case XKB_KEY_KP_Up:
+      return "8";
+    case XKB_KEY_KP_Prior:
+      return "9";
+    case XKB_KEY_KP_Delete:
+      return ".";
+    default:
+      return nullptr;
+  }
+}
+
 std::string textOf(xkb_keysym_t symbol) {
   if (const char* accent = accentOf(symbol)) return accent;
   char text[8] = {};
@@ -190,9 +234,10 @@ void KeyboardMap::readTypedTexts(xkb_keymap* keymap, std::uint32_t layout) {
     if (key == XKB_KEYCODE_INVALID) continue;
     const xkb_keysym_t symbol = symbolOf(keymap, key, layout, 0);
     _typedTexts.emplace(place.keyCode, textOf(symbol));
-    char name[64] = {};
-    xkb_keysym_get_name(symbol, name, sizeof name);
-    _symbolNames.emplace(place.keyCode, name);
+    char symbolName[64] = {};
+    xkb_keysym_get_name(symbol, symbolName, sizeof symbolName);
+    const char* written = nameOf(symbol);
+    _symbolNames.emplace(place.keyCode, written ? written : symbolName);
   }
 }
 

@@ -99,8 +99,8 @@ TEST_F(ShortcutsPageTest, RecordsByKeysAloneWhatWorksAtOnce) {
 
   // Recorded anew, the same keys do nothing to the text.
   activate(engine.window());
-  record(0, "⌃⌥K keyboard shortcut", KEY_K);
-  record(0, "⌃⌥K keyboard shortcut", KEY_J);
+  record(0, "Ctrl+Alt+K keyboard shortcut", KEY_K);
+  record(0, "Ctrl+Alt+K keyboard shortcut", KEY_J);
   EXPECT_TRUE(hasHeading("Swap Case – Ctrl+Alt+J"));
   EXPECT_EQ(editor.text(), "oNE TWO");
   activate(editorWindow);
@@ -120,7 +120,7 @@ TEST_F(ShortcutsPageTest, SaysWhyAShortcutDoesNotWork) {
   EXPECT_TRUE(hasHeading("Palette – Ctrl+Alt+P") && says("Active"));
   record(0, none, KEY_P);
   EXPECT_TRUE(says("Not active: a shortcut further down has the same keys"));
-  record(1, "⌃⌥P keyboard shortcut", KEY_J);
+  record(1, "Ctrl+Alt+P keyboard shortcut", KEY_J);
   EXPECT_TRUE(says("Not active: another program holds Ctrl+Alt+J"));
   QFKShortcutActionItem typing = item(stored().front());
   typing.keycode = 0;
@@ -170,7 +170,7 @@ TEST_F(ShortcutsPageTest, OrdersAndRemovesOnTopOfWhatOthersChange) {
   record(3, none, KEY_K);
   EXPECT_TRUE(until([&] { return item(before[1]).keycode == 40; }));
   EXPECT_TRUE(item(before[1]).hasShortcut);
-  startRecording(0, "⌃⌥K keyboard shortcut");
+  startRecording(0, "Ctrl+Alt+K keyboard shortcut");
   keyboard.press({KEY_BACKSPACE});
   EXPECT_TRUE(until([&] { return item(before[1]).keycode == 0; }));
   EXPECT_EQ(item(before[1]).modifiers, 0);

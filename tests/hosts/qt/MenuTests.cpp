@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include "host/EventState.h"
+#include "hosts/qt/KeyEquivalent.h"
 #include "hosts/qt/MenuColor.h"
 #include "hosts/qt/QtMenu.h"
 #include "hosts/qt/QtMenuPresenter.h"
@@ -205,6 +206,14 @@ TEST(Menu, OpensOnlyWithSomethingToPick) {
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << separators;
     EXPECT_TRUE(desktop::Keyboard().canTakeAll()) << separators;
   }
+}
+
+TEST(Keys, AreWrittenAsOnThisDesktop) {
+  EXPECT_EQ(withKeysAsWritten("⌃⌥K"), "Ctrl+Alt+K");
+  EXPECT_EQ(withKeysAsWritten("⌃⌥⇧⌘⇞"), "Ctrl+Alt+Shift+Super+Page Up");
+  EXPECT_EQ(withKeysAsWritten("⇧⌘"), "Shift+Super+") << "of modifiers alone";
+  EXPECT_EQ(withKeysAsWritten("Use ⌘Space or ⌥F5, not ⎋"), "Use Super+Space or Alt+F5, not ⎋");
+  EXPECT_EQ(withKeysAsWritten("المفاتيح ⌃⌥/"), "المفاتيح \u2066Ctrl+Alt+/\u2069");
 }
 
 TEST(Menu, ColorsStayReadableOnDarkMenus) {
