@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QApplication>
+#include <functional>
+#include <utility>
 
 #include "host/Application.h"
 
@@ -13,6 +15,12 @@ class QtApplication final : public Application {
   /// Both are kept by reference and must outlive the object.
   QtApplication(int& argc, char** argv);
 
+  /// Asked at the start of `run`: whether an uncaught exception ends the process, as it does
+  /// without this. Otherwise the exception is logged and its event counts as handled.
+  void setEndsOnExceptions(std::function<bool()> endsOnExceptions) {
+    _endsOnExceptions = std::move(endsOnExceptions);
+  }
+
   int run(ApplicationDelegate& delegate) override;
   void terminate() override;
 
@@ -20,7 +28,16 @@ class QtApplication final : public Application {
   void reopen();
 
  private:
-  QApplication _application;
+  class EventLoop final : public QApplication {
+   public:
+    using QApplication::QApplication;
+    bool notify(QObject* receiver, QEvent* event) override;
+
+    bool survivesExceptions = false;
+  };
+
+  EventLoop _application;
+  std::function<bool()> _endsOnExceptions;
   ApplicationDelegate* _delegate = nullptr;
 };
 
