@@ -14,6 +14,8 @@
 namespace qf {
 namespace {
 
+constexpr std::uint16_t f20 = 90;
+
 /// The symbol a key gives on a layout with so many levels of shifting; keys that have fewer layouts
 /// begin again with the first.
 xkb_keysym_t symbolOf(xkb_keymap* keymap, xkb_keycode_t key, xkb_layout_index_t layout,
@@ -233,7 +235,9 @@ void KeyboardMap::readTypedTexts(xkb_keymap* keymap, std::uint32_t layout) {
     const xkb_keycode_t key = xkb_keymap_key_by_name(keymap, std::string(place.name).c_str());
     if (key == XKB_KEYCODE_INVALID) continue;
     const xkb_keysym_t symbol = symbolOf(keymap, key, layout, 0);
-    _typedTexts.emplace(place.keyCode, textOf(symbol));
+    // F20 is named by what it types, as letters are, and types nothing.
+    const std::string typed = textOf(symbol);
+    _typedTexts.emplace(place.keyCode, typed.empty() && place.keyCode == f20 ? "F20" : typed);
     char symbolName[64] = {};
     xkb_keysym_get_name(symbol, symbolName, sizeof symbolName);
     const char* written = nameOf(symbol);

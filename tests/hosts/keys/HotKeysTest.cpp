@@ -205,6 +205,8 @@ TEST_F(HotKeysOnX, NameKeysByTheLatinLayout) {
         << arguments.join(' ').toStdString() << ": " << placeNames();
   }
 
+  EXPECT_EQ(names({90}), "F20 ");
+
   setLayout({"us,fr,ru"});
   EXPECT_EQ(names({12}), "q ");
   keyboard.lockLayout(1);
