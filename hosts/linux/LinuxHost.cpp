@@ -42,6 +42,7 @@
 #include "hosts/linux/request/RequestDefaults.h"
 #include "hosts/linux/x11/X11Display.h"
 #include "hosts/linux/x11/X11PanelSystem.h"
+#include "hosts/qt/AddedModifiers.h"
 #include "hosts/qt/QtApplication.h"
 #include "hosts/qt/QtEventState.h"
 #include "hosts/qt/QtMainQueue.h"
@@ -60,6 +61,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr const char* iconName = "org.quenfold.Quenfold";
+constexpr std::string_view endsOnExceptionsDefault = "NSApplicationCrashOnExceptions";
 // A panel may start after the agent when a session begins.
 constexpr auto trayPatience = 10s;
 
@@ -101,9 +103,10 @@ struct LinuxHost::Backends {
         hotKeys(mainQueue),
         keyboardLayout(hotKeys.keyboard()),
         symbolicHotKeys(core.bus, hotKeys.keyboard()),
-        paletteWindows(panelSystem,
-                       {.takesKeyboard = [this] { return isSet(paletteTakesKeyboardDefault); },
-                        .fault = [this] { return installationFault(); }}),
+        paletteWindows(
+            panelSystem, addedModifiers,
+            {.takesKeyboard = [this] { return isOn(paletteTakesKeyboardDefault, false); },
+             .fault = [this] { return installationFault(); }}),
         servicesMenu(core.bus, pasteboards),
         traySystem(core.bus),
         statusBar(traySystem),
@@ -148,6 +151,7 @@ struct LinuxHost::Backends {
       if (!isTold || status != AppleEventStatus::processNotFound)
         note(Availability::unavailable(reason), engineOutcome);
     });
+    core.application.setEndsOnExceptions([this] { return isOn(endsOnExceptionsDefault, true); });
     workspace.observeActivation([this] { showFaults(); });
     for (const auto& [name, availability] : states()) {
       if (!availability.isAvailable) log(name + ": " + availability.reason);
@@ -172,7 +176,7 @@ struct LinuxHost::Backends {
     workspace.setActivationVeto([this] { return request.declinesActivation(); });
     hotKeys.setGate({[this] { return request.isRunning(); },
                      [this](std::uint32_t window) { return workspace.isInputStillIn(window); }});
-    accessibility.setTakesWholeTexts([this] { return !isSet(leavesWholeTextsDefault); });
+    accessibility.setTakesWholeTexts([this] { return !isOn(leavesWholeTextsDefault, false); });
     accessibility.setWholeTextHandler([this](const std::string& text) {
       notice.tellQuietly(reasonText(QString::fromStdString(text)).toStdString());
     });
@@ -214,8 +218,9 @@ struct LinuxHost::Backends {
     return Availability::available();
   }
 
-  bool isSet(std::string_view userDefault) {
-    return userDefaults.standardUserDefaults().objectForKey(userDefault) == Value(true);
+  bool isOn(std::string_view userDefault, bool otherwise) {
+    const auto value = userDefaults.standardUserDefaults().objectForKey(userDefault);
+    return value ? value->integerValue() != 0 : otherwise;
   }
 
   Availability latestOutcome() const {
@@ -275,7 +280,8 @@ struct LinuxHost::Backends {
   XcbHotKeys hotKeys;
   XkbKeyboardLayout keyboardLayout;
   DesktopHotKeys symbolicHotKeys;
-  QtEventState eventState;
+  AddedModifiers addedModifiers;
+  QtEventState eventState{addedModifiers};
   QtMenuPresenter menuPresenter;
   X11PanelSystem panelSystem;
   QtPaletteWindows paletteWindows;

@@ -34,8 +34,7 @@ class AccessibleRow final : public QAccessibleInterface, public QAccessibleActio
     if (!isValid() || isSeparator()) return {};
     if (kind == QAccessible::Name)
       return QString::fromStdString(source().objectValueForRow(index()));
-    if (kind != QAccessible::Description) return {};
-    return QString::fromStdString(source().toolTipForRow(index()).value_or(""));
+    return kind == QAccessible::Description && isCleaner() ? _table->help(_row) : QString();
   }
   void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
 

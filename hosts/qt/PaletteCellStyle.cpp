@@ -61,7 +61,21 @@ void drawHighlight(QPainter& painter, const QWidget& table, const QRect& rect) {
   painter.restore();
 }
 
+QFont fontOf(const PaletteCell& cell, const QWidget& table) {
+  return cell.title.font ? fontFor(*cell.title.font, table.font()) : table.font();
+}
+
+QRect roomForText(const QRect& rect) {
+  return rect.adjusted(horizontalMargin, 0, -horizontalMargin, 0);
+}
+
 }  // namespace
+
+bool paletteTextIsCut(const QRect& rect, const PaletteCell& cell, const QWidget& table) {
+  const QString text = QString::fromStdString(cell.title.text);
+  return text.size() > longestText ||
+         QFontMetrics(fontOf(cell, table)).horizontalAdvance(text) > roomForText(rect).width();
+}
 
 double paletteRowHeight(const QFont& base) {
   const QFontMetricsF metrics(fontFor({.family = {}, .pointSize = textSize}, base));
@@ -72,9 +86,9 @@ void drawPaletteCell(QPainter& painter, const QWidget& table, const QRect& rect,
                      const PaletteCell& cell, PaletteCellState state) {
   if (cell.isBordered) drawButton(painter, table, rect, state);
   if (state.isHighlighted) drawHighlight(painter, table, rect);
-  painter.setFont(cell.title.font ? fontFor(*cell.title.font, table.font()) : table.font());
+  painter.setFont(fontOf(cell, table));
   painter.setPen(colorOfTitle(cell, table.palette()));
-  const QRect room = rect.adjusted(horizontalMargin, 0, -horizontalMargin, 0);
+  const QRect room = roomForText(rect);
   const QString text = QString::fromStdString(cell.title.text).left(longestText);
   const QString shown = painter.fontMetrics().elidedText(text, Qt::ElideRight, room.width());
   const auto alignment = QStyle::visualAlignment(table.layoutDirection(), Qt::AlignLeft);

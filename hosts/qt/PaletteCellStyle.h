@@ -20,6 +20,9 @@ struct PaletteCellState {
 /// The height in which every row's text has room, in device-independent pixels.
 double paletteRowHeight(const QFont& base);
 
+/// Whether the cell's text is too long for the rectangle.
+bool paletteTextIsCut(const QRect& rect, const PaletteCell& cell, const QWidget& table);
+
 /// Draws the cell as the table's style and colours of the moment want it. Text that is too long is
 /// cut with an ellipsis; its colour is kept wherever it can be read.
 void drawPaletteCell(QPainter& painter, const QWidget& table, const QRect& rect,

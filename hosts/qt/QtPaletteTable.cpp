@@ -10,13 +10,15 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/EventState.h"
 #include "hosts/qt/AccessiblePalette.h"
+#include "hosts/qt/AddedModifiers.h"
 #include "hosts/qt/PaletteCellStyle.h"
 
 namespace qf {
 
-QtPaletteTable::QtPaletteTable(PaletteTableSource& source, QWidget* parent)
-    : QAbstractScrollArea(parent), _source(source) {
+QtPaletteTable::QtPaletteTable(PaletteTableSource& source, AddedModifiers& added, QWidget* parent)
+    : QAbstractScrollArea(parent), _source(source), _added(added) {
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::NoFocus);  // the search field has the keyboard and hands on what moves here
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -223,17 +225,41 @@ bool QtPaletteTable::viewportEvent(QEvent* event) {
     updateScrollRange();
   }
   if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
-  const auto* help = static_cast<QHelpEvent*>(event);
-  const int row = rowAt(help->pos());
-  const auto tip = row < 0 ? std::nullopt : _source.toolTipForRow(static_cast<std::size_t>(row));
-  if (tip) {
-    // As rich text it is wrapped where it is long.
-    const QString text = QString::fromStdString(*tip).toHtmlEscaped();
-    QToolTip::showText(help->globalPos(), "<p>" + text + "</p>", viewport(), cellRect(row));
+  return showHelp(static_cast<QHelpEvent&>(*event));
+}
+
+bool QtPaletteTable::showHelp(const QHelpEvent& event) {
+  const int row = rowAt(event.pos());
+  if (const QString text = row < 0 ? QString() : toolTip(row); !text.isEmpty()) {
+    QToolTip::showText(event.globalPos(), text, viewport(), cellRect(row));
   } else {
     QToolTip::hideText();
   }
   return true;
+}
+
+QString QtPaletteTable::help(int row) const {
+  // With Command held the source describes what it names otherwise.
+  const AddedModifiers::Scope describing(_added, modifier::command);
+  const auto index = static_cast<std::size_t>(row);
+  const QString text = QString::fromStdString(_source.toolTipForRow(index).value_or(""));
+  return text == QString::fromStdString(_source.objectValueForRow(index)) ? QString() : text;
+}
+
+/// The name where it is cut off, and the description, as rich text, which is wrapped.
+QString QtPaletteTable::toolTip(int row) const {
+  const auto index = static_cast<std::size_t>(row);
+  if (!_source.shouldSelectRow(index)) return {};
+  const bool isCut = paletteTextIsCut(cellRect(row), _source.cellForRow(index), *this);
+  QString text;
+  if (isCut) {
+    text += "<p><b>" + QString::fromStdString(_source.objectValueForRow(index)).toHtmlEscaped() +
+            "</b></p>";
+  }
+  if (const QString description = help(row); !description.isEmpty()) {
+    text += "<p>" + description.toHtmlEscaped() + "</p>";
+  }
+  return text;
 }
 
 void QtPaletteTable::setHoveredRow(int row) {

@@ -9,7 +9,11 @@
 
 #include "host/PaletteWindow.h"
 
+class QHelpEvent;
+
 namespace qf {
+
+class AddedModifiers;
 
 /// Draws the palette's rows, and only asks for those in view: the scroll bar counts rows, not their
 /// heights, so that a list of any length opens at once. The keyboard moves a highlight of its own
@@ -20,7 +24,8 @@ class QtPaletteTable final : public QAbstractScrollArea, public PaletteTableView
  public:
   enum class Move { up, down, pageUp, pageDown, first, last };
 
-  QtPaletteTable(PaletteTableSource& source, QWidget* parent);
+  /// `added` outlives the table.
+  QtPaletteTable(PaletteTableSource& source, AddedModifiers& added, QWidget* parent);
 
   /// What a table without rows says; asked each time it is drawn.
   void setEmptyText(std::function<QString()> text) { _emptyText = std::move(text); }
@@ -33,6 +38,8 @@ class QtPaletteTable final : public QAbstractScrollArea, public PaletteTableView
 
   PaletteTableSource& source() const { return _source; }
   int rowCount() const;
+  /// The row's description; empty where it has none.
+  QString help(int row) const;
   /// The row there, or -1.
   int rowAt(QPoint placeInViewport) const;
   /// Of its cell in the viewport; empty for a row that is not shown.
@@ -80,10 +87,13 @@ class QtPaletteTable final : public QAbstractScrollArea, public PaletteTableView
   int selectableRow(int from, int step) const;
   int rowAfter(Move move) const;
   void setHoveredRow(int row);
+  bool showHelp(const QHelpEvent& event);
+  QString toolTip(int row) const;
   void drawRow(QPainter& painter, int row) const;
   void tellAboutHighlight();
 
   PaletteTableSource& _source;
+  AddedModifiers& _added;
   std::function<QString()> _emptyText;
   Size _spacing;
   std::optional<std::size_t> _selectedRow;

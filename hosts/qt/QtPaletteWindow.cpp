@@ -6,12 +6,14 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScreen>
-#include <QSignalBlocker>
 #include <QSizeGrip>
 #include <QWindow>
 #include <utility>
 
+#include "host/EventState.h"
+#include "hosts/qt/AddedModifiers.h"
 #include "hosts/qt/MenuColor.h"
 #include "hosts/qt/PanelSystem.h"
 #include "hosts/qt/PlaceInView.h"
@@ -69,12 +71,13 @@ bool isReturn(const QKeyEvent& event) {
 }  // namespace
 
 QtPaletteWindow::QtPaletteWindow(PaletteWindowDelegate& delegate, PanelSystem& panelSystem,
-                                 PaletteQuestions ask)
+                                 AddedModifiers& added, PaletteQuestions ask)
     : QWidget(nullptr, panelFlags),
       _delegate(delegate),
       _panelSystem(panelSystem),
+      _added(added),
       _ask(std::move(ask)),
-      _table(delegate, this) {
+      _table(delegate, added, this) {
   setAttribute(Qt::WA_ShowWithoutActivating);
   setAttribute(Qt::WA_MacAlwaysShowToolWindow);
   setWindowTitle("Quenfold");
@@ -83,9 +86,10 @@ QtPaletteWindow::QtPaletteWindow(PaletteWindowDelegate& delegate, PanelSystem& p
   _toldFrame = _personsFrame;
 
   _table.setEmptyText([this] { return emptyText(); });
-  connect(&_table, &QtPaletteTable::pressed, this, [this] { _delegate.apply(); });
+  connect(&_table, &QtPaletteTable::pressed, this, &QtPaletteWindow::apply);
   connect(&_editGroupButton, &QPushButton::clicked, this, [this] { _delegate.editGroup(); });
   connect(&_searchField, &QLineEdit::textChanged, this, [this] {
+    if (_isSettingText) return;
     _delegate.controlTextDidChange();
     _table.goToTop();
   });
@@ -108,8 +112,10 @@ void QtPaletteWindow::layOut() {
   setMinimumSize(smallestSize);
   _editGroupButton.setText(tr("Edit…"));
   _editGroupButton.setAccessibleName(tr("Edit groups"));
-  _editGroupButton.setToolTip(tr("Edit groups"));
   _editGroupButton.setAutoDefault(true);  // Return presses it too
+  _clipboardOnly.setText(tr("Clipboard only"));
+  _clipboardOnly.setToolTip(tr("Clean what is on the clipboard and leave the application alone"));
+  _clipboardOnly.setFocusPolicy(Qt::TabFocus);
   _searchField.setPlaceholderText(tr("Search"));
   _searchField.setAccessibleName(tr("Search cleaners"));
   _searchField.setClearButtonEnabled(true);
@@ -127,10 +133,13 @@ void QtPaletteWindow::layOut() {
   rows->addLayout(groupRow);
   rows->addWidget(&_searchField);
   rows->addWidget(&_table, 1);
-  auto* grip = new QSizeGrip(this);
-  rows->addWidget(grip, 0, Qt::AlignBottom | Qt::AlignRight);
+  auto* lowestRow = new QHBoxLayout;
+  lowestRow->addWidget(&_clipboardOnly, 1);
+  lowestRow->addWidget(new QSizeGrip(this), 0, Qt::AlignBottom);
+  rows->addLayout(lowestRow);
   setTabOrder(&_searchField, &_namePopup);
   setTabOrder(&_namePopup, &_editGroupButton);
+  setTabOrder(&_editGroupButton, &_clipboardOnly);
   _searchField.setFocus();
 }
 
@@ -148,6 +157,8 @@ void QtPaletteWindow::orderFront() {
     winId();
     _panelSystem.prepare(*windowHandle());
     show();
+    _searchField.selectAll();  // typing replaces what was looked for before
+    _keepsSelection = _searchField.hasSelectedText();
   }
   raise();
   if (_ask.takesKeyboard()) takeKeyboard();
@@ -201,7 +212,10 @@ void QtPaletteWindow::closeEvent(QCloseEvent* event) {
 bool QtPaletteWindow::eventFilter(QObject* /*watched*/, QEvent* event) {
   const bool isClick =
       event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
-  if (isClick) takeKeyboard();
+  if (isClick) {
+    takeKeyboard();
+    if (std::exchange(_keepsSelection, false)) return true;
+  }
   return event->type() == QEvent::KeyPress && handleSearchKey(static_cast<QKeyEvent&>(*event));
 }
 
@@ -232,6 +246,11 @@ void QtPaletteWindow::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+void QtPaletteWindow::apply() {
+  const AddedModifiers::Scope scope(_added, _clipboardOnly.isChecked() ? modifier::option : 0);
+  _delegate.apply();
+}
+
 void QtPaletteWindow::cancel() {
   if (_searchField.text().isEmpty()) {
     orderOut();
@@ -249,9 +268,10 @@ QString QtPaletteWindow::emptyText() const {
 std::string QtPaletteWindow::stringValue() const { return _searchField.text().toStdString(); }
 
 void QtPaletteWindow::setStringValue(const std::string& text) {
-  const QSignalBlocker blocker(_searchField);
+  const QScopedValueRollback setting(_isSettingText, true);
   _searchField.setText(QString::fromStdString(text));
-  _table.goToTop();
+  // Queued: the rows that go with the text are set after it.
+  QMetaObject::invokeMethod(&_table, &QtPaletteTable::goToTop, Qt::QueuedConnection);
 }
 
 std::string QtPaletteWindow::stringWithSavedFrame() const {

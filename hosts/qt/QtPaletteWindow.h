@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
@@ -14,6 +15,7 @@
 
 namespace qf {
 
+class AddedModifiers;
 class PanelSystem;
 
 /// The palette's panel. Without the keyboard it works by mouse alone and no click takes the
@@ -23,7 +25,8 @@ class QtPaletteWindow final : public QWidget, public PaletteWindow, private Pale
   Q_OBJECT
 
  public:
-  QtPaletteWindow(PaletteWindowDelegate& delegate, PanelSystem& panelSystem, PaletteQuestions ask);
+  QtPaletteWindow(PaletteWindowDelegate& delegate, PanelSystem& panelSystem, AddedModifiers& added,
+                  PaletteQuestions ask);
 
   bool isVisible() const override { return QWidget::isVisible(); }
   void orderFront() override;
@@ -57,21 +60,26 @@ class QtPaletteWindow final : public QWidget, public PaletteWindow, private Pale
   void frameChanged();
   void tellAboutFrame();
   bool handleSearchKey(const QKeyEvent& event);
+  void apply();
   void cancel();
   QString emptyText() const;
   QRect frame() const { return {pos(), size()}; }
 
   PaletteWindowDelegate& _delegate;
   PanelSystem& _panelSystem;
+  AddedModifiers& _added;
   PaletteQuestions _ask;
   PanelTitle _title{"Quenfold", this};
   QtPopUpButton _namePopup{this};
   QPushButton _editGroupButton{this};
   QLineEdit _searchField{this};
   QtPaletteTable _table;
+  QCheckBox _clipboardOnly{this};
   bool _isTakingKeyboard = false;
-  QRect _personsFrame;  // where the person put it
-  QRect _frameInView;   // where it had to go instead
+  bool _isSettingText = false;
+  bool _keepsSelection = false;  ///< at the first click into the search field
+  QRect _personsFrame;           // where the person put it
+  QRect _frameInView;            // where it had to go instead
   QRect _toldFrame;
   QTimer _frameTimer;
 };

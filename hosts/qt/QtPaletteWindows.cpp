@@ -8,13 +8,14 @@
 
 namespace qf {
 
-QtPaletteWindows::QtPaletteWindows(PanelSystem& panelSystem, PaletteQuestions ask)
-    : _panelSystem(panelSystem), _ask(std::move(ask)) {
+QtPaletteWindows::QtPaletteWindows(PanelSystem& panelSystem, AddedModifiers& added,
+                                   PaletteQuestions ask)
+    : _panelSystem(panelSystem), _added(added), _ask(std::move(ask)) {
   showPaletteToAccessibility();
 }
 
 std::unique_ptr<PaletteWindow> QtPaletteWindows::makeWindow(PaletteWindowDelegate& delegate) {
-  return std::make_unique<QtPaletteWindow>(delegate, _panelSystem, _ask);
+  return std::make_unique<QtPaletteWindow>(delegate, _panelSystem, _added, _ask);
 }
 
 }  // namespace qf

@@ -8,6 +8,7 @@
 
 namespace qf {
 
+class AddedModifiers;
 class PanelSystem;
 
 /// The user default, of the agent's domain, that says whether the palette takes the keyboard.
@@ -15,13 +16,14 @@ inline constexpr std::string_view paletteTakesKeyboardDefault = "PaletteTakesKey
 
 class QtPaletteWindows final : public PaletteWindows {
  public:
-  /// The panel system outlives the windows.
-  QtPaletteWindows(PanelSystem& panelSystem, PaletteQuestions ask);
+  /// The panel system and the modifiers outlive the windows.
+  QtPaletteWindows(PanelSystem& panelSystem, AddedModifiers& added, PaletteQuestions ask);
 
   std::unique_ptr<PaletteWindow> makeWindow(PaletteWindowDelegate& delegate) override;
 
  private:
   PanelSystem& _panelSystem;
+  AddedModifiers& _added;
   PaletteQuestions _ask;
 };
 

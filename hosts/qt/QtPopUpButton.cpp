@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/qt/QtPopUpButton.h"
 
+#include <QEvent>
 #include <QStyle>
 #include <QStyleOptionButton>
 
@@ -16,7 +17,16 @@ void QtPopUpButton::setTitle(const std::string& title) {
   _title = QString::fromStdString(title);
   setText(QString(_title).replace('&', "&&"));
   setAccessibleName(tr("Group: %1").arg(_title));
-  setToolTip("<p>" + _title.toHtmlEscaped() + "</p>");
+}
+
+bool QtPopUpButton::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const bool isCut = option.text != text();
+    setToolTip(isCut ? "<p>" + _title.toHtmlEscaped() + "</p>" : QString());
+  }
+  return QPushButton::event(event);
 }
 
 void QtPopUpButton::openMenu() {

@@ -25,6 +25,8 @@ class QtPopUpButton final : public QPushButton, public PalettePopUpButton {
   Q_INVOKABLE void openMenu();
 
  protected:
+  /// The title is the tool tip where it is cut.
+  bool event(QEvent* event) override;
   void initStyleOption(QStyleOptionButton* option) const override;
 
  private:

@@ -485,6 +485,14 @@
         <source>This group is empty</source>
         <translation>هذه المجموعة فارغة</translation>
     </message>
+    <message>
+        <source>Clipboard only</source>
+        <translation>الحافظة فقط</translation>
+    </message>
+    <message>
+        <source>Clean what is on the clipboard and leave the application alone</source>
+        <translation>ينظّف محتوى الحافظة ويترك التطبيق كما هو</translation>
+    </message>
 </context>
 <context>
     <name>qf::QtPopUpButton</name>

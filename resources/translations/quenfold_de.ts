@@ -485,6 +485,14 @@
         <source>This group is empty</source>
         <translation>Diese Gruppe ist leer</translation>
     </message>
+    <message>
+        <source>Clipboard only</source>
+        <translation>Nur Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Clean what is on the clipboard and leave the application alone</source>
+        <translation>Bereinigt den Inhalt der Zwischenablage und lässt die Anwendung in Ruhe</translation>
+    </message>
 </context>
 <context>
     <name>qf::QtPopUpButton</name>

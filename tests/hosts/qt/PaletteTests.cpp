@@ -3,13 +3,19 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QCheckBox>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
 #include <QTextLayout>
+#include <QToolButton>
+#include <QToolTip>
 #include <QWindow>
 #include <set>
 
+#include "host/EventState.h"
+#include "hosts/qt/AddedModifiers.h"
 #include "hosts/qt/PanelSystem.h"
 #include "hosts/qt/PlaceInView.h"
 #include "hosts/qt/QtPaletteTable.h"
@@ -30,11 +36,14 @@ class SamplePalette final : public PaletteWindowDelegate, public PanelSystem {
     return {shouldSelectRow(row), {at(row) == "-" ? " " : at(row), color, Font{"", 11}}};
   }
   double heightOfRow(std::size_t row) const override { return at(row) == "-" ? 13 : 26; }
-  std::optional<std::string> toolTipForRow(std::size_t row) const override { return at(row); }
+  std::optional<std::string> toolTipForRow(std::size_t row) const override {
+    return added.flags() == modifier::command ? "about " + at(row) : at(row);
+  }
   bool shouldSelectRow(std::size_t row) const override { return !strchr("=-", at(row)[0]); }
   void apply() override {
     const auto row = panel.cleanerListTableView().selectedRow();
     done.push_back(row ? rows[*row] : "nothing");
+    if (added.flags() == modifier::option) done.back() += " on the clipboard";
     panel.cleanerListTableView().deselectAll();
   }
   void editGroup() override { done.push_back("edit"); }
@@ -69,8 +78,11 @@ class SamplePalette final : public PaletteWindowDelegate, public PanelSystem {
   Color color;
   std::vector<std::string> done;
   mutable std::set<std::size_t> asked;
-  QtPaletteWindow panel{
-      *this, *this, {.takesKeyboard = [] { return false; }, .fault = [] { return QString(); }}};
+  AddedModifiers added;
+  QtPaletteWindow panel{*this,
+                        *this,
+                        added,
+                        {.takesKeyboard = [] { return false; }, .fault = [] { return QString(); }}};
 
  private:
   const std::string& at(std::size_t row) const {
@@ -114,6 +126,47 @@ TEST(PalettePanel, KeysSkipWhatIsNoCleaner) {
   EXPECT_TRUE(sample.panel.isVisible());
   QTest::keyClick(&sample.field(), Qt::Key_Escape);
   EXPECT_FALSE(sample.panel.isVisible());
+}
+
+TEST(PalettePanel, OffersTheClipboardAndHelpWithoutKeys) {
+  SamplePalette sample;
+  sample.show({"Upper", "A name that is longer than the panel is wide, by far"});
+  sample.click(0);
+  auto* clipboardOnly = sample.panel.findChild<QCheckBox*>();
+  QTest::mouseClick(clipboardOnly, Qt::LeftButton, {}, {8, clipboardOnly->height() / 2});
+  sample.click(0);
+  EXPECT_THAT(sample.done, ElementsAre("Upper", "Upper on the clipboard"));
+
+  const auto toolTip = [&](int row) {
+    const QPoint place = sample.table().cellRect(row).center();
+    QHelpEvent help(QEvent::ToolTip, place, sample.table().viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(sample.table().viewport(), &help);
+    return QToolTip::text().toStdString();
+  };
+  EXPECT_EQ(toolTip(0), "<p>about Upper</p>");
+  EXPECT_THAT(toolTip(1), testing::StartsWith("<p><b>A name that is longer than")) << "cut off";
+}
+
+TEST(PalettePanel, ShowsTheFirstRowOfAnotherGroupAndTheOldSearchSelected) {
+  SamplePalette sample;
+  sample.show({"Upper", "Lower", "Trim"});
+  QTest::keyClicks(&sample.field(), "r");
+  sample.table().setHighlightedRow(2);
+  // As the palette changes its group: the text first, its rows after it.
+  static_cast<PaletteWindow&>(sample.panel).searchField().setStringValue("");
+  sample.rows = {"=Label", "Upper"};
+  sample.table().reloadData();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return sample.table().highlightedRow() == 1; }));
+  const QObject* clearButton = sample.field().findChild<QToolButton*>();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return clearButton->property("opacity") == 0.0; }));
+
+  sample.done.clear();
+  QTest::keyClicks(&sample.field(), "up");
+  sample.panel.orderOut();
+  sample.panel.orderFront();
+  QTest::mouseClick(&sample.field(), Qt::LeftButton);
+  QTest::keyClicks(&sample.field(), "x");
+  EXPECT_EQ(sample.done.back(), "search x");
 }
 
 TEST(PalettePanel, AgreesToCloseAndCanBeShownAgain) {

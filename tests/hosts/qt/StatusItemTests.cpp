@@ -9,6 +9,7 @@
 #include <QThread>
 
 #include "hosts/linux/desktop/DesktopTraySystem.h"
+#include "hosts/qt/AddedModifiers.h"
 #include "hosts/qt/QtEventState.h"
 #include "hosts/qt/QtStatusBar.h"
 #include "hosts/qt/TemplateIcon.h"
@@ -145,7 +146,8 @@ TEST(StatusItem, WaitsForThePanelBehindAWatcher) {
 }
 
 TEST(StatusItem, EitherButtonOpensTheMenuWithTheKeysHeldThen) {
-  const QtEventState eventState;
+  const AddedModifiers none;
+  const QtEventState eventState(none);
   std::vector<std::uint64_t> flags;
   SampleMenu model([&](SampleMenu& sample) {
     flags.push_back(eventState.modifierFlags());
