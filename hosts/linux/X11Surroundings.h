@@ -18,6 +18,9 @@ class X11Surroundings final : public RequestSurroundings {
   std::int32_t clipboardOwner() const override {
     return _workspace.processOfWindow(_pasteboard.ownership().owner);
   }
+  std::chrono::steady_clock::time_point selectionGivenUp() const override {
+    return _pasteboard.primaryGivenUp();
+  }
 
  private:
   const LinuxWorkspace& _workspace;

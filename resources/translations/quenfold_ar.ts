@@ -528,10 +528,6 @@
         <translation>انقطع الاتصال بشاشة X؛ سجّل الدخول من جديد</translation>
     </message>
     <message>
-        <source>the connection to the accessibility bus was lost; start the program anew</source>
-        <translation>انقطع الاتصال بناقل إمكانية الوصول؛ أعد تشغيل البرنامج</translation>
-    </message>
-    <message>
         <source>the accessibility bus refuses connections: %1</source>
         <translation>يرفض ناقل إمكانية الوصول الاتصال: %1</translation>
     </message>
@@ -621,10 +617,6 @@
     </message>
     <message>
         <source>there is nothing to select in it</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it opens no context menu; if its menu bar is hidden, show it</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -798,6 +790,48 @@
     <message>
         <source>the application that copied it does not hand over the text on the clipboard</source>
         <translation>التطبيق الذي نسخ النص لا يسلّم محتوى الحافظة</translation>
+        <source>the connection to the accessibility bus was lost; start the applications anew</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the accessibility service does not answer; log out and in again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>what has the focus there is no text; click into the text first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its menu copies another text than the selected one</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>several cells are selected; clean one cell at a time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the new text would fill several cells; it is on the clipboard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has opened a window to ask about the new text; answer there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its menu does not offer that</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its selection was dropped when the shortcut was pressed; use the palette there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it shows its texts to other programs only when it was started with --force-renderer-accessibility</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it offers no Paste to other programs; show its menu bar if it has one, or paste there yourself</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -528,10 +528,6 @@
         <translation>die Verbindung zum X-Display ist verloren; bitte neu anmelden</translation>
     </message>
     <message>
-        <source>the connection to the accessibility bus was lost; start the program anew</source>
-        <translation>die Verbindung zum Bus der Barrierefreiheit ist verloren; bitte das Programm neu starten</translation>
-    </message>
-    <message>
         <source>the accessibility bus refuses connections: %1</source>
         <translation>der Bus der Barrierefreiheit lehnt Verbindungen ab: %1</translation>
     </message>
@@ -622,10 +618,6 @@
     <message>
         <source>there is nothing to select in it</source>
         <translation>darin gibt es nichts auszuwählen</translation>
-    </message>
-    <message>
-        <source>it opens no context menu; if its menu bar is hidden, show it</source>
-        <translation>sie öffnet kein Kontextmenü; ist ihre Menüleiste ausgeblendet, bitte einblenden</translation>
     </message>
     <message>
         <source>its context menu does not offer that</source>
@@ -798,6 +790,48 @@
     <message>
         <source>the application that copied it does not hand over the text on the clipboard</source>
         <translation>die Anwendung, die ihn kopiert hat, gibt den Text der Zwischenablage nicht heraus</translation>
+        <source>the connection to the accessibility bus was lost; start the applications anew</source>
+        <translation>die Verbindung zum Bus für Barrierefreiheit ist verloren; bitte die Anwendungen neu starten</translation>
+    </message>
+    <message>
+        <source>the accessibility service does not answer; log out and in again</source>
+        <translation>der Dienst für Barrierefreiheit antwortet nicht; bitte ab- und wieder anmelden</translation>
+    </message>
+    <message>
+        <source>what has the focus there is no text; click into the text first</source>
+        <translation>was dort den Fokus hat, ist kein Text; bitte zuerst in den Text klicken</translation>
+    </message>
+    <message>
+        <source>its menu copies another text than the selected one</source>
+        <translation>ihr Menü kopiert einen anderen Text als den ausgewählten</translation>
+    </message>
+    <message>
+        <source>several cells are selected; clean one cell at a time</source>
+        <translation>mehrere Zellen sind ausgewählt; bitte eine nach der anderen bereinigen</translation>
+    </message>
+    <message>
+        <source>the new text would fill several cells; it is on the clipboard</source>
+        <translation>der neue Text würde mehrere Zellen füllen; er liegt in der Zwischenablage</translation>
+    </message>
+    <message>
+        <source>it has opened a window to ask about the new text; answer there</source>
+        <translation>sie hat ein Fenster mit einer Frage zum neuen Text geöffnet; bitte dort antworten</translation>
+    </message>
+    <message>
+        <source>its menu does not offer that</source>
+        <translation>ihr Menü bietet das nicht an</translation>
+    </message>
+    <message>
+        <source>its selection was dropped when the shortcut was pressed; use the palette there</source>
+        <translation>ihre Auswahl ging beim Drücken des Tastenkürzels verloren; bitte dort die Palette benutzen</translation>
+    </message>
+    <message>
+        <source>it shows its texts to other programs only when it was started with --force-renderer-accessibility</source>
+        <translation>sie zeigt ihre Texte anderen Programmen nur, wenn sie mit --force-renderer-accessibility gestartet wurde</translation>
+    </message>
+    <message>
+        <source>it offers no Paste to other programs; show its menu bar if it has one, or paste there yourself</source>
+        <translation>sie bietet anderen Programmen kein Einfügen an; bitte ihre Menüleiste zeigen, falls sie eine hat, oder dort selbst einfügen</translation>
     </message>
 </context>
 <context>

@@ -35,10 +35,11 @@ ClipboardService::ClipboardService(const std::string& displayName)
       _availability(_connection.availability()) {
   if (!_connection.isAlive()) return;
   _window = _connection.createWindow(XCB_EVENT_MASK_PROPERTY_CHANGE);
-  xcb_xfixes_select_selection_input(_connection.get(), _window, _atoms.clipboard,
-                                    XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+  constexpr std::uint32_t everyChange = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                         XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
-                                        XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+                                        XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
+  for (const xcb_atom_t selection : {_atoms.clipboard, xcb_atom_t{XCB_ATOM_PRIMARY}})
+    xcb_xfixes_select_selection_input(_connection.get(), _window, selection, everyChange);
   // An answer means that no later change can be missed.
   const auto owner = _connection.reply(
       xcb_get_selection_owner_reply, xcb_get_selection_owner(_connection.get(), _atoms.clipboard));
@@ -242,6 +243,10 @@ void ClipboardService::answerInquiries() {
 }
 
 void ClipboardService::ownerChanged(const xcb_xfixes_selection_notify_event_t& notice) {
+  if (notice.selection == XCB_ATOM_PRIMARY) {
+    if (notice.owner == XCB_WINDOW_NONE) _primaryGivenUp = Clock::now();
+    return;
+  }
   const bool isOurs = notice.owner == _window && _pending;
   const ClipboardOwnership ownership{notice.owner, notice.selection_timestamp};
   if (isOurs) _taken = ownership;

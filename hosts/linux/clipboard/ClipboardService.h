@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <future>
@@ -36,6 +37,9 @@ class ClipboardService {
   /// What we own; null while another application owns the clipboard, or nobody. Whoever has seen a
   /// change count sees the contents of that change or a later one.
   std::shared_ptr<const ClipboardContents> contents() const;
+  /// When an application gave up the primary selection last, which many do when they drop what was
+  /// selected; the beginning of the clock before the first time.
+  std::chrono::steady_clock::time_point primaryGivenUp() const { return _primaryGivenUp; }
   /// The window by which we own the clipboard.
   xcb_window_t window() const { return _window; }
   /// By the last notice of a change that has been handled.
@@ -84,6 +88,7 @@ class ClipboardService {
   ClipboardTransfers _transfers;
   int _wakeUp;  // an eventfd
 
+  std::atomic<Clock::time_point> _primaryGivenUp = Clock::time_point();
   std::unique_ptr<Wish> _wish;                        // waits for the server's time
   std::shared_ptr<const ClipboardContents> _pending;  // waits for the server's notice
   std::optional<ClipboardOwnership> _taken;           // by the wish that is being granted

@@ -27,6 +27,7 @@ class XcbPasteboard : public Pasteboard {
   bool setString(std::string_view text) override;
   bool setItems(std::vector<PasteboardItem> items) override;
 
+  std::chrono::steady_clock::time_point primaryGivenUp() const { return _service.primaryGivenUp(); }
   ClipboardOwnership ownership() const { return _service.ownership(); }
   /// "x11:OWNER:TIME": the window that owns the selection and since when, both in decimal. The time
   /// is 0 for contents that are older than this object: those are told apart by their owner.

@@ -4,8 +4,15 @@
 #include "host/Pasteboard.h"
 
 namespace qf {
+namespace {
+
+// From the press of a shortcut to the beginning of its request.
+constexpr std::chrono::milliseconds pressTime{300};
+
+}  // namespace
 
 std::uint64_t CleanRequest::begin() {
+  _begun = std::chrono::steady_clock::now();
   _window = 0;
   _copied.reset();
   _isSent = false;
@@ -19,6 +26,10 @@ CleanRequest::Obstacle CleanRequest::end(std::uint64_t number) {
   if (number != _number) return Obstacle::none;
   _isRunning = false;
   return _obstacle;
+}
+
+bool CleanRequest::hasDroppedSelection() const {
+  return _surroundings.selectionGivenUp() > _begun - pressTime;
 }
 
 void CleanRequest::noteCopy() {

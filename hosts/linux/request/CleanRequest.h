@@ -38,6 +38,9 @@ class CleanRequest : public EventHintsExchange {
   /// Any thread.
   bool isRunning() const { return _isRunning; }
 
+  /// Whether a selection was given up as the request began: some applications drop theirs when
+  /// the press of a shortcut takes the keyboard from them for a moment.
+  bool hasDroppedSelection() const;
   /// Right after Copy has changed the clipboard.
   void noteCopy();
   /// Whether Paste may be pressed, by clipboard and window.
@@ -64,6 +67,7 @@ class CleanRequest : public EventHintsExchange {
   std::uint64_t _number = 0;
 
   // Of the request that runs.
+  std::chrono::steady_clock::time_point _begun;
   RequestSurroundings::Window _window = 0;
   std::optional<std::string> _copied;  ///< the contents that Copy brought
   bool _isSent = false;

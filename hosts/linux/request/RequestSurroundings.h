@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 
 namespace qf {
@@ -19,6 +20,8 @@ class RequestSurroundings {
   virtual bool isInputStillIn(Window window) const = 0;
   /// The process that owns the clipboard; 0 where it is not known.
   virtual std::int32_t clipboardOwner() const = 0;
+  /// When an application gave up a selection last; never is the beginning of the clock.
+  virtual std::chrono::steady_clock::time_point selectionGivenUp() const = 0;
 };
 
 }  // namespace qf

@@ -293,7 +293,7 @@ TEST_P(TerminalWithoutMenuBar, GivesItsTextAndSaysWhyItTakesNone) {
   EXPECT_THAT(pasteboard.string().value_or(""),
               testing::StartsWith(sample.trimmed().toStdString()));
   EXPECT_FALSE(element->pasteFromClipboard());
-  EXPECT_THAT(accessibility->availability().reason, testing::HasSubstr("menu bar is hidden"));
+  EXPECT_THAT(accessibility->availability().reason, testing::HasSubstr("offers no Paste"));
 }
 
 TEST_P(StoppedEditor, IsLeftAloneOnTheRoadToo) {

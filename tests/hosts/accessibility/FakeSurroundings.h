@@ -13,6 +13,9 @@ struct FakeSurroundings : RequestSurroundings {
 
   Window window = 0;
   std::int32_t owner = 0;
+  std::chrono::steady_clock::time_point selectionGivenUp() const override { return givenUp; }
+
+  std::chrono::steady_clock::time_point givenUp;
 };
 
 }  // namespace qf

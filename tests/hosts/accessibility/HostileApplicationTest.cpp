@@ -255,7 +255,7 @@ TEST_F(HostileApplication, ContextMenuServesWhereTheTextIsNotEditable) {
 
   isOpening = false;
   EXPECT_FALSE(press(*find("C")));
-  EXPECT_THAT(told, ElementsAre(HasSubstr("opens no context menu")));
+  EXPECT_THAT(told, ElementsAre(HasSubstr("offers no Paste")));
 
   isOpening = true;
   names = QStringList{"Undo Ctrl+Z"};
@@ -525,6 +525,16 @@ TEST_F(HostileApplication, NothingIsCopiedWhereTheFocusIsNoText) {
   application->setState(list, editable, false);
   addDocument("text");
   EXPECT_TRUE(reaches(*find("V"), editor.paste));
+}
+
+TEST_F(HostileApplication, SelectionThatGoesWithThePressOfAShortcutIsNotTakenForNone) {
+  const int entry = addText(editor.window, atspirole::entry, "anna, bert");
+  surroundings.givenUp = std::chrono::steady_clock::now();
+  EXPECT_FALSE(road()->copyToClipboard());
+  EXPECT_THAT(told.back(), HasSubstr("was dropped"));
+  application->change(entry, [](auto& changed) { changed.selectionEnd = 4; });
+  EXPECT_TRUE(road()->copyToClipboard());
+  EXPECT_EQ(pasteboard.string(), "anna");
 }
 
 TEST_F(HostileApplication, CellsOfASpreadsheetAreCleanedOneByOne) {

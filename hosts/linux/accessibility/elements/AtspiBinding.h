@@ -24,6 +24,7 @@ class AtspiBinding {
   /// Before the first Copy: selects what the last request has pasted there, where it still stands
   /// so. `focused` is the object with the focus, or null.
   void prepareCopy(AtspiWindow& window, const AtspiReference& focused);
+  bool hasDroppedSelection() const { return _request.hasDroppedSelection(); }
   /// Copy has changed the clipboard.
   void noteCopy(const AtspiFocusedText& text);
   /// Nothing was selected, so all of the text was.

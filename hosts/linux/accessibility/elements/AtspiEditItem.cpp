@@ -139,6 +139,9 @@ std::optional<bool> AtspiEditItem::mustBeAbleToCopy(bool saysItIs) {
 }
 
 bool AtspiEditItem::selectAll() {
+  // Evolution's list of recipients, which it writes anew when the keyboard is taken from it.
+  if (_target.focusedText().kind == AtspiFocusedText::Kind::entry && _target.hasDroppedSelection())
+    return refuse("its selection was dropped when the shortcut was pressed; use the palette there");
   if (isCopyUnderWay() || !_target.allowsWholeText()) return false;
   _request.forgetOpenedMenus();
   const auto behind = command();

@@ -51,6 +51,8 @@ class AtspiTarget {
 
   /// Before Copy is looked at: selects what was pasted here last, where it stands as it was pasted.
   void prepareCopy();
+  /// Whether a selection was dropped as the request began.
+  bool hasDroppedSelection() const { return _binding.hasDroppedSelection(); }
   /// Copy has changed the clipboard.
   void noteCopy();
   /// False where nothing is selected and the whole text must not be taken: the request is over

@@ -87,7 +87,9 @@ AtspiCommand::Outcome AtspiContextMenu::press(const AtspiKeyBinding& key) {
     return item || !_application.isThere();
   });
   if (!isOpen)
-    return {Outcome::refused, "it opens no context menu; if its menu bar is hidden, show it"};
+    return {Outcome::refused,
+            "it offers no Paste to other programs; show its menu bar if it has one, or paste there "
+            "yourself"};
   const bool isPressed = item && _application.states(*item).has(AtspiState::sensitive) &&
                          atspi::truth(_application.ask(atspi::doAction(*item)));
   if (isPressed) return {Outcome::taken};

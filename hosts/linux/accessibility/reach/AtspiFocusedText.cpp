@@ -45,6 +45,9 @@ std::string AtspiFocusedText::whyRefused() const {
 
 std::string AtspiFocusedText::whyNotAsked() const {
   if (const std::string why = whyRefused(); !why.empty()) return why;
+  if (object.isNull() && isInChromium)
+    return "it shows its texts to other programs only when it was started with "
+           "--force-renderer-accessibility";
   if (object.isNull())
     return "its window has no menu bar with Copy and Paste, and nothing in it has the focus";
   if (hasText) return {};
@@ -58,6 +61,7 @@ bool AtspiFocusedText::tellsSelection() const {
 
 AtspiFocusedText readFocusedText(AtspiRequest& request, const AtspiReference& focused) {
   AtspiFocusedText text;
+  text.isInChromium = request.toolkit() == QLatin1String("Chromium");
   if (focused.isNull()) return text;
   const auto answers = request.ask(
       {atspi::getRole(focused), atspi::getState(focused), atspi::getInterfaces(focused)});

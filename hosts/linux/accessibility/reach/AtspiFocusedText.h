@@ -26,6 +26,7 @@ struct AtspiFocusedText {
   };
 
   AtspiReference object;  ///< null where nothing has the focus
+  bool isInChromium = false;
   Kind kind = Kind::unknown;
   bool hasText = false;     ///< by the interface Text
   bool isEditable = false;  ///< by the interface EditableText
