@@ -174,7 +174,7 @@ struct LinuxHost::Backends {
   void bindRequests() {
     appleEvents.setHintsExchange(&request);
     workspace.setActivationVeto([this] { return request.declinesActivation(); });
-    hotKeys.setGate({[this] { return request.isRunning(); },
+    hotKeys.setGate({[this] { return request.isRunning(); }, [this] { return request.count(); },
                      [this](std::uint32_t window) { return workspace.isInputStillIn(window); }});
     accessibility.setTakesWholeTexts([this] { return !isOn(leavesWholeTextsDefault, false); });
     accessibility.setWholeTextHandler([this](const std::string& text) {

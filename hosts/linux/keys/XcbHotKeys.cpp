@@ -23,7 +23,7 @@ XcbHotKeys::XcbHotKeys(MainQueue& mainQueue, const std::string& displayName)
     : _mainQueue(mainQueue) {
   KeyboardService::Handlers handlers;
   handlers.onPress = [this](const KeyCombination& combination, std::uint32_t window) {
-    queue(combination, window);
+    queue({combination, window});
   };
   handlers.onGrabChanged = [this](const KeyCombination& combination, KeyboardService::Grab answer) {
     later([combination, answer](XcbHotKeys& self) { self.grabChanged(combination, answer); });
@@ -125,17 +125,46 @@ std::optional<std::uint64_t> XcbHotKeys::installEventHandler(Handler handler) {
 }
 
 // On the service's thread.
-void XcbHotKeys::queue(const KeyCombination& combination, std::uint32_t window) {
+void XcbHotKeys::queue(const Press& press) {
   if (_waitingPresses > 0 && _gate.isBusy()) return;
   ++_waitingPresses;
-  later([combination, window](XcbHotKeys& self) {
-    --self._waitingPresses;
-    self.pressed(combination, window);
+  later([press](XcbHotKeys& self) {
+    self._presses.push_back(press);
+    self.deliverNext();
   });
 }
 
-void XcbHotKeys::pressed(const KeyCombination& combination, std::uint32_t window) {
-  if (window != 0 && !_gate.isInputStillIn(window)) return;
+// The handlers queue what a press does: it has been done when work that is queued after it runs.
+// The next press waits until then, so that its window is looked at right before.
+void XcbHotKeys::deliverNext() {
+  if (_isUnderWay || _presses.empty()) return;
+  const Press press = _presses.front();
+  _presses.pop_front();
+  --_waitingPresses;
+  if (press.window != 0 && !_gate.isInputStillIn(press.window)) return deliverNext();
+  _isUnderWay = true;
+  const std::uint64_t requests = _gate.requestCount();
+  pressed(press.combination);
+  later([requests](XcbHotKeys& self) { self.carriedOut(requests); });
+}
+
+void XcbHotKeys::carriedOut(std::uint64_t requestsBefore) {
+  if (_gate.requestCount() != requestsBefore)  // what was pressed meanwhile is still in the queue
+    return later([](XcbHotKeys& self) { self.keepOne(); });
+  _isUnderWay = false;
+  deliverNext();
+}
+
+void XcbHotKeys::keepOne() {
+  while (_presses.size() > 1) {
+    _presses.pop_back();
+    --_waitingPresses;
+  }
+  _isUnderWay = false;
+  deliverNext();
+}
+
+void XcbHotKeys::pressed(const KeyCombination& combination) {
   const auto grab = _grabs.find(combination);
   if (grab == _grabs.end() || grab->second.registrations.empty()) return;
   const HotKeyEvent event{.directObject = grab->second.registrations.rbegin()->second};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -21,11 +22,12 @@ class MainQueue;
 /// A press belongs to the window that was active when it was made.
 class XcbHotKeys : public HotKeys {
  public:
-  /// Decides which presses are carried out. Both default to carrying out all of them.
+  /// What decides which presses are carried out; without it all are.
   struct Gate {
-    /// Whether a press is being carried out that takes its time: one more is kept then, the rest
-    /// are dropped. Any thread.
+    /// Whether a request runs. Any thread.
     std::function<bool()> isBusy = [] { return false; };
+    /// How many requests have begun. Main thread.
+    std::function<std::uint64_t()> requestCount = [] { return 0; };
     /// Whether the input still is in the window of the press. Main thread.
     std::function<bool(std::uint32_t window)> isInputStillIn = [](std::uint32_t) { return true; };
   };
@@ -53,8 +55,16 @@ class XcbHotKeys : public HotKeys {
     bool isLost = false;                    ///< to another program, when the keyboard changed
   };
 
-  void queue(const KeyCombination& combination, std::uint32_t window);
-  void pressed(const KeyCombination& combination, std::uint32_t window);
+  struct Press {
+    KeyCombination combination;
+    std::uint32_t window;
+  };
+
+  void queue(const Press& press);
+  void deliverNext();
+  void carriedOut(std::uint64_t requestsBefore);
+  void keepOne();
+  void pressed(const KeyCombination& combination);
   void grabChanged(const KeyCombination& combination, KeyboardService::Grab answer);
   void refuse(const KeyCombination& combination, KeyboardService::Grab answer);
   void dropUnusedSoon();
@@ -63,7 +73,9 @@ class XcbHotKeys : public HotKeys {
 
   MainQueue& _mainQueue;
   Gate _gate;
-  std::atomic<int> _waitingPresses = 0;
+  std::deque<Press> _presses;  // to be carried out, one after the other
+  bool _isUnderWay = false;
+  std::atomic<std::size_t> _waitingPresses = 0;
   std::map<KeyCombination, Grab> _grabs;
   std::map<Ref, KeyCombination> _combinations;
   std::map<KeyCombination, std::string> _refusals;

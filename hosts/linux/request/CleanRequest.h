@@ -37,6 +37,8 @@ class CleanRequest : public EventHintsExchange {
   Obstacle end(std::uint64_t number);
   /// Any thread.
   bool isRunning() const { return _isRunning; }
+  /// How many have begun.
+  std::uint64_t count() const { return _number; }
 
   /// Whether a selection was given up as the request began: some applications drop theirs when
   /// the press of a shortcut takes the keyboard from them for a moment.
