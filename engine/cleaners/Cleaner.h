@@ -19,6 +19,8 @@ using CleanerFunction = std::function<Result<std::string>(std::string_view text)
 struct Cleaner {
   std::string_view token;
   CleanerFunction clean;
+  /// Whether it is applied for this, and so counts also where the text itself stays.
+  bool removesFormatting = false;
 };
 
 using CleanerTable = std::vector<Cleaner>;

@@ -28,7 +28,7 @@ inline constexpr int deepestHTML = 512;
 
 /// Reads HTML as browsers have to: any text is some document. Scripts, style sheets and comments
 /// are not handed over. Nothing is fetched. An error only for too deep nesting.
-std::optional<Error> readHTML(std::string_view text, HTMLHandler& handler);
+[[nodiscard]] std::optional<Error> readHTML(std::string_view text, HTMLHandler& handler);
 
 /// The character references of HTML 4 and numeric ones, decoded; what is none stays.
 std::string decodedEntities(std::string_view text);

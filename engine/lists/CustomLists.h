@@ -7,11 +7,18 @@
 #include <vector>
 
 #include "engine/cleaners/FindReplace.h"
+#include "kit/QFKListFormat.h"
 
 namespace qf {
 
 /// The built-in group of a person's own cleaners.
 inline constexpr std::string_view customGroup = "Custom";
+
+/// Whether the token of an entry names no cleaner: a label, a separator, or nothing.
+inline bool isSpecial(std::string_view token) {
+  return token == specialToken::spacer || token == specialToken::nothing ||
+         specialToken::isLabel(token);
+}
 
 /// One step of a person's own cleaner: a built-in cleaner by its token, or finding and replacing.
 using CustomStep = std::variant<std::string, FindReplace>;

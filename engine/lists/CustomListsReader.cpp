@@ -7,7 +7,6 @@
 #include <set>
 
 #include "engine/program/QFPasteboardCleaner.h"
-#include "kit/QFKListFormat.h"
 
 namespace qf {
 namespace {
@@ -15,11 +14,6 @@ namespace {
 using JSON = nlohmann::ordered_json;
 
 constexpr std::chrono::milliseconds findingLimit{1000};
-
-bool isSpecial(std::string_view token) {
-  return token == specialToken::spacer || token == specialToken::nothing ||
-         specialToken::isLabel(token);
-}
 
 bool isColor(std::string_view text) {
   return text.size() == 7 && text[0] == '#' &&
@@ -229,6 +223,19 @@ std::string entryColor(const JSON& entry) {
 CustomLists readCustomLists(const JSON& document,
                             const QFCleanerLibrary::Cleaners& builtInCleaners) {
   return Reader(builtInCleaners).read(document);
+}
+
+QFCleanerLibrary::Tokens customFormattingRemovers(const CustomLists& lists,
+                                                  const QFCleanerLibrary& library) {
+  QFCleanerLibrary::Tokens tokens;
+  const auto removes = [&library](const CustomStep& step) {
+    const auto* token = std::get_if<std::string>(&step);
+    return token && library.removesFormatting(*token);
+  };
+  for (const CustomCleaner& cleaner : lists.cleaners) {
+    if (std::ranges::any_of(cleaner.steps, removes)) tokens.insert(cleaner.token);
+  }
+  return tokens;
 }
 
 QFCleanerLibrary::Cleaners makeCustomCleaners(const CustomLists& lists,

@@ -29,4 +29,8 @@ CustomLists readCustomLists(const nlohmann::ordered_json& document,
 QFCleanerLibrary::Cleaners makeCustomCleaners(const CustomLists& lists,
                                               const QFCleanerLibrary::Cleaners& builtInCleaners);
 
+/// The tokens of those that have a step for which formatting goes.
+QFCleanerLibrary::Tokens customFormattingRemovers(const CustomLists& lists,
+                                                  const QFCleanerLibrary& library);
+
 }  // namespace qf

@@ -70,4 +70,11 @@ Dictionary withCustomLists(Dictionary listData, const CustomLists& lists) {
   return listData;
 }
 
+std::string cleanerName(const Dictionary& listData, std::string_view token) {
+  const Dictionary* tokens = listData.dictionary(listKey::tokenInfo);
+  const Dictionary* info = tokens ? tokens->dictionary(token) : nullptr;
+  const auto name = info ? info->string(listKey::name) : std::nullopt;
+  return std::string(name.value_or(token));
+}
+
 }  // namespace qf

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "engine/lists/CustomLists.h"
 #include "foundation/Value.h"
 
@@ -10,5 +13,8 @@ namespace qf {
 /// once it holds any), and the person's own groups in their order. A group that has the name of a
 /// built-in one is left out, with a line in the log.
 Dictionary withCustomLists(Dictionary listData, const CustomLists& lists);
+
+/// What the list calls the cleaner; the token where it does not know it.
+std::string cleanerName(const Dictionary& listData, std::string_view token);
 
 }  // namespace qf

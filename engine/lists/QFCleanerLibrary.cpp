@@ -10,6 +10,7 @@ QFCleanerLibrary::QFCleanerLibrary() {
        {styleCleaners, whiteSpaceCleaners, lineCleaners, mailCleaners, punctuationCleaners,
         letterCaseCleaners, unicodeCleaners, webCleaners, extractCleaners, dataCleaners}) {
     for (Cleaner& cleaner : table()) {
+      if (cleaner.removesFormatting) _formattingRemovers.emplace(cleaner.token);
       _builtIn.emplace(cleaner.token, std::move(cleaner.clean));
     }
   }

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,7 @@ namespace qf {
 class QFCleanerLibrary {
  public:
   using Cleaners = std::map<std::string, CleanerFunction, std::less<>>;
+  using Tokens = std::set<std::string, std::less<>>;
 
   QFCleanerLibrary();
 
@@ -29,11 +31,20 @@ class QFCleanerLibrary {
   }
   const Cleaners& builtInCleaners() const { return _builtIn; }
   /// Replaces the person's own; a built-in cleaner of the same token wins.
-  void setCustomCleaners(Cleaners cleaners) { _custom = std::move(cleaners); }
+  void setCustomCleaners(Cleaners cleaners, Tokens formattingRemovers = {}) {
+    _custom = std::move(cleaners);
+    _customFormattingRemovers = std::move(formattingRemovers);
+  }
+  /// Whether the cleaner is applied so that formatting goes, be the text changed or not.
+  bool removesFormatting(std::string_view token) const {
+    return _formattingRemovers.contains(token) || _customFormattingRemovers.contains(token);
+  }
 
  private:
   Cleaners _builtIn;
   Cleaners _custom;
+  Tokens _formattingRemovers;  ///< among the built-in ones
+  Tokens _customFormattingRemovers;
 };
 
 }  // namespace qf

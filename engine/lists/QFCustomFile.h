@@ -33,20 +33,21 @@ class QFCustomFile {
   // is not written, and the error says so.
 
   /// In the place of the cleaner of that token, or behind the last.
-  std::optional<Error> storeCleaner(const CustomCleaner& cleaner);
-  std::optional<Error> removeCleaner(std::string_view token);
+  [[nodiscard]] std::optional<Error> storeCleaner(const CustomCleaner& cleaner);
+  [[nodiscard]] std::optional<Error> removeCleaner(std::string_view token);
   /// In the place of the group of the former name (where none is given: of its name), or behind the
   /// last. What the file holds among its entries that is none stays, behind the others.
-  std::optional<Error> storeGroup(const CustomGroup& group, std::string_view formerName = {});
-  std::optional<Error> removeGroup(std::string_view name);
+  [[nodiscard]] std::optional<Error> storeGroup(const CustomGroup& group,
+                                                std::string_view formerName = {});
+  [[nodiscard]] std::optional<Error> removeGroup(std::string_view name);
   /// To just before the other group; to the end where there is none of that name.
-  std::optional<Error> moveGroup(std::string_view name, std::string_view before);
+  [[nodiscard]] std::optional<Error> moveGroup(std::string_view name, std::string_view before);
 
  private:
   using Document = nlohmann::ordered_json;
 
   Result<Document> document() const;
-  std::optional<Error> edit(const std::function<void(Document&)>& change);
+  [[nodiscard]] std::optional<Error> edit(const std::function<void(Document&)>& change);
 
   std::filesystem::path _path;
   const FileManager& _fileManager;

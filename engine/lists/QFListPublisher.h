@@ -38,7 +38,7 @@ class QFListPublisher {
   const Availability& availability() const { return _availability; }
 
  private:
-  std::optional<Error> write() const;
+  [[nodiscard]] std::optional<Error> write() const;
 
   const Bundle& _bundle;
   FileManager& _fileManager;

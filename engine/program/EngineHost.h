@@ -7,6 +7,7 @@
 #include "hosts/linux/bus/BusApplications.h"
 #include "hosts/linux/bus/DBusAppleEvents.h"
 #include "hosts/linux/bus/DBusDistributedNotificationCenter.h"
+#include "hosts/linux/bus/UserNotice.h"
 #include "hosts/linux/desktop/LinuxWorkspace.h"
 #include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
 #include "hosts/linux/files/XdgBundle.h"
@@ -24,6 +25,7 @@ struct EngineHost {
   XdgBundle bundle;
   XdgFileManager fileManager;
   PropertyListUserDefaultsDomains userDefaults{engineBundleIdentifier};
+  UserNotice notice{bus, "Quenfold", std::string(engineBundleIdentifier)};
   LinuxWorkspace workspace{applications,
                            {.programFolder = QCoreApplication::applicationDirPath().toStdString()}};
 };

@@ -2,8 +2,10 @@
 #include "engine/program/QFEngine.h"
 
 #include "engine/lists/CustomListsReader.h"
+#include "engine/lists/ListData.h"
 #include "engine/program/EngineWindow.h"
 #include "foundation/Log.h"
+#include "hosts/linux/bus/ServedEvent.h"
 #include "kit/DictionaryFile.h"
 #include "kit/QFKIdentifiers.h"
 #include "kit/QFKListFormat.h"
@@ -25,6 +27,8 @@ std::optional<std::string_view> stringIn(const std::optional<Value>& value) {
 QFEngine::QFEngine(const QFEngineHost& host, std::function<void()> terminate)
     : _fileManager(host.fileManager),
       _window(host.window),
+      _servedEvent(host.servedEvent),
+      _tell(host.tell),
       _terminate(std::move(terminate)),
       _customFile(host.customFile, host.fileManager),
       _publisher(host.bundle, host.fileManager, host.distributedNotificationCenter),
@@ -47,7 +51,8 @@ void QFEngine::reload() {
   } else {
     log(file + lists.error().localizedDescription);
   }
-  _library.setCustomCleaners(makeCustomCleaners(_customLists, _library.builtInCleaners()));
+  _library.setCustomCleaners(makeCustomCleaners(_customLists, _library.builtInCleaners()),
+                             customFormattingRemovers(_customLists, _library));
   _publisher.reload(_customLists);
   _publisher.publish();
 }
@@ -91,7 +96,33 @@ void QFEngine::cleanPasteboard(const std::optional<Value>& name,
   if (!pasteboardName || !token) {
     return logIgnored("cleanPasteboard:cleaner:", "it needs a pasteboard's name and a cleaner");
   }
-  _pasteboardCleaner.clean(*pasteboardName, *token);
+  const Cleaning cleaning = clean(*pasteboardName, *token, _servedEvent.hints());
+  AnswerHints answer{.outcome = cleaning.outcome, .clipboard = cleaning.contents};
+  if (!cleaning.reason.empty()) {
+    const std::string told = refusalText(nameOf(*token), cleaning.reason);
+    answer.reason = told;
+    if (cleaning.outcome == Cleaning::Outcome::refused) _tell(told);
+  }
+  _servedEvent.setAnswerHints(std::move(answer));
+}
+
+std::optional<Error> QFEngine::cleanClipboard(std::string_view token) {
+  const Cleaning cleaning = clean(NSGeneralPboard, token, {});
+  if (cleaning.reason.empty()) return std::nullopt;
+  return Error{refusalText(nameOf(token), cleaning.reason)};
+}
+
+Cleaning QFEngine::clean(std::string_view pasteboardName, std::string_view token,
+                         const EventHints& hints) {
+  Cleaning cleaning = _pasteboardCleaner.clean(pasteboardName, token, hints);
+  if (!cleaning.reason.empty()) {
+    log("Pasteboard " + std::string(pasteboardName) + " left as it is: " + cleaning.reason);
+  }
+  return cleaning;
+}
+
+std::string QFEngine::nameOf(std::string_view token) const {
+  return cleanerName(_publisher.listData(), token);
 }
 
 void QFEngine::cleanFilesWithOptions(const std::optional<Value>& files,

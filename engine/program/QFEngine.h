@@ -23,6 +23,7 @@ class DistributedNotificationCenter;
 class EngineWindow;
 class FileManager;
 class Pasteboards;
+class ServedEvent;
 class Workspace;
 
 /// What the engine needs of the host. All outlive it.
@@ -34,6 +35,10 @@ struct QFEngineHost {
   Pasteboards& pasteboards;
   Workspace& workspace;
   EngineWindow& window;
+  /// The hints of the command that is carried out.
+  ServedEvent& servedEvent;
+  /// Tells the person why a text was left as it was.
+  std::function<void(const std::string&)> tell;
   /// Where the person's own cleaners and groups are kept; empty for nowhere.
   std::filesystem::path customFile;
 };
@@ -52,6 +57,9 @@ class QFEngine final : public QFKAEConnectorDelegate {
   /// counts.
   void reload();
 
+  /// What the window offers without a command: cleans the clipboard, and answers why it did not.
+  [[nodiscard]] std::optional<Error> cleanClipboard(std::string_view token);
+
   /// Whether everyone can read the lists as they are now.
   const Availability& listAvailability() const { return _publisher.availability(); }
 
@@ -64,6 +72,8 @@ class QFEngine final : public QFKAEConnectorDelegate {
 
  private:
   void cleanPasteboard(const std::optional<Value>& name, const std::optional<Value>& cleaner);
+  Cleaning clean(std::string_view pasteboardName, std::string_view token, const EventHints& hints);
+  std::string nameOf(std::string_view token) const;
   void cleanFiles(const std::optional<Value>& files, std::string_view cleaner,
                   std::string_view encoding);
   void cleanFilesWithOptions(const std::optional<Value>& files,
@@ -73,6 +83,8 @@ class QFEngine final : public QFKAEConnectorDelegate {
 
   FileManager& _fileManager;
   EngineWindow& _window;
+  ServedEvent& _servedEvent;
+  std::function<void(const std::string&)> _tell;
   std::function<void()> _terminate;
   QFCleanerLibrary _library;
   QFCustomFile _customFile;

@@ -21,8 +21,9 @@ class QFFileCleaner {
   /// Replaces the file's text by the cleaned one in the file's own encoding (TextEncoding.h), all
   /// at once; permissions stay. An error means that the file is as it was, and says why. A text
   /// that comes out the same is not written again.
-  std::optional<Error> clean(const std::filesystem::path& path, std::string_view token,
-                             std::string_view encoding = {}) const;
+  [[nodiscard]] std::optional<Error> clean(const std::filesystem::path& path,
+                                           std::string_view token,
+                                           std::string_view encoding = {}) const;
 
  private:
   const FileManager& _fileManager;

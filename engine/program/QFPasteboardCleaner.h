@@ -2,16 +2,19 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "engine/program/Cleaning.h"
+#include "foundation/Result.h"
 #include "host/Pasteboard.h"
 
 namespace qf {
 
 class QFCleanerLibrary;
 
-/// The token of the cleaner that puts back what the pasteboard held before the last cleaning.
+/// The token of the cleaner that takes the last cleaning back.
 inline constexpr std::string_view undoToken = "#UNDO";
 
 /// Cleans pasteboards in place. Main thread.
@@ -24,23 +27,39 @@ class QFPasteboardCleaner {
   /// Both must outlive the object.
   QFPasteboardCleaner(Pasteboards& pasteboards, const QFCleanerLibrary& library);
 
-  /// Replaces the pasteboard's contents by the cleaned plain text. A pasteboard without text, an
-  /// unknown name or cleaner and a text that the cleaner cannot take leave it untouched, with a
-  /// line in the log.
-  void clean(std::string_view pasteboardName, std::string_view token);
+  /// Replaces the pasteboard's contents by the cleaned plain text. Leaves them untouched where the
+  /// deadline has passed, where they are not the ones that the hints name or change meanwhile,
+  /// where their owner marks them secret, where the cleaner cannot take the text, and where it
+  /// changes nothing.
+  Cleaning clean(std::string_view pasteboardName, std::string_view token,
+                 const EventHints& hints = {});
 
  private:
-  struct Saved {
+  struct Contents {
+    std::string identifier;
+    std::string text;
+    std::vector<PasteboardItem> items;
+  };
+  /// A cleaning that can be taken back.
+  struct Done {
     std::string pasteboardName;
+    Contents before;
+    std::string result;
+  };
+  /// What is to be put on the pasteboard.
+  struct Replacement {
+    std::string text;
     std::vector<PasteboardItem> items;
   };
 
-  void undo(Pasteboard& pasteboard);
-  static Saved saved(const Pasteboard& pasteboard);
+  Result<Replacement> replacement(const Contents& contents, std::string_view token) const;
+  Result<Replacement> takenBack(const Contents& contents, std::string_view pasteboardName) const;
+  bool changesNothing(const Replacement& replacement, const Contents& contents,
+                      std::string_view token) const;
 
   Pasteboards& _pasteboards;
   const QFCleanerLibrary& _library;
-  std::optional<Saved> _beforeLastCleaning;
+  std::optional<Done> _last;
 };
 
 }  // namespace qf

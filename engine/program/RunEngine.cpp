@@ -2,6 +2,7 @@
 #include "engine/program/RunEngine.h"
 
 #include <QApplication>
+#include <csignal>
 #include <memory>
 
 #include "engine/lists/CustomFilePath.h"
@@ -12,6 +13,7 @@
 #include "engine/window/QFWindow.h"
 #include "engine/window/WindowKeeper.h"
 #include "engine/window/WindowStyle.h"
+#include "engine/window/models/Autostart.h"
 #include "foundation/Log.h"
 #include "hosts/linux/accessibility/bus/HungAccessibility.h"
 #include "hosts/linux/bus/BusApplicationObject.h"
@@ -21,6 +23,8 @@
 #include "hosts/linux/files/UserLanguages.h"
 #include "hosts/linux/x11/X11Display.h"
 #include "hosts/qt/PrimarySelection.h"
+#include "hosts/qt/QtText.h"
+#include "hosts/qt/Reasons.h"
 #include "hosts/qt/Translations.h"
 #include "kit/QFKSharedContainer.h"
 
@@ -60,7 +64,8 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv,
 using States = std::map<std::string, Availability>;
 
 std::unique_ptr<EngineWindow> makeWindow(EngineHost& host, const Availability& display,
-                                         std::function<States()> engineStates) {
+                                         std::function<States()> engineStates,
+                                         WindowHost::CleanClipboard cleanClipboard) {
   if (!display.isAvailable) return std::make_unique<NoWindow>(display.reason);
   const WindowHost windowHost{
       .bus = host.bus,
@@ -71,6 +76,7 @@ std::unique_ptr<EngineWindow> makeWindow(EngineHost& host, const Availability& d
       .workspace = host.workspace,
       .customFile = customFilePath(),
       .engineStates = std::move(engineStates),
+      .cleanClipboard = std::move(cleanClipboard),
   };
   return std::make_unique<WindowKeeper>(
       [windowHost] { return std::make_unique<QFWindow>(windowHost); },
@@ -85,6 +91,18 @@ std::filesystem::path prepareCustomFile(FileManager& fileManager) {
     log(error->localizedDescription);
   }
   return file;
+}
+
+/// Who starts the engine from the desktop's menu wants the icon in the tray too, unless it is
+/// switched off.
+void startAgent(EngineHost& host) {
+  if (!host.applications.owners(agentBundleIdentifier).isEmpty()) return;
+  if (Autostart(Autostart::usualPlaces({})).isSwitchedOff()) return;
+  const auto agent = host.workspace.URLForApplicationWithBundleIdentifier(agentBundleIdentifier);
+  if (!agent) return log("The menu is not installed");
+  const auto error =
+      host.workspace.launchApplicationAtURL(*agent, {LaunchOptions::asynchronous, {}});
+  if (error) log(error->localizedDescription);
 }
 
 void showFirst(EngineWindow& window, EngineHost& host) {
@@ -118,8 +136,11 @@ int runEngine(int argc, char** argv, FirstShown firstShown) {
   const Availability display = x11Display();
   const auto application = makeApplication(argc, argv, display);
   const EndSignals endSignals;
+  // It writes its log to whoever started it, who may have ended since.
+  std::signal(SIGPIPE, SIG_IGN);
   LocalCrashReporter("quenfold", QF_VERSION).start();
   EngineHost host;
+  if (firstShown == FirstShown::window && display.isAvailable) startAgent(host);
   if (firstShown == FirstShown::window &&
       !host.applications.owners(engineBundleIdentifier).isEmpty()) {
     host.applications.reopenRunningInstance();
@@ -133,16 +154,22 @@ int runEngine(int argc, char** argv, FirstShown firstShown) {
   const auto terminate = [] {
     QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
   };
-  const QFEngine* serving = nullptr;
-  const auto window = makeWindow(host, display, [&] {
+  QFEngine* serving = nullptr;
+  const auto states = [&] {
     return States{{"AppleEvents", host.appleEvents.availability()},
                   {"DistributedNotifications", host.notifications.availability()},
                   {"Lists", serving->listAvailability()},
                   {"Pasteboard", pasteboards.generalPasteboard().availability()}};
+  };
+  const auto window = makeWindow(host, display, states, [&serving](std::string_view token) {
+    return serving->cleanClipboard(token);
   });
   const std::filesystem::path customFile = prepareCustomFile(host.fileManager);
+  const auto tell = [&host](const std::string& reason) {
+    host.notice.tellInstead(reasonText(toQString(reason)).toStdString());
+  };
   QFEngine engine({host.appleEvents, host.bundle, host.notifications, host.fileManager, pasteboards,
-                   host.workspace, *window, customFile},
+                   host.workspace, *window, host.appleEvents.servedEvent(), tell, customFile},
                   terminate);
   serving = &engine;
   engine.start();

@@ -4,7 +4,9 @@
 #include <iostream>
 #include <iterator>
 
+#include "engine/lists/ListData.h"
 #include "engine/lists/QFCleanerLibrary.h"
+#include "engine/program/Cleaning.h"
 #include "engine/program/QFFileCleaner.h"
 #include "foundation/Log.h"
 #include "kit/QFKListFormat.h"
@@ -21,11 +23,13 @@ int listCleaners(const Dictionary& listData, std::ostream& out) {
   return 0;
 }
 
-int cleanStream(const QFCleanerLibrary& library, std::string_view token, std::istream& in,
-                std::ostream& out) {
+int cleanStream(const QFCleanerLibrary& library, std::string_view token, const Dictionary& listData,
+                std::istream& in, std::ostream& out) {
   const std::string text(std::istreambuf_iterator<char>(in), {});
   const Result<std::string> cleaned = library.clean(token, text);
-  if (!cleaned) log("Text left as it is: " + cleaned.error().localizedDescription);
+  if (!cleaned) {
+    log(refusalText(cleanerName(listData, token), cleaned.error().localizedDescription));
+  }
   out << (cleaned ? *cleaned : text) << std::flush;
   return cleaned && out ? 0 : 1;
 }

@@ -20,8 +20,8 @@ class QFCleanerLibrary;
 int listCleaners(const Dictionary& listData, std::ostream& out);
 
 /// All of the input, cleaned, to the output; as it was when the cleaner cannot take it.
-int cleanStream(const QFCleanerLibrary& library, std::string_view token, std::istream& in,
-                std::ostream& out);
+int cleanStream(const QFCleanerLibrary& library, std::string_view token, const Dictionary& listData,
+                std::istream& in, std::ostream& out);
 
 /// Each file in place.
 int cleanFiles(const QFCleanerLibrary& library, const FileManager& fileManager,

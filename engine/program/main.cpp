@@ -13,6 +13,7 @@
 #include "engine/program/RunEngine.h"
 #include "engine/program/Scripts.h"
 #include "foundation/Log.h"
+#include "hosts/linux/bus/EventHintsExchange.h"
 #include "kit/QFAgent.h"
 
 namespace {
@@ -32,15 +33,32 @@ qf::QFCleanerLibrary wholeLibrary(const qf::FileManager& fileManager, qf::Custom
   return library;
 }
 
+qf::Dictionary wholeList(const qf::FileManager& fileManager, const qf::CustomLists& lists) {
+  const qf::XdgBundle bundle;
+  return qf::withCustomLists(qf::QFListPublisher::defaultListData(bundle, fileManager), lists);
+}
+
 int clean(const qf::CommandLine& commandLine) {
   const qf::XdgFileManager fileManager;
   qf::CustomLists lists;
   const qf::QFCleanerLibrary library = wholeLibrary(fileManager, lists);
   if (commandLine.files.empty()) {
-    return qf::cleanStream(library, commandLine.token, std::cin, std::cout);
+    return qf::cleanStream(library, commandLine.token, wholeList(fileManager, lists), std::cin,
+                           std::cout);
   }
   return qf::cleanFiles(library, fileManager, commandLine.token, commandLine.files);
 }
+
+/// Notes why the engine left the clipboard as it was.
+class RefusalListener final : public qf::EventHintsExchange {
+ public:
+  std::optional<qf::EventHints> hintsOfEvent(bool, std::chrono::milliseconds) override {
+    return qf::EventHints();
+  }
+  void answered(const qf::AnswerHints& hints) override { reason = hints.reason; }
+
+  std::optional<std::string> reason;
+};
 
 /// Sends the engine the command, starting it where it does not run.
 int cleanClipboard(int argc, char** argv, const std::string& token) {
@@ -61,21 +79,22 @@ int cleanClipboard(int argc, char** argv, const std::string& token) {
       [&fail](qf::AppleEventStatus status, const std::string& reason) {
         if (status != qf::AppleEventStatus::noError) fail(reason);
       });
+  RefusalListener listener;
+  host.appleEvents.setHintsExchange(&listener);
   qf::QFAgent agent(
       {host.appleEvents, host.bundle, host.notifications, host.fileManager, host.workspace});
   agent.setupConnection();
   agent.cleanClipboardWithCleaner(token);
+  if (listener.reason) fail(*listener.reason);
+  host.appleEvents.setHintsExchange(nullptr);
   return exitCode;
 }
 
 int list() {
-  const qf::XdgBundle bundle;
   const qf::XdgFileManager fileManager;
   qf::CustomLists lists;
   wholeLibrary(fileManager, lists);
-  return qf::listCleaners(
-      qf::withCustomLists(qf::QFListPublisher::defaultListData(bundle, fileManager), lists),
-      std::cout);
+  return qf::listCleaners(wholeList(fileManager, lists), std::cout);
 }
 
 }  // namespace

@@ -141,6 +141,17 @@ constexpr const char* known[] = {
         "Quenfold did not answer within %1 s; it may still carry out the command later"),
     QT_TRANSLATE_NOOP("qf::Reasons", "%1 cannot be started: %2"),
     QT_TRANSLATE_NOOP("qf::Reasons", "it ended before it appeared on the bus"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "%1: %2. The text was left as it was."),
+    QT_TRANSLATE_NOOP("qf::Reasons", "the clipboard holds a password or another secret"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "there is no cleaning to undo"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "what was copied is not the result of the last cleaning"),
+    QT_TRANSLATE_NOOP("qf::Reasons",
+                      "the result of the last cleaning stands in this text more than once"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "there is no web address in the text"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "there is no e-mail address in the text"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "there is no number in the text"),
+    QT_TRANSLATE_NOOP("qf::Reasons", "this is not valid JSON%1"),
+    QT_TRANSLATE_NOOP("qf::Reasons", " (line %1, column %2)"),
 };
 // NOLINTEND(bugprone-suspicious-missing-comma)
 

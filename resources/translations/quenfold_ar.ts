@@ -160,6 +160,14 @@
         <source>Remove</source>
         <translation>إزالة</translation>
     </message>
+    <message>
+        <source>The clipboard is clean.</source>
+        <translation>تم تنظيف الحافظة.</translation>
+    </message>
+    <message>
+        <source>Clean the Clip&amp;board</source>
+        <translation>نظّف الحافظة</translation>
+    </message>
 </context>
 <context>
     <name>qf::ColorBox</name>
@@ -831,6 +839,43 @@
     </message>
     <message>
         <source>it offers no Paste to other programs; show its menu bar if it has one, or paste there yourself</source>
+        <source>%1: %2. The text was left as it was.</source>
+        <translation>%1: %2. بقي النص كما كان.</translation>
+    </message>
+    <message>
+        <source>the clipboard holds a password or another secret</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no cleaning to undo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>what was copied is not the result of the last cleaning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the result of the last cleaning stands in this text more than once</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no web address in the text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no e-mail address in the text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no number in the text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>this is not valid JSON%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> (line %1, column %2)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -160,6 +160,14 @@
         <source>Remove</source>
         <translation>Entfernen</translation>
     </message>
+    <message>
+        <source>The clipboard is clean.</source>
+        <translation>Die Zwischenablage ist bereinigt.</translation>
+    </message>
+    <message>
+        <source>Clean the Clip&amp;board</source>
+        <translation>Zwischena&amp;blage bereinigen</translation>
+    </message>
 </context>
 <context>
     <name>qf::ColorBox</name>
@@ -832,6 +840,44 @@
     <message>
         <source>it offers no Paste to other programs; show its menu bar if it has one, or paste there yourself</source>
         <translation>sie bietet anderen Programmen kein Einfügen an; bitte ihre Menüleiste zeigen, falls sie eine hat, oder dort selbst einfügen</translation>
+        <source>%1: %2. The text was left as it was.</source>
+        <translation>%1: %2. Der Text blieb, wie er war.</translation>
+    </message>
+    <message>
+        <source>the clipboard holds a password or another secret</source>
+        <translation>die Zwischenablage enthält ein Passwort oder ein anderes Geheimnis</translation>
+    </message>
+    <message>
+        <source>there is no cleaning to undo</source>
+        <translation>es gibt nichts rückgängig zu machen</translation>
+    </message>
+    <message>
+        <source>what was copied is not the result of the last cleaning</source>
+        <translation>was kopiert wurde, ist nicht das Ergebnis der letzten Bereinigung</translation>
+    </message>
+    <message>
+        <source>the result of the last cleaning stands in this text more than once</source>
+        <translation>das Ergebnis der letzten Bereinigung steht mehr als einmal in diesem Text</translation>
+    </message>
+    <message>
+        <source>there is no web address in the text</source>
+        <translation>im Text steht keine Webadresse</translation>
+    </message>
+    <message>
+        <source>there is no e-mail address in the text</source>
+        <translation>im Text steht keine E-Mail-Adresse</translation>
+    </message>
+    <message>
+        <source>there is no number in the text</source>
+        <translation>im Text steht keine Zahl</translation>
+    </message>
+    <message>
+        <source>this is not valid JSON%1</source>
+        <translation>das ist kein gültiges JSON%1</translation>
+    </message>
+    <message>
+        <source> (line %1, column %2)</source>
+        <translation> (Zeile %1, Spalte %2)</translation>
     </message>
 </context>
 <context>

@@ -16,6 +16,8 @@ inline QString home(const QString& path) { return qEnvironmentVariable("HOME") +
 inline const QString dataFolder = ".local/share/group.org.quenfold/Data";
 inline const QString cleanersFile = ".config/quenfold/cleaners.json";
 
+inline const QString autostartEntry = ".config/autostart/org.quenfold.Menu.desktop";
+
 inline QByteArray contents(const QString& path) {
   QFile file(home(path));
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();

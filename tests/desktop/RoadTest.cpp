@@ -104,6 +104,13 @@ TEST(CommandLine, HasTheEngineCleanTheClipboard) {
   EXPECT_EQ(clipboard::text(), "VON HIER");
   output(engine, {"--clipboard", "#UNDO"});
   EXPECT_EQ(clipboard::text(), "von hier");
+
+  Program refused(engine, {"--clipboard", "#JSON-PRETTY"});
+  ASSERT_TRUE(until([&] { return !refused.isRunning(); }));
+  EXPECT_EQ(refused.exitCode(), 1);
+  EXPECT_TRUE(refused.printed().contains(
+      "JSON Pretty: this is not valid JSON (line 1, column 1). The text was left as it was."))
+      << qPrintable(refused.printed());
 }
 
 TEST(Demonstration, NoticesAnEngineThatChangesNothing) {

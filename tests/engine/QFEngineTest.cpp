@@ -7,6 +7,7 @@
 #include "engine/program/QFEngine.h"
 #include "foundation/KeyedArchive.h"
 #include "foundation/PropertyList.h"
+#include "hosts/linux/bus/ServedEvent.h"
 #include "hosts/linux/files/XdgFileManager.h"
 #include "kit/QFKIdentifiers.h"
 #include "kit/QFKListFormat.h"
@@ -68,11 +69,13 @@ class Engine : public testing::Test {
   FakePasteboards pasteboards;
   FakeWorkspace workspace;
   FakeWindow window;
+  ServedEvent event;
+  std::vector<std::string> told;
   int terminations = 0;
   std::filesystem::path customFile = home / "cleaners.json";
-  QFEngine engine{
-      {appleEvents, bundle, center, fileManager, pasteboards, workspace, window, customFile},
-      [this] { ++terminations; }};
+  QFEngine engine{{appleEvents, bundle, center, fileManager, pasteboards, workspace, window, event,
+                   [this](const std::string& reason) { told.push_back(reason); }, customFile},
+                  [this] { ++terminations; }};
 };
 
 TEST_F(Engine, publishesItsListAtStartAndTellsEveryone) {
@@ -94,6 +97,30 @@ TEST_F(Engine, aPersonsOwnCleanersWorkAndStayThroughABrokenFile) {
   EXPECT_EQ(pasteboards.generalPasteboard().string(), "ABC");
   EXPECT_TRUE(published().dictionary()->dictionary(listKey::tokenInfo)->contains("#CUSTOM:Shout"));
   EXPECT_EQ(center.posted.size(), 3u);
+}
+
+TEST_F(Engine, tellsARefusalToThePersonAndTheSender) {
+  pasteboards.generalPasteboard().setString("prose");
+  send("cleanPasteboard:cleaner:", NSGeneralPboard, "#JSON-PRETTY");
+  const char* text =
+      "JSON Pretty: this is not valid JSON (line 1, column 1). The text was left as it was.";
+  EXPECT_THAT(told, ElementsAre(text));
+  AnswerHints answer = event.end();
+  EXPECT_EQ(answer.outcome, AnswerHints::Outcome::refused);
+  EXPECT_EQ(answer.reason, text);
+
+  event.begin({.clipboard = "other"});
+  send("cleanPasteboard:cleaner:", NSGeneralPboard, "#UPPERCASE");
+  EXPECT_EQ(event.end().outcome, AnswerHints::Outcome::otherContents);
+  send("cleanPasteboard:cleaner:", NSGeneralPboard, "#LABEL:Case");
+  EXPECT_EQ(event.end().reason, std::nullopt);
+  EXPECT_EQ(told.size(), 1u) << "the agent tells what became of a request";
+  EXPECT_EQ(pasteboards.generalPasteboard().string(), "prose");
+
+  send("cleanPasteboard:cleaner:", NSGeneralPboard, "#UPPERCASE");
+  answer = event.end();
+  EXPECT_EQ(answer.outcome, AnswerHints::Outcome::cleaned);
+  EXPECT_EQ(answer.clipboard, pasteboards.generalPasteboard().contentsIdentifier());
 }
 
 TEST_F(Engine, resetPublishesAgainAndErasesNothing) {

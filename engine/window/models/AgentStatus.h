@@ -27,7 +27,7 @@ class AgentStatus final : public QObject {
   const ServiceStates& services() const { return _services; }
   const ReportedShortcuts& shortcuts() const { return _shortcuts; }
   /// Returns at once; that the agent is there is told with `changed`.
-  std::optional<Error> startAgent();
+  [[nodiscard]] std::optional<Error> startAgent();
 
  signals:
   void changed();

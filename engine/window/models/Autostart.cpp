@@ -101,6 +101,11 @@ bool Autostart::isOn() const {
   return false;
 }
 
+bool Autostart::isSwitchedOff() const {
+  const auto own = linesOf(_places.own);
+  return own && !starts(*own);
+}
+
 std::optional<Error> Autostart::setOn(bool isOn) const {
   if (_places.own.empty()) {
     return Error{QCoreApplication::translate("qf::Autostart",

@@ -26,9 +26,12 @@ class Autostart {
   explicit Autostart(Places places) : _places(std::move(places)) {}
 
   bool isOn() const;
+  /// Whether the person has decided against it: without a decision an installed entry may be
+  /// absent.
+  bool isSwitchedOff() const;
   /// Other lines of an entry that is there already stay as they are, and so does its command while
   /// the program of that is there. Fails where the person has no folder for it.
-  std::optional<Error> setOn(bool isOn) const;
+  [[nodiscard]] std::optional<Error> setOn(bool isOn) const;
 
  private:
   Places _places;

@@ -28,14 +28,14 @@ class MenuSettings final : public QObject {
   using Edit = std::function<void(QFKMenuSettingsManager&)>;
   /// Reads the file and has it changed. A file that is there and cannot be understood is first put
   /// aside under another name, which the answer tells; nothing in it is lost.
-  std::optional<Error> change(const Edit& edit);
+  [[nodiscard]] std::optional<Error> change(const Edit& edit);
 
  signals:
   /// By the window or by anyone else.
   void changed();
 
  private:
-  std::optional<Error> putDamagedFileAside();
+  [[nodiscard]] std::optional<Error> putDamagedFileAside();
 
   ReportingFileManager _files;
   DistributedNotificationCenter& _notifications;

@@ -38,17 +38,18 @@ class PersonalLists final : public QObject {
   // Each reads the file, changes it and reads it again; the answer says why it stayed as it was.
   // Reading replaces what `lists` and the like refer to, and `changed` may reach the caller.
   Result<std::string> addCleaner(CustomCleaner cleaner);
-  std::optional<Error> changeCleaner(const std::string& token,
-                                     const std::function<void(CustomCleaner&)>& change);
-  std::optional<Error> removeCleaner(const std::string& token);
+  [[nodiscard]] std::optional<Error> changeCleaner(
+      const std::string& token, const std::function<void(CustomCleaner&)>& change);
+  [[nodiscard]] std::optional<Error> removeCleaner(const std::string& token);
   Result<std::string> addGroup(const QString& name);
-  std::optional<Error> renameGroup(const std::string& name, const std::string& newName);
+  [[nodiscard]] std::optional<Error> renameGroup(const std::string& name,
+                                                 const std::string& newName);
   /// Refused when the group holds something else than `shown` by now.
-  std::optional<Error> changeEntries(const std::string& name,
-                                     const std::vector<CustomGroup::Entry>& shown,
-                                     const std::vector<CustomGroup::Entry>& wanted);
-  std::optional<Error> removeGroup(const std::string& name);
-  std::optional<Error> moveGroup(const std::string& name, const std::string& before);
+  [[nodiscard]] std::optional<Error> changeEntries(const std::string& name,
+                                                   const std::vector<CustomGroup::Entry>& shown,
+                                                   const std::vector<CustomGroup::Entry>& wanted);
+  [[nodiscard]] std::optional<Error> removeGroup(const std::string& name);
+  [[nodiscard]] std::optional<Error> moveGroup(const std::string& name, const std::string& before);
 
  public slots:
   void read();
@@ -59,8 +60,8 @@ class PersonalLists final : public QObject {
 
  private:
   Error refused(Error error);
-  std::optional<Error> stored(const std::optional<Error>& failure);
-  std::optional<Error> nameFault(const std::string& name) const;
+  [[nodiscard]] std::optional<Error> stored(const std::optional<Error>& failure);
+  [[nodiscard]] std::optional<Error> nameFault(const std::string& name) const;
   std::optional<std::string_view> infoText(std::string_view token, std::string_view key) const;
 
   QFCleanerLibrary _builtIn;

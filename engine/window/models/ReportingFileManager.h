@@ -19,19 +19,19 @@ class ReportingFileManager final : public FileManager {
       std::string_view identifier) const override {
     return _files.containerURLForSecurityApplicationGroupIdentifier(identifier);
   }
-  std::optional<Error> createDirectory(const std::filesystem::path& path) override {
+  [[nodiscard]] std::optional<Error> createDirectory(const std::filesystem::path& path) override {
     return kept(_files.createDirectory(path));
   }
   std::optional<Data> contents(const std::filesystem::path& path) const override {
     return _files.contents(path);
   }
-  std::optional<Error> write(const std::filesystem::path& path,
-                             std::span<const std::uint8_t> data) override {
+  [[nodiscard]] std::optional<Error> write(const std::filesystem::path& path,
+                                           std::span<const std::uint8_t> data) override {
     return kept(_files.write(path, data));
   }
 
  private:
-  std::optional<Error> kept(std::optional<Error> error) {
+  [[nodiscard]] std::optional<Error> kept(std::optional<Error> error) {
     if (error && !_failure) _failure = error;
     return error;
   }

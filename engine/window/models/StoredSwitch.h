@@ -16,7 +16,7 @@ class StoredSwitch {
 
   bool isOn() const;
   /// Fails when the domain's file cannot be written.
-  std::optional<Error> setOn(bool isOn) const;
+  [[nodiscard]] std::optional<Error> setOn(bool isOn) const;
 
  private:
   std::string _domain;

@@ -11,12 +11,16 @@
 namespace qf {
 
 CleanersPage::CleanersPage(WindowModels& models)
-    : _lists(models.lists), _finder(new CleanerFinder(_lists)), _editor(new CleanerEditor(_lists)) {
+    : _host(models.host),
+      _lists(models.lists),
+      _finder(new CleanerFinder(_lists)),
+      _editor(new CleanerEditor(_lists)) {
   layOut();
   connect(_finder, &CleanerFinder::currentChanged, this, &CleanersPage::showCurrent);
   connect(&_lists, &PersonalLists::changed, this, &CleanersPage::showCurrent);
   connect(_editor, &CleanerEditor::stepsEdited, this, &CleanersPage::tryCurrent);
   connect(_editor, &CleanerEditor::stored, this, &CleanersPage::report);
+  connect(_cleanClipboard, &QPushButton::clicked, this, &CleanersPage::cleanClipboard);
   showCurrent();
 }
 
@@ -26,6 +30,10 @@ void CleanersPage::layOut() {
   auto* right = new QVBoxLayout;
   right->addWidget(_details);
   right->addWidget(_trial, 1);
+  auto* clipboardRow = new QHBoxLayout;
+  clipboardRow->addWidget(_cleanClipboard);
+  clipboardRow->addWidget(_clipboardState, 1);
+  right->addLayout(clipboardRow);
   auto* row = new QHBoxLayout;
   row->addWidget(makeListSide(), 2);
   row->addLayout(right, 3);
@@ -77,6 +85,7 @@ void CleanersPage::refresh() { _lists.read(); }
 void CleanersPage::showCurrent() {
   const std::string token = _finder->currentToken();
   const bool isOwn = _lists.cleaner(token) != nullptr;
+  _clipboardState->clear();
   _copy->setEnabled(isOwn || _lists.builtIn().knows(token));
   _remove->setEnabled(isOwn);
   _name->setText(_lists.nameOf(token));
@@ -131,6 +140,12 @@ void CleanersPage::removeCurrent() {
   if (isConfirmed(this, tr("Remove Cleaner"), question, tr("Remove"))) {
     report(_lists.removeCleaner(token));
   }
+}
+
+void CleanersPage::cleanClipboard() {
+  const auto error = _host.cleanClipboard(_finder->currentToken());
+  _clipboardState->setText(error ? QString() : tr("The clipboard is clean."));
+  report(error);
 }
 
 }  // namespace qf

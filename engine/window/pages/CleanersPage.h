@@ -12,6 +12,7 @@
 
 namespace qf {
 
+struct WindowHost;
 struct WindowModels;
 
 /// All cleaners: what they do, tried out on a sample, and the person's own to be made and changed.
@@ -32,7 +33,9 @@ class CleanersPage final : public Page {
   void add(const CustomCleaner& cleaner);
   void copyCurrent();
   void removeCurrent();
+  void cleanClipboard();
 
+  const WindowHost& _host;
   PersonalLists& _lists;
   CleanerFinder* _finder;
   QPushButton* _copy = new QPushButton(tr("Co&py"));
@@ -42,6 +45,8 @@ class CleanersPage final : public Page {
   CleanerEditor* _editor;
   QStackedWidget* _details = new QStackedWidget;
   TrialPane* _trial = new TrialPane;
+  QPushButton* _cleanClipboard = new QPushButton(tr("Clean the Clip&board"));
+  QLabel* _clipboardState = new QLabel;
 };
 
 }  // namespace qf

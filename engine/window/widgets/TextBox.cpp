@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/window/widgets/TextBox.h"
 
+#include <QMimeData>
+
 #include "hosts/qt/QtText.h"
 
 namespace qf {
@@ -19,6 +21,11 @@ void TextBox::setText(const std::string& text) {
 std::string TextBox::text() const {
   const QString now = shown();
   return now == _shown ? _text : now.toStdString();
+}
+
+bool TextBox::canInsertFromMimeData(const QMimeData* source) const {
+  return !source->hasFormat("x-kde-passwordManagerHint") &&
+         QPlainTextEdit::canInsertFromMimeData(source);
 }
 
 }  // namespace qf

@@ -16,6 +16,10 @@ class TextBox final : public QPlainTextEdit {
   void setText(const std::string& text);
   std::string text() const;
 
+ protected:
+  /// Not what its owner marks as a secret.
+  bool canInsertFromMimeData(const QMimeData* source) const override;
+
  private:
   QString shown() const;
 

@@ -23,6 +23,7 @@ constexpr std::array<std::pair<Outcome, const char*>, 5> outcomeNames = {
 const QString deadlineKey = QStringLiteral("Deadline");
 const QString clipboardKey = QStringLiteral("Clipboard");
 const QString outcomeKey = QStringLiteral("Outcome");
+const QString reasonKey = QStringLiteral("Reason");
 
 template <class T>
 std::optional<T> find(const QVariantMap& map, const QString& key) {
@@ -67,6 +68,7 @@ AnswerHints AnswerHints::fromMap(const QVariantMap& map) {
   for (const auto& [outcome, known] : outcomeNames)
     if (name == known) hints.outcome = outcome;
   hints.clipboard = findText(map, clipboardKey);
+  hints.reason = findText(map, reasonKey);
   return hints;
 }
 
@@ -75,6 +77,7 @@ QVariantMap AnswerHints::toMap() const {
   for (const auto& [known, name] : outcomeNames)
     if (outcome == known) map.insert(outcomeKey, QString::fromLatin1(name));
   if (clipboard) map.insert(clipboardKey, QString::fromStdString(*clipboard));
+  if (reason) map.insert(reasonKey, QString::fromStdString(*reason));
   return map;
 }
 

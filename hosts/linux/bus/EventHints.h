@@ -17,9 +17,9 @@ struct EventHints {
   using Clock = std::chrono::steady_clock;
 
   /// After it the receiver leaves everything alone.
-  std::optional<Clock::time_point> deadline;
+  std::optional<Clock::time_point> deadline = {};
   /// `Pasteboard::contentsIdentifier` of the contents that the command is meant for.
-  std::optional<std::string> clipboard;
+  std::optional<std::string> clipboard = {};
 
   static EventHints fromMap(const QVariantMap& map);
   QVariantMap toMap() const;
@@ -38,7 +38,9 @@ struct AnswerHints {
 
   Outcome outcome = Outcome::unknown;
   /// `Pasteboard::contentsIdentifier` of what the receiver put there.
-  std::optional<std::string> clipboard;
+  std::optional<std::string> clipboard = {};
+  /// What the person was told of a refusal, in English.
+  std::optional<std::string> reason = {};
 
   static AnswerHints fromMap(const QVariantMap& map);
   QVariantMap toMap() const;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hosts/linux/bus/UserNotice.h"
 
-#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QStringList>
 #include <algorithm>
 #include <utility>
@@ -10,6 +11,11 @@
 #include "hosts/qt/QtText.h"
 
 namespace qf {
+namespace {
+
+constexpr int answerLimit = 3000;  // milliseconds
+
+}  // namespace
 
 UserNotice::UserNotice(QDBusConnection bus, std::string applicationName, std::string iconName)
     : _bus(std::move(bus)),
@@ -35,18 +41,42 @@ void UserNotice::send(const std::string& text, const QVariantMap& hints, Clock::
   if (wasToldRecently(text, now)) return;
   _told.push_back({text, now});
 
+  _bus.send(notification(text, hints, 0));
+}
+
+// The desktop tells the number of a notice in its answer: until then only the latest text waits.
+void UserNotice::tellInstead(const std::string& text) {
+  _next = text;
+  if (!_isTelling) tellNext();
+}
+
+void UserNotice::tellNext() {
+  _isTelling = true;
+  const QDBusMessage message = notification(*std::exchange(_next, std::nullopt), {}, _latest);
+  auto* answer = new QDBusPendingCallWatcher(_bus.asyncCall(message, answerLimit), &_context);
+  QObject::connect(answer, &QDBusPendingCallWatcher::finished, &_context, [this, answer] {
+    answer->deleteLater();
+    const QDBusPendingReply<quint32> reply = *answer;
+    if (!reply.isError()) _latest = reply.value();
+    _isTelling = false;
+    if (_next) tellNext();
+  });
+}
+
+/// `replaced` is the number of the notice whose place it takes; 0 for none.
+QDBusMessage UserNotice::notification(const std::string& text, const QVariantMap& hints,
+                                      quint32 replaced) const {
   // Desktops start their notification service on demand, so this call, unlike the others, may.
   QDBusMessage message = QDBusMessage::createMethodCall(
       QStringLiteral("org.freedesktop.Notifications"),
       QStringLiteral("/org/freedesktop/Notifications"),
       QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
-  constexpr quint32 replacesNone = 0;
   constexpr int desktopsOwnTime = -1;
   // Bodies are markup there.
-  message << toQString(_applicationName) << replacesNone << toQString(_iconName)
+  message << toQString(_applicationName) << replaced << toQString(_iconName)
           << toQString(_applicationName) << toQString(text).toHtmlEscaped() << QStringList()
           << hints << desktopsOwnTime;
-  _bus.send(message);
+  return message;
 }
 
 }  // namespace qf

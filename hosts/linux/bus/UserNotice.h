@@ -2,8 +2,11 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusMessage>
+#include <QObject>
 #include <QVariantMap>
 #include <chrono>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,6 +25,8 @@ class UserNotice {
   void tell(const std::string& text, Clock::time_point now = Clock::now());
   /// The same of something that went as it should: desktops show it briefly, and keep no record.
   void tellQuietly(const std::string& text, Clock::time_point now = Clock::now());
+  /// Returns at once. Takes the place of what was told so before, and is always told.
+  void tellInstead(const std::string& text);
 
  private:
   struct Told {
@@ -31,11 +36,18 @@ class UserNotice {
 
   void send(const std::string& text, const QVariantMap& hints, Clock::time_point now);
   bool wasToldRecently(const std::string& text, Clock::time_point now);
+  QDBusMessage notification(const std::string& text, const QVariantMap& hints,
+                            quint32 replaced) const;
+  void tellNext();
 
   QDBusConnection _bus;
   std::string _applicationName;
   std::string _iconName;
   std::vector<Told> _told;
+  quint32 _latest = 0;  ///< the desktop's number of what was last told instead
+  std::optional<std::string> _next;
+  bool _isTelling = false;
+  QObject _context;  ///< the desktop's answers end with it
 };
 
 }  // namespace qf

@@ -55,6 +55,10 @@ TEST_F(CleanersPage, ACleanerIsMadeEditedTriedUsedAndRemoved) {
   EngineProgram command({"--clipboard", "#CUSTOM:Upper Case 2"});
   EXPECT_TRUE(until([] { return clipboard::text() == "ME!E"; }));
 
+  clipboard::setText("masse");
+  engine.click("push button", "Clean the Clipboard");
+  EXPECT_TRUE(until([] { return clipboard::text() == "MA!E"; }));
+
   engine.click("push button", "Copy");
   ASSERT_TRUE(stores("\"name\": \"Shout 2\""));
   engine.click("push button", "Remove");

@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "tests/desktop/Agent.h"
+#include "tests/desktop/Home.h"
 
 namespace qf::desktop {
 namespace {
@@ -25,6 +26,15 @@ void collect(const Accessible& node, std::vector<Accessible>& found) {
     collect(child, found);
   }
 }
+
+/// The engine's start brings the agent along; tests that want one start their own.
+struct AgentSwitchedOff : testing::EmptyTestEventListener {
+  AgentSwitchedOff() { testing::UnitTest::GetInstance()->listeners().Append(this); }
+  void OnTestStart(const testing::TestInfo&) override {
+    put(autostartEntry, "[Desktop Entry]\nHidden=true\n");
+  }
+};
+auto* const agentSwitchedOff = new AgentSwitchedOff;  // the tests own it
 
 }  // namespace
 

@@ -60,7 +60,7 @@ TEST(MenuPage, AScreenReaderPressesAndHearsTheState) {
 }
 
 TEST(MenuPage, StartsAtLoginByADesktopEntry) {
-  const QString entry = ".config/autostart/org.quenfold.Menu.desktop";
+  const QString& entry = autostartEntry;
   put(entry, "[Desktop Entry]\nHidden=true\nName=Mine\nExec=/gone\n\n[Other]\nHidden=x\n");
   EngineProgram engine;
   const QString box = "Show the menu in the tray after login";
@@ -80,7 +80,8 @@ TEST(MenuPage, StartsAtLoginByADesktopEntry) {
 }
 
 TEST(MenuPage, OverridesTheSystemsStartAtLogin) {
-  const QString own = ".config/autostart/org.quenfold.Menu.desktop";
+  const Agent agent;
+  const QString& own = autostartEntry;
   QFile::remove(home(own));
   put("etc/autostart/org.quenfold.Menu.desktop", "[Desktop Entry]\nExec=/usr/bin/quenfold-menu\n");
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

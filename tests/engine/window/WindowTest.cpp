@@ -3,10 +3,13 @@
 // reader.
 #include <gmock/gmock.h>
 
+#include <QDBusConnectionInterface>
+#include <csignal>
 #include <set>
 
 #include "hosts/linux/files/PropertyListUserDefaultsDomains.h"
 #include "tests/desktop/Agent.h"
+#include "tests/desktop/Home.h"
 #include "tests/engine/window/EngineProgram.h"
 
 namespace qf::desktop {
@@ -52,6 +55,22 @@ TEST(Window, StaysAwayInTheBackgroundAndWhereThePersonWantsIt) {
   }
   group->setObject({}, "qfkLaunchAsAgent");
   group->setObject({}, "qfkShowPreferences");
+}
+
+TEST(Window, BringsTheMenuAlongUnlessItIsSwitchedOff) {
+  const auto agents = [] {
+    return QDBusConnection::sessionBus().interface()->servicePid("org.quenfold.Menu").value();
+  };
+  {
+    const EngineProgram engine;
+    engine.node("list item", pages.first());
+    EXPECT_EQ(agents(), 0u);
+  }
+  QFile::remove(home(autostartEntry));
+  const EngineProgram engine;
+  EXPECT_TRUE(until([&] { return agents() > 0; }, 20s));
+  if (agents() > 0) ::kill(static_cast<pid_t>(agents()), SIGTERM);
+  EXPECT_TRUE(until([&] { return agents() == 0; }));
 }
 
 TEST(Window, WithoutADisplayTheEngineServesAndSaysWhy) {

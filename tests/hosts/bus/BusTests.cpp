@@ -387,11 +387,14 @@ TEST_F(Bus, ReportsTheStateOfServices) {
 class NotificationService : public QDBusVirtualObject {
  public:
   QStringList bodies;
+  QList<uint> replaced;
 
   QString introspect(const QString&) const override { return {}; }
-  bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override {
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
     if (message.member() != "Notify" || message.signature() != "susssasa{sv}i") return false;
     bodies << message.arguments().at(4).toString();
+    replaced << message.arguments().at(1).toUInt();
+    connection.send(message.createReply(uint(bodies.size())));
     return true;
   }
 };
@@ -410,6 +413,13 @@ TEST_F(Bus, TellsThePersonOncePerQuietTime) {
   notice.tell("a < b", start + std::chrono::seconds(30));
   EXPECT_TRUE(until([&] { return service.bodies.size() >= 3; }));
   EXPECT_EQ(service.bodies, (QStringList{"a &lt; b", "other", "a &lt; b"}));
+
+  for (const char* text : {"first", "overtaken", "second"}) notice.tellInstead(text);
+  EXPECT_TRUE(until([&] { return service.bodies.size() >= 5; }));
+  notice.tellInstead("second");
+  EXPECT_TRUE(until([&] { return service.bodies.size() >= 6; }));
+  EXPECT_EQ(service.bodies.mid(3), (QStringList{"first", "second", "second"}));
+  EXPECT_EQ(service.replaced, (QList<uint>{0, 0, 0, 0, 4, 5}));
   QDBusConnection::disconnectFromBus("desktop");
 }
 
