@@ -52,7 +52,8 @@ int clean(const qf::CommandLine& commandLine) {
 /// Notes why the engine left the clipboard as it was.
 class RefusalListener final : public qf::EventHintsExchange {
  public:
-  std::optional<qf::EventHints> hintsOfEvent(bool, std::chrono::milliseconds) override {
+  void willSend() override {}
+  std::optional<qf::EventHints> hintsOfEvent(const Receiver&, std::chrono::milliseconds) override {
     return qf::EventHints();
   }
   void answered(const qf::AnswerHints& hints) override { reason = hints.reason; }
