@@ -796,8 +796,6 @@
         <translation>النص في الحافظة أكبر من 256 MiB</translation>
     </message>
     <message>
-        <source>the application that copied it does not hand over the text on the clipboard</source>
-        <translation>التطبيق الذي نسخ النص لا يسلّم محتوى الحافظة</translation>
         <source>the connection to the accessibility bus was lost; start the applications anew</source>
         <translation type="unfinished"></translation>
     </message>
@@ -838,7 +836,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>it offers no Paste to other programs; show its menu bar if it has one, or paste there yourself</source>
         <source>%1: %2. The text was left as it was.</source>
         <translation>%1: %2. بقي النص كما كان.</translation>
     </message>
@@ -876,6 +873,14 @@
     </message>
     <message>
         <source> (line %1, column %2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it offers no Paste to other programs; show its menu bar if it has one, or paste there yourself</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the application that copied it does not hand over the text on the clipboard</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

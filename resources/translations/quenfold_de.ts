@@ -796,8 +796,6 @@
         <translation>der Text in der Zwischenablage ist größer als 256 MiB</translation>
     </message>
     <message>
-        <source>the application that copied it does not hand over the text on the clipboard</source>
-        <translation>die Anwendung, die ihn kopiert hat, gibt den Text der Zwischenablage nicht heraus</translation>
         <source>the connection to the accessibility bus was lost; start the applications anew</source>
         <translation>die Verbindung zum Bus für Barrierefreiheit ist verloren; bitte die Anwendungen neu starten</translation>
     </message>
@@ -840,6 +838,8 @@
     <message>
         <source>it offers no Paste to other programs; show its menu bar if it has one, or paste there yourself</source>
         <translation>sie bietet anderen Programmen kein Einfügen an; bitte ihre Menüleiste zeigen, falls sie eine hat, oder dort selbst einfügen</translation>
+    </message>
+    <message>
         <source>%1: %2. The text was left as it was.</source>
         <translation>%1: %2. Der Text blieb, wie er war.</translation>
     </message>
@@ -878,6 +878,10 @@
     <message>
         <source> (line %1, column %2)</source>
         <translation> (Zeile %1, Spalte %2)</translation>
+    </message>
+    <message>
+        <source>the application that copied it does not hand over the text on the clipboard</source>
+        <translation>die Anwendung, aus der kopiert wurde, gibt den Text in der Zwischenablage nicht heraus</translation>
     </message>
 </context>
 <context>
