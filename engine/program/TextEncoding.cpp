@@ -14,8 +14,13 @@ struct Mark {
   std::string_view bytes;
   const char* encoding;
 };
-constexpr Mark marks[] = {
-    {"\xEF\xBB\xBF", "UTF-8"}, {"\xFF\xFE", "UTF-16LE"}, {"\xFE\xFF", "UTF-16BE"}};
+using namespace std::string_view_literals;
+/// That of UTF-32 begins like one of UTF-16.
+constexpr Mark marks[] = {{"\xEF\xBB\xBF", "UTF-8"},
+                          {"\xFF\xFE\0\0"sv, "UTF-32LE"},
+                          {"\0\0\xFE\xFF"sv, "UTF-32BE"},
+                          {"\xFF\xFE", "UTF-16LE"},
+                          {"\xFE\xFF", "UTF-16BE"}};
 
 using Converter = std::unique_ptr<UConverter, decltype(&ucnv_close)>;
 
