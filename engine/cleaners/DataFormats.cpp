@@ -5,8 +5,10 @@
 #include "engine/cleaners/CodePoints.h"
 #include "engine/cleaners/DelimitedText.h"
 #include "engine/cleaners/Escapes.h"
+#include "engine/cleaners/JSONRepair.h"
 #include "engine/cleaners/JSONText.h"
 #include "engine/cleaners/TextLines.h"
+#include "engine/cleaners/XMLText.h"
 
 namespace qf {
 namespace {
@@ -92,6 +94,12 @@ std::string tabsToCommas(std::string_view text) { return writeCSV(parseTSV(text)
 std::string commasToMarkdown(std::string_view text) { return writeMarkdownTable(parseCSV(text)); }
 std::string tabsToMarkdown(std::string_view text) { return writeMarkdownTable(parseTSV(text)); }
 
+Result<std::string> markdownToCommas(std::string_view text) {
+  const std::vector<TableRow> rows = parseMarkdownTable(text);
+  if (rows.empty()) return Error{"there is no Markdown table in the text"};
+  return writeCSV(rows);
+}
+
 }  // namespace
 
 CleanerTable dataCleaners() {
@@ -108,6 +116,9 @@ CleanerTable dataCleaners() {
       {"#TSV-TO-CSV", tabsToCommas},
       {"#CSV-TO-MARKDOWN", commasToMarkdown},
       {"#TSV-TO-MARKDOWN", tabsToMarkdown},
+      {"#MARKDOWN-TO-CSV", markdownToCommas},
+      {"#REPAIR-JSON", repairedJSON},
+      {"#XML-PRETTY", prettyXML},
   };
 }
 

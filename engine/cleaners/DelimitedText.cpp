@@ -86,6 +86,30 @@ std::vector<TableRow> parseTSV(std::string_view text) {
   return rows;
 }
 
+std::vector<TableRow> parseMarkdownTable(std::string_view text) {
+  std::vector<TableRow> rows;
+  for (const std::string_view line : lineTexts(text)) {
+    std::string_view cells = trimmed(line);
+    const bool isRule = cells.find_first_not_of("|-: \t") == std::string_view::npos;
+    if (isRule || cells.find('|') == std::string_view::npos) continue;
+    if (cells.starts_with('|')) cells.remove_prefix(1);
+    if (cells.ends_with('|') && !cells.ends_with("\\|")) cells.remove_suffix(1);
+    TableRow row(1);
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      const bool isEscaped = cells.substr(i, 2) == "\\|";
+      if (cells[i] == '|') {
+        row.emplace_back();
+      } else {
+        row.back().push_back(cells[i + isEscaped]);
+        i += isEscaped;
+      }
+    }
+    for (std::string& field : row) field = std::string(trimmed(field));
+    rows.push_back(std::move(row));
+  }
+  return rows;
+}
+
 std::string writeCSV(const std::vector<TableRow>& rows) {
   std::string result;
   for (const TableRow& row : rows) {

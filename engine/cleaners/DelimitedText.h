@@ -27,6 +27,10 @@ std::optional<QuotedField> quotedField(std::string_view line, std::size_t positi
 /// The rows of a text parted by tabs. It has no quotation.
 std::vector<TableRow> parseTSV(std::string_view text);
 
+/// The rows of the Markdown tables in a text, less the lines below headings. None where there is no
+/// such table.
+std::vector<TableRow> parseMarkdownTable(std::string_view text);
+
 /// Fields that need it are quoted. Every row ends with a line end.
 std::string writeCSV(const std::vector<TableRow>& rows);
 

@@ -14,6 +14,7 @@
 #include "engine/cleaners/CodePoints.h"
 #include "engine/cleaners/Sentences.h"
 #include "engine/cleaners/TextLines.h"
+#include "engine/cleaners/Transliteration.h"
 #include "foundation/Text.h"
 
 namespace qf {
@@ -217,6 +218,24 @@ CleanerFunction identifierCase(Joint joint) {
   };
 }
 
+/// Each line as the last part of a web address: small letters and digits of ASCII, and hyphens.
+Result<std::string> slug(std::string_view text) {
+  const Result<std::string> plain = transliterateToASCII(text);
+  if (!plain) return plain;
+  return mapLines(*plain, [](std::string_view line) {
+    std::string result;
+    for (const char character : lowercased(line)) {
+      if (isASCIILetter(character) || isASCIIDigit(character)) {
+        result.push_back(character);
+      } else if (character != '\'' && !result.empty() && result.back() != '-') {
+        result.push_back('-');
+      }
+    }
+    if (result.ends_with('-')) result.pop_back();
+    return result;
+  });
+}
+
 }  // namespace
 
 CleanerTable letterCaseCleaners() {
@@ -231,6 +250,7 @@ CleanerTable letterCaseCleaners() {
       {"#PASCALCASE", identifierCase(Joint::pascal)},
       {"#SNAKECASE", identifierCase(Joint::snake)},
       {"#KEBABCASE", identifierCase(Joint::kebab)},
+      {"#SLUG", slug},
       {"#CONSTANTCASE", identifierCase(Joint::constant)},
   };
 }

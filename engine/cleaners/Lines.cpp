@@ -5,11 +5,13 @@
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <unordered_set>
 
 #include "engine/cleaners/Cleaner.h"
 #include "engine/cleaners/CodePoints.h"
 #include "engine/cleaners/DelimitedText.h"
+#include "engine/cleaners/Escapes.h"
 #include "engine/cleaners/Hyphenation.h"
 #include "engine/cleaners/Paragraphs.h"
 #include "engine/cleaners/Sentences.h"
@@ -213,6 +215,51 @@ Result<std::string> sentencesToLines(std::string_view text) {
   return result;
 }
 
+/// What all lines but blank ones begin with goes; a character stays whole.
+std::string removeCommonPrefix(std::string_view text) {
+  std::optional<std::string_view> prefix;
+  for (const TextLine& line : textLines(text)) {
+    if (line.isBlank()) continue;
+    if (!prefix) prefix = line.text;
+    const auto [end, other] =
+        std::mismatch(prefix->begin(), prefix->end(), line.text.begin(), line.text.end());
+    prefix = prefix->substr(0, static_cast<std::size_t>(end - prefix->begin()));
+  }
+  std::size_t length = prefix.value_or("").size();
+  return mapLines(text, [&](std::string_view line) {
+    std::size_t end = std::min(length, line.size());
+    while (end > 0 && end < line.size() && (static_cast<unsigned char>(line[end]) & 0xC0) == 0x80) {
+      --end;
+    }
+    return TextLine{line, {}}.isBlank() ? line : line.substr(end);
+  });
+}
+
+/// The lines as one list of quoted texts. SQL doubles the mark inside of a text, code escapes it.
+template <class Quote>
+std::string quotedList(std::string_view text, Quote&& quote) {
+  std::string result;
+  for (const TextLine& line : textLines(text)) {
+    const std::string_view words = trimmed(line.text);
+    if (words.empty()) continue;
+    if (!result.empty()) result.append(", ");
+    result.append(quote(words));
+  }
+  return result;
+}
+
+std::string quotedListForSQL(std::string_view text) {
+  return quotedList(text, [](std::string_view words) {
+    return std::string("'").append(replacedAll(words, "'", "''")).append("'");
+  });
+}
+
+std::string quotedListForCode(std::string_view text) {
+  return quotedList(text, [](std::string_view words) {
+    return std::string("\"").append(escapeString(words)).append("\"");
+  });
+}
+
 }  // namespace
 
 CleanerTable lineCleaners() {
@@ -235,6 +282,10 @@ CleanerTable lineCleaners() {
       {"#ADD-BULLETS", addBullets},
       {"#REMOVE-BULLETS", removeBullets},
       {"#SPACE-PARAGRAPHS", spaceParagraphs},
+      {"#JOIN-HYPHENATED", withHyphenatedWordsJoined},
+      {"#REMOVE-COMMON-PREFIX", removeCommonPrefix},
+      {"#QUOTED-LIST-SQL", quotedListForSQL},
+      {"#QUOTED-LIST-CODE", quotedListForCode},
   };
 }
 

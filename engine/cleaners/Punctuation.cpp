@@ -78,6 +78,52 @@ std::string tidySpacing(std::string_view text) {
                                 isFrench(text) ? MarksToTidy::commasAndStops : MarksToTidy::all);
 }
 
+char32_t codePointBefore(std::string_view text, std::size_t position) {
+  if (position == 0) return 0;
+  --position;
+  while (position > 0 && (static_cast<unsigned char>(text[position]) & 0xC0) == 0x80) --position;
+  return nextCodePoint(text, position);
+}
+
+/// Whether a blank is missing behind the mark at the position of a word. A full stop or a colon may
+/// belong to a name: a small letter must stand before it, and a capital of a longer word behind.
+bool lacksBlank(std::string_view word, std::size_t position) {
+  if (position + 1 >= word.size()) return false;
+  std::size_t after = position + 1;
+  const char32_t before = codePointBefore(word, position), next = nextCodePoint(word, after);
+  if (!isLetter(next)) return false;
+  if (word[position] != '.' && word[position] != ':') {
+    return isLetterOrDigit(before) || before == ')' || before == '"';
+  }
+  const char32_t second = after < word.size() ? nextCodePoint(word, after) : 0;
+  return position > 1 && u_islower(static_cast<UChar32>(before)) &&
+         isLetter(codePointBefore(word, position - 1)) && u_isupper(static_cast<UChar32>(next)) &&
+         u_islower(static_cast<UChar32>(second));
+}
+
+std::string withBlanksBehindMarks(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t position = 0; position < text.size();) {
+    const std::size_t end = std::min(text.find_first_of(" \t\r\n", position), text.size());
+    const std::string_view word = text.substr(position, end - position);
+    // Addresses, paths and names in code.
+    const bool isProse = word.find_first_of("@/\\_=<>{}&") == std::string_view::npos;
+    for (std::size_t i = 0; i < word.size(); ++i) {
+      result.push_back(word[i]);
+      const bool isMark = std::string_view(",;:!?.").find(word[i]) != std::string_view::npos;
+      if (isMark && isProse && lacksBlank(word, i)) result.push_back(' ');
+    }
+    if (end < text.size()) result.push_back(text[end]);
+    position = end + 1;
+  }
+  return result;
+}
+
+std::string spaceAfterPunctuation(std::string_view text) {
+  return mapProse(text, withBlanksBehindMarks);
+}
+
 /// Of the same mark repeated ("!!!", "???", ",,") one stays; dots may be an ellipsis and stay.
 std::string collapseMarks(std::string_view text) {
   char32_t previous = 0;
@@ -138,6 +184,7 @@ CleanerTable punctuationCleaners() {
       {"#PLAIN-ELLIPSES", plainEllipses},
       {"#ASCII-PUNCTUATION", asciiPunctuation},
       {"#PUNCTUATION-SPACING", tidySpacing},
+      {"#SPACE-AFTER-PUNCTUATION", spaceAfterPunctuation},
       {"#COLLAPSE-MARKS", collapseMarks},
       {"#REMOVE-PUNCTUATION", removePunctuation},
       {"#EXPAND-LIGATURES", expandLigatures},

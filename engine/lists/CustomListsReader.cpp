@@ -6,6 +6,7 @@
 #include <optional>
 #include <set>
 
+#include "engine/cleaners/CleanerWithArgument.h"
 #include "engine/program/QFPasteboardCleaner.h"
 
 namespace qf {
@@ -144,8 +145,9 @@ class Reader {
 
   std::optional<CustomStep> readStep(const JSON& step, const std::string& place) {
     if (step.is_string()) {
-      if (_builtIn.contains(step.get<std::string>())) return step.get<std::string>();
-      fault(place, "there is no built-in cleaner \"" + step.get<std::string>() + '"');
+      const std::string token = step.get<std::string>();
+      if (_builtIn.contains(token) || cleanerWithArgument(token)) return token;
+      fault(place, "there is no built-in cleaner \"" + token + '"');
       return std::nullopt;
     }
     if (!step.is_object()) {
@@ -198,7 +200,10 @@ using Stage = Replacer;
 
 Stage makeStage(const CustomStep& step, const QFCleanerLibrary::Cleaners& builtIn) {
   if (const auto* token = std::get_if<std::string>(&step)) {
-    return [clean = builtIn.at(*token)](std::string_view text, Deadline) { return clean(text); };
+    const auto found = builtIn.find(*token);
+    const CleanerFunction clean =
+        found == builtIn.end() ? cleanerWithArgument(*token).value() : found->second;
+    return [clean](std::string_view text, Deadline) { return clean(text); };
   }
   return *makeReplacer(std::get<FindReplace>(step));
 }

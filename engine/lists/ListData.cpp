@@ -33,7 +33,52 @@ Value infoOf(const CustomCleaner& cleaner) {
   return info;
 }
 
+Value localizedInfo(std::string_view token, const Value& info, const StringTable& strings) {
+  if (!info.dictionary()) return info;
+  Dictionary result = *info.dictionary();
+  if (const auto name = strings.find(token)) result.set(listKey::name, *name);
+  const auto description = strings.find(std::string(token).append(" description"));
+  if (description) result.set(listKey::description, *description);
+  return result;
+}
+
+Value localizedItem(const Value& item, const StringTable& strings) {
+  const auto token = item.dictionary() ? item.dictionary()->string(listKey::token) : std::nullopt;
+  if (!token || !specialToken::isLabel(*token)) return item;
+  Dictionary result = *item.dictionary();
+  if (const auto heading = strings.find(*token)) {
+    result.set(listKey::token, std::string(specialToken::labelPrefix).append(*heading));
+  }
+  return result;
+}
+
+Value localizedGroup(const Value& group, const StringTable& strings) {
+  if (!group.dictionary()) return group;
+  Dictionary result = *group.dictionary();
+  Array items;
+  for (const Value& item : arrayIn(result, listKey::richList)) {
+    items.push_back(localizedItem(item, strings));
+  }
+  result.set(listKey::richList, std::move(items));
+  return result;
+}
+
 }  // namespace
+
+Dictionary localizedList(Dictionary listData, const StringTable& strings) {
+  if (const Dictionary* known = listData.dictionary(listKey::tokenInfo)) {
+    Dictionary tokenInfo;
+    for (const auto& [token, info] : *known)
+      tokenInfo.set(token, localizedInfo(token, info, strings));
+    listData.set(listKey::tokenInfo, std::move(tokenInfo));
+  }
+  Array groups;
+  for (const Value& group : arrayIn(listData, listKey::master)) {
+    groups.push_back(localizedGroup(group, strings));
+  }
+  listData.set(listKey::master, std::move(groups));
+  return listData;
+}
 
 Dictionary withCustomLists(Dictionary listData, const CustomLists& lists) {
   const Dictionary* knownInfo = listData.dictionary(listKey::tokenInfo);

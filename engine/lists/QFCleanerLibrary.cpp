@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/lists/QFCleanerLibrary.h"
 
+#include "engine/cleaners/CleanerWithArgument.h"
 #include "engine/cleaners/CodePoints.h"
 
 namespace qf {
@@ -16,6 +17,10 @@ QFCleanerLibrary::QFCleanerLibrary() {
   }
 }
 
+bool QFCleanerLibrary::knows(std::string_view token) const {
+  return _builtIn.contains(token) || _custom.contains(token) || cleanerWithArgument(token);
+}
+
 Result<std::string> QFCleanerLibrary::clean(std::string_view token, std::string_view bytes) const {
   if (bytes.size() > largestText) return Error{"it is larger than 256 MiB"};
   for (const Cleaners* cleaners : {&_builtIn, &_custom}) {
@@ -23,6 +28,7 @@ Result<std::string> QFCleanerLibrary::clean(std::string_view token, std::string_
     if (found == cleaners->end()) continue;
     return isValidUTF8(bytes) ? found->second(bytes) : found->second(validUTF8(bytes));
   }
+  if (const auto clean = cleanerWithArgument(token)) return (*clean)(validUTF8(bytes));
   return Error{"there is no cleaner \"" + std::string(token) + '"'};
 }
 

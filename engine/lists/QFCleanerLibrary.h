@@ -23,12 +23,11 @@ class QFCleanerLibrary {
   static constexpr std::size_t largestText = std::size_t{256} << 20;
 
   /// Cleans a text of any bytes: ill-formed UTF-8 becomes U+FFFD first. Fails for a token that
-  /// names no cleaner, for more than `largestText` bytes, and where the cleaner does.
+  /// names no cleaner, for more than `largestText` bytes, and where the cleaner does. A token may
+  /// hold an argument (CleanerWithArgument.h).
   Result<std::string> clean(std::string_view token, std::string_view bytes) const;
 
-  bool knows(std::string_view token) const {
-    return _builtIn.contains(token) || _custom.contains(token);
-  }
+  bool knows(std::string_view token) const;
   const Cleaners& builtInCleaners() const { return _builtIn; }
   /// Replaces the person's own; a built-in cleaner of the same token wins.
   void setCustomCleaners(Cleaners cleaners, Tokens formattingRemovers = {}) {

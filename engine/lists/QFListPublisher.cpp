@@ -6,12 +6,30 @@
 #include "foundation/PropertyList.h"
 #include "host/Bundle.h"
 #include "host/DistributedNotificationCenter.h"
+#include "host/FileManager.h"
 #include "hosts/linux/files/PrivateFiles.h"
+#include "hosts/linux/files/UserLanguages.h"
 #include "kit/DictionaryFile.h"
 #include "kit/QFKIdentifiers.h"
 #include "kit/QFKSharedContainerURL.h"
 
 namespace qf {
+
+namespace {
+
+/// Of the first of the person's languages that has them.
+StringTable cleanerStrings(const Bundle& bundle, const FileManager& fileManager) {
+  for (const std::string& language : userLanguages()) {
+    const auto path = bundle.resource(language + ".lproj/Cleaners", "strings");
+    const auto bytes = path ? fileManager.contents(*path) : std::nullopt;
+    if (!bytes) continue;
+    if (auto table = StringTable::read(*bytes)) return *std::move(table);
+    log("The names of cleaners in " + path->string() + " cannot be read");
+  }
+  return {};
+}
+
+}  // namespace
 
 QFListPublisher::QFListPublisher(const Bundle& bundle, FileManager& fileManager,
                                  DistributedNotificationCenter& distributedNotificationCenter)
@@ -23,7 +41,7 @@ Dictionary QFListPublisher::defaultListData(const Bundle& bundle, const FileMana
   const auto defaults =
       dictionaryWithContentsOfURL(fileManager, bundle.resource("quenfold-lists-default", "plist"));
   if (!defaults) log("The default list of cleaners is missing among the program's resources");
-  return defaults.value_or(Dictionary());
+  return localizedList(defaults.value_or(Dictionary()), cleanerStrings(bundle, fileManager));
 }
 
 void QFListPublisher::reload(const CustomLists& customLists) {

@@ -19,7 +19,8 @@ class FileManager;
 /// thread.
 class QFListPublisher {
  public:
-  /// The list among the program's resources; a fault is logged, and the list then is empty.
+  /// The list among the program's resources, in the person's language; a fault is logged, and the
+  /// list then is empty.
   static Dictionary defaultListData(const Bundle& bundle, const FileManager& fileManager);
 
   /// All must outlive the publisher.

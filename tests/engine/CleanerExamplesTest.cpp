@@ -94,6 +94,15 @@ const std::vector<Example>& examples() {
       {"#ADD-BULLETS", "a\n  b\n\n- c\n", "- a\n  - b\n\n- c\n"},
       {"#REMOVE-BULLETS", "- a\n  • b\n1. c\nd", "a\n  b\nc\nd"},
       {"#SPACE-PARAGRAPHS", "a\nb\n\nc\n", "a\n\nb\n\nc\n"},
+      {"#JOIN-HYPHENATED", "An exam-\nple of self-\nmade pre-\nand post-\n- list co\u00AD\nop",
+       "An example\nof self-made\npre-\nand post-\n- list coop\n"},
+      {"#REMOVE-COMMON-PREFIX", "// a\n\n// b\n//  c\n", "a\n\nb\n c\n"},
+      {"#REMOVE-COMMON-PREFIX", "éa\nèb", "éa\nèb"},
+      {"#QUOTED-LIST-SQL", " one\n\nit's\n", "'one', 'it''s'"},
+      {"#QUOTED-LIST-CODE", "one\na \"b\"\n", "\"one\", \"a \\\"b\\\"\""},
+      {"#WRAP-10", "one two three four", "one two\nthree four"},
+      {"#KEEP-LINES:ÄR", "Bär\nb\r\nÄre\n", "Bär\nÄre\n"},
+      {"#REMOVE-LINES:b", "a\nBc\nd\n", "a\nd\n"},
       // Mail
       {"#QUOTE", "a\n\n> b\n", "> a\n>\n>> b\n"},
       {"#UNQUOTE", "> a\n>\n>> b\nc", "a\n\n> b\nc"},
@@ -133,6 +142,10 @@ const std::vector<Example>& examples() {
       {"#PLAIN-ELLIPSES", "so…", "so..."},
       {"#ASCII-PUNCTUATION", "“a”—b… • ‘c’\u00A0→", "\"a\"--b... * 'c' ->"},
       {"#PUNCTUATION-SPACING", "a , b ( c ) !\n  .d [ ] e ?", "a, b (c)!\n  .d [ ] e?"},
+      {"#SPACE-AFTER-PUNCTUATION",
+       "One,two;three!Four.Five 1,000.50 e.g. a.b http://e.org/a,b x@y.Org Bonjour !Oui node.js",
+       "One, two; three! Four. Five 1,000.50 e.g. a.b http://e.org/a,b x@y.Org Bonjour !Oui "
+       "node.js"},
       {"#COLLAPSE-MARKS", "What?!?!!! no,, wait...", "What?!?! no, wait..."},
       {"#REMOVE-PUNCTUATION", "a, b. “c” (d)!", "a b c d"},
       {"#EXPAND-LIGATURES", "eﬃcient ﬁles", "efficient files"},
@@ -152,6 +165,7 @@ const std::vector<Example>& examples() {
       {"#SNAKECASE", "someLongHTMLName don't", "some_long_html_name_dont"},
       {"#KEBABCASE", "Some Long_Name", "some-long-name"},
       {"#CONSTANTCASE", "someName", "SOME_NAME"},
+      {"#SLUG", "Größe & Maß: My  Page!\nIt's 2", "grosse-mass-my-page\nits-2"},
       // Unicode
       {"#NFC", "e\u0301", "é"},
       {"#NFD", "é", "e\u0301"},
@@ -226,6 +240,25 @@ const std::vector<Example>& examples() {
       {"#EXTRACT-MAIL-ADDRESSES", "Me <a.b+c@ex-am.org>, x@y, q@münchen.de. @no a.b+c@ex-am.org",
        "a.b+c@ex-am.org\nq@münchen.de\n"},
       {"#EXTRACT-NUMBERS", "-1,234.5 and x-3, 12:30 v2.", "-1,234.5\n3\n12\n30\n2\n"},
+      {"#EXTRACT-NUMBERS",
+       "On 3.5.2024, 2024-05-03 and 24 May 2024 call +49 30 901820, (030) 901 820 or 555-123-4567; "
+       "7 of 1 2 3",
+       "7\n1\n2\n3\n"},
+      {"#EXTRACT-PHONE-NUMBERS", "Call +49 30 901820 or +1 212-736-5000. 12345678, 3.5.2024",
+       "+49 30 901820\n+1 212-736-5000\n"},
+      {"#FORMAT-PHONE-NUMBERS", "Call +4930901820, +1 (212) 7365000 or 12.",
+       "Call +49 30 901820, +1 212-736-5000 or 12."},
+      {"#DATES-TO-ISO",
+       "3 May 2024, May 3rd, 2024, 3. Mai 2024, 3 de mayo de 2024, le 1er août 2024, 03.05.2024, "
+       "2024/5/3",
+       "2024-05-03, 2024-05-03, 2024-05-03, 2024-05-03, le 2024-08-01, 2024-05-03, 2024-05-03"},
+      {"#DATES-TO-ISO", "5/3/2024 31.2.2024 1.2.3.2024 v3.5.2024.1 may 12",
+       "5/3/2024 31.2.2024 1.2.3.2024 v3.5.2024.1 may 12"},
+      {"#DATES-TO-ISO", "5/3/2024 and 25/3/2024", "2024-03-05 and 2024-03-25"},
+      {"#REMOVE-URLS",
+       "See https://e.org/a, or [this](https://e.org/b) <http://x.de> (www.y.de) "
+       "now.\nhttp://z.de\nend",
+       "See, or this now.\nend"},
       {"#REMOVE-TRACKING",
        "Go https://e.org/?utm_source=x&id=7&fbclid=y#top, https://e.org/?gclid=1 https://e.org/?a",
        "Go https://e.org/?id=7#top, https://e.org/ https://e.org/?a"},
@@ -255,6 +288,18 @@ const std::vector<Example>& examples() {
       {"#TSV-TO-CSV", "a\tb, \"c\"\n1\t\n", "a,\"b, \"\"c\"\"\"\n1,\n"},
       {"#CSV-TO-MARKDOWN", "a,b\n1,x|y\n", "| a | b |\n| --- | --- |\n| 1 | x\\|y |\n"},
       {"#TSV-TO-MARKDOWN", "a\tb\n", "| a | b |\n| --- | --- |\n"},
+      {"#MARKDOWN-TO-CSV", "Text\n\n| a | b, c |\n|:--|---:|\n| 1\\|2 | |\n", "a,\"b, c\"\n1|2,\n"},
+      {"#REPAIR-JSON",
+       "// note\n{name: 'it\\'s', \"b\": [1, .5, +2,], \"c\" 3 'd': True, e: None, /* x */ “f”: "
+       "word, g: {h: 007",
+       "{\n  \"name\": \"it's\",\n  \"b\": [\n    1,\n    0.5,\n    2\n  ],\n  \"c\": 3,\n  \"d\": "
+       "true,\n"
+       "  \"e\": null,\n  \"f\": \"word\",\n  \"g\": {\n    \"h\": \"007\"\n  }\n}\n"},
+      {"#REPAIR-JSON", "```json\n[1 // one\n 2]\n```", "[\n  1,\n  2\n]\n"},
+      {"#XML-PRETTY", "<a x='1'><b>t <i>u</i></b><c/></a>",
+       "<a x=\"1\">\n  <b>t <i>u</i></b>\n  <c/>\n</a>\n"},
+      {"#XML-PRETTY", "<?xml version=\"1.0\"?><a>é</a>",
+       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a>é</a>\n"},
   };
   return table;
 }
@@ -303,6 +348,13 @@ TEST(CleanerExamples, refuseWhatTheyCannotTake) {
       {"#BASE64-DECODE", "/w=="},
       {"#URL-DECODE", "%FF"},
       {"#QUOTED-PRINTABLE-DECODE", "=FF"},
+      {"#REPAIR-JSON", "words"},
+      {"#REPAIR-JSON", "{} {}"},
+      {"#XML-PRETTY", "<a><b></a>"},
+      {"#MARKDOWN-TO-CSV", "words"},
+      {"#EXTRACT-PHONE-NUMBERS", "12345"},
+      {"#KEEP-LINES:x", "a\nb"},
+      {"#WRAP-1", "text"},
       {"#NO-SUCH-CLEANER", "text"},
   };
   for (const auto& [token, text] : refused) {

@@ -66,7 +66,8 @@ bool isIdempotent(const std::string& token) {
       #TSV-TO-CSV
       #CSV-TO-MARKDOWN #TSV-TO-MARKDOWN #MEND-ENCODING #CAMELCASE #PASCALCASE #COMMAS-TO-LINES
       #SENTENCES-TO-LINES #UNWRAP #UNWRAP-QUOTED #REWRAP-QUOTED #JOIN-LINES-COMMAS #TITLECASE
-      #SENTENCECASE #STRIP-ACCENTS )";
+      #SENTENCECASE #STRIP-ACCENTS #JOIN-HYPHENATED #REMOVE-COMMON-PREFIX #QUOTED-LIST-SQL
+      #QUOTED-LIST-CODE #MARKDOWN-TO-CSV #REMOVE-URLS #EXTRACT-PHONE-NUMBERS )";
   return others.find(token + " ") == std::string_view::npos &&
          others.find(token + "\n") == std::string_view::npos;
 }

@@ -5,18 +5,23 @@
 #include <fstream>
 #include <set>
 
+#include "engine/lists/ListData.h"
 #include "engine/lists/QFCleanerLibrary.h"
 #include "engine/program/QFPasteboardCleaner.h"
+#include "engine/program/TextEncoding.h"
 #include "foundation/PropertyList.h"
 #include "kit/QFKListFormat.h"
 
 namespace qf {
 namespace {
 
+Data contents(const char* path) {
+  std::ifstream file(path, std::ios::binary);
+  return Data(std::istreambuf_iterator<char>(file), {});
+}
+
 Dictionary defaultList() {
-  std::ifstream file(QF_DEFAULT_LIST, std::ios::binary);
-  const Data bytes(std::istreambuf_iterator<char>(file), {});
-  const Result<Value> list = readPropertyList(bytes);
+  const Result<Value> list = readPropertyList(contents(QF_DEFAULT_LIST));
   EXPECT_TRUE(list) << (list ? "" : list.error().localizedDescription);
   return list && list->dictionary() ? *list->dictionary() : Dictionary();
 }
@@ -85,6 +90,69 @@ TEST_F(DefaultList, groupsThatTheMenuAsksForAreThereAndHoldKnownCleaners) {
       EXPECT_TRUE(isSpecial(token) || list.dictionary(listKey::tokenInfo)->contains(token))
           << name << ' ' << token;
     }
+  }
+}
+
+/// A menu of more entries is not looked through; a cleaner in no menu is not found.
+TEST_F(DefaultList, groupsAreSizedForEyesAndShowEveryCleaner) {
+  std::set<std::string> shown;
+  for (const Value& name : *list.array(listKey::automaticNames)) {
+    if (*name.string() == "Library") continue;
+    std::size_t cleaners = 0;
+    for (const std::string& token : tokensOf(*name.string())) {
+      if (isSpecial(token)) continue;
+      shown.insert(token);
+      ++cleaners;
+    }
+    EXPECT_LE(cleaners, 15u) << *name.string();
+  }
+  for (const auto& [token, info] : *list.dictionary(listKey::tokenInfo)) {
+    EXPECT_TRUE(shown.contains(std::string(token))) << std::string_view(token);
+  }
+}
+
+TEST_F(DefaultList, samplesShowWhatCleanersDo) {
+  const QFCleanerLibrary library;
+  for (const auto& [token, info] : *list.dictionary(listKey::tokenInfo)) {
+    if (token == undoToken) continue;
+    const auto sample = info.dictionary()->string(sampleKey);
+    ASSERT_TRUE(sample) << std::string_view(token);
+    const Result<std::string> cleaned = library.clean(token, *sample);
+    EXPECT_TRUE(cleaned && (*cleaned != *sample || token == "#PLAIN-TEXT"))
+        << std::string_view(token);
+  }
+}
+
+TEST_F(DefaultList, isWholeInGerman) {
+  const Result<StringTable> german = StringTable::read(contents(QF_GERMAN_CLEANERS));
+  ASSERT_TRUE(german) << german.error().localizedDescription;
+  std::set<std::string> names;
+  for (const auto& [token, info] : *list.dictionary(listKey::tokenInfo)) {
+    const auto name = german->find(token);
+    EXPECT_TRUE(name && names.emplace(*name).second) << std::string_view(token);
+    EXPECT_TRUE(german->find(std::string(token) + " description")) << std::string_view(token);
+  }
+  const Dictionary localized = localizedList(list, *german);
+  EXPECT_EQ(localized.dictionary(listKey::tokenInfo)->dictionary("#TRIM")->string(listKey::name),
+            german->find("#TRIM"));
+  for (const Value& name : *list.array(listKey::automaticNames)) {
+    for (const std::string& token : tokensOf(*name.string())) {
+      EXPECT_TRUE(!token.starts_with(specialToken::labelPrefix) || german->find(token)) << token;
+    }
+  }
+}
+
+TEST_F(DefaultList, encodingsAreThoseThatFilesCanHave) {
+  const Array& encodings = *list.array(listKey::textEncoding);
+  EXPECT_GE(encodings.size(), 40u);
+  for (const Value& entry : encodings) {
+    const std::string_view text = *entry.string();
+    const std::size_t open = text.find('(');
+    const std::string name(text.substr(open + 1, text.size() - open - 2));
+    const Result<Data> bytes = encodeText("Text", {name, ""});
+    ASSERT_TRUE(bytes) << text;
+    const Result<EncodedText> back = decodeText(*bytes, name);
+    EXPECT_TRUE(back && back->text == "Text") << text;
   }
 }
 
