@@ -24,7 +24,8 @@ struct EncodedText {
 };
 
 /// Reads text as UTF-8, with or without mark, UTF-16 or UTF-32 with one; without a mark in
-/// `fallback` where that is given. Fails when the bytes are none of these, or hold a NUL: they are not text.
+/// `fallback` where that is given. Fails when the bytes are none of these, or hold a NUL: they are
+/// not text.
 Result<EncodedText> decodeText(std::span<const std::uint8_t> bytes, std::string_view fallback = {});
 
 /// The same way back. Fails for a character that the encoding does not have.
