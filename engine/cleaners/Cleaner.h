@@ -15,10 +15,14 @@ namespace qf {
 /// the text then stays as it was.
 using CleanerFunction = std::function<Result<std::string>(std::string_view text)>;
 
+/// What a cleaner has to see at once. A long text goes through one of lines in pieces.
+enum class CleanerScope { text, line };
+
 /// A built-in cleaner under the token that lists and commands name it by.
 struct Cleaner {
   std::string_view token;
   CleanerFunction clean;
+  CleanerScope scope = CleanerScope::text;
   /// Whether it is applied for this, and so counts also where the text itself stays.
   bool removesFormatting = false;
 };

@@ -227,7 +227,7 @@ CleanerTable extractCleaners() {
       {"#EXTRACT-PHONE-NUMBERS", extractPhoneNumbers},
       {"#FORMAT-PHONE-NUMBERS", formatPhoneNumbers},
       {"#DATES-TO-ISO", datesToISO},
-      {"#REMOVE-TRACKING", removeTracking},
+      {"#REMOVE-TRACKING", removeTracking, CleanerScope::line},
       {"#REMOVE-URLS", removeWebAddresses},
   };
 }

@@ -240,18 +240,18 @@ Result<std::string> slug(std::string_view text) {
 
 CleanerTable letterCaseCleaners() {
   return {
-      {"#UPPERCASE", uppercased},
-      {"#LOWERCASE", lowercased},
-      {"#TITLECASE", titleCase},
-      {"#CAPITALIZE", capitalizeWords},
+      {"#UPPERCASE", uppercased, CleanerScope::line},
+      {"#LOWERCASE", lowercased, CleanerScope::line},
+      {"#TITLECASE", titleCase, CleanerScope::line},
+      {"#CAPITALIZE", capitalizeWords, CleanerScope::line},
       {"#SENTENCECASE", sentenceCase},
-      {"#SWAPCASE", swapCase},
-      {"#CAMELCASE", identifierCase(Joint::camel)},
-      {"#PASCALCASE", identifierCase(Joint::pascal)},
-      {"#SNAKECASE", identifierCase(Joint::snake)},
-      {"#KEBABCASE", identifierCase(Joint::kebab)},
+      {"#SWAPCASE", swapCase, CleanerScope::line},
+      {"#CAMELCASE", identifierCase(Joint::camel), CleanerScope::line},
+      {"#PASCALCASE", identifierCase(Joint::pascal), CleanerScope::line},
+      {"#SNAKECASE", identifierCase(Joint::snake), CleanerScope::line},
+      {"#KEBABCASE", identifierCase(Joint::kebab), CleanerScope::line},
       {"#SLUG", slug},
-      {"#CONSTANTCASE", identifierCase(Joint::constant)},
+      {"#CONSTANTCASE", identifierCase(Joint::constant), CleanerScope::line},
   };
 }
 

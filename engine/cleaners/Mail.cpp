@@ -114,9 +114,9 @@ std::string removeSignature(std::string_view text) {
 
 CleanerTable mailCleaners() {
   return {
-      {"#QUOTE", quote},
-      {"#UNQUOTE", unquote},
-      {"#UNQUOTE-ALL", unquoteAll},
+      {"#QUOTE", quote, CleanerScope::line},
+      {"#UNQUOTE", unquote, CleanerScope::line},
+      {"#UNQUOTE-ALL", unquoteAll, CleanerScope::line},
       {"#UNWRAP-QUOTED", unwrapQuoted},
       {"#REWRAP-QUOTED", rewrapQuoted},
       {"#REMOVE-QUOTED", removeQuoted},

@@ -179,15 +179,15 @@ CleanerTable punctuationCleaners() {
       {"#CURLY-QUOTES-GERMAN", quotes({"„", "“", "‚", "‘"})},
       {"#CURLY-QUOTES-FRENCH", quotes({"«\u202F", "\u202F»", "‹\u202F", "\u202F›"})},
       {"#DASHES", typographicDashes},
-      {"#PLAIN-DASHES", plainDashes},
-      {"#ELLIPSES", typographicEllipses},
-      {"#PLAIN-ELLIPSES", plainEllipses},
+      {"#PLAIN-DASHES", plainDashes, CleanerScope::line},
+      {"#ELLIPSES", typographicEllipses, CleanerScope::line},
+      {"#PLAIN-ELLIPSES", plainEllipses, CleanerScope::line},
       {"#ASCII-PUNCTUATION", asciiPunctuation},
       {"#PUNCTUATION-SPACING", tidySpacing},
       {"#SPACE-AFTER-PUNCTUATION", spaceAfterPunctuation},
-      {"#COLLAPSE-MARKS", collapseMarks},
-      {"#REMOVE-PUNCTUATION", removePunctuation},
-      {"#EXPAND-LIGATURES", expandLigatures},
+      {"#COLLAPSE-MARKS", collapseMarks, CleanerScope::line},
+      {"#REMOVE-PUNCTUATION", removePunctuation, CleanerScope::line},
+      {"#EXPAND-LIGATURES", expandLigatures, CleanerScope::line},
   };
 }
 

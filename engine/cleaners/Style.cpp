@@ -90,7 +90,7 @@ std::string plainText(std::string_view text) { return std::string(text); }
 CleanerTable styleCleaners() {
   return {
       {"#SCRUB", scrub},
-      {"#PLAIN-TEXT", plainText, true},
+      {"#PLAIN-TEXT", plainText, CleanerScope::text, true},
   };
 }
 

@@ -149,19 +149,19 @@ std::string halfWidth(std::string_view text) {
 
 CleanerTable unicodeCleaners() {
   return {
-      {"#NFC", normalize(icu::Normalizer2::getNFCInstance)},
-      {"#NFD", normalize(icu::Normalizer2::getNFDInstance)},
-      {"#NFKC", normalize(icu::Normalizer2::getNFKCInstance)},
-      {"#STRIP-ACCENTS", stripAccents},
+      {"#NFC", normalize(icu::Normalizer2::getNFCInstance), CleanerScope::line},
+      {"#NFD", normalize(icu::Normalizer2::getNFDInstance), CleanerScope::line},
+      {"#NFKC", normalize(icu::Normalizer2::getNFKCInstance), CleanerScope::line},
+      {"#STRIP-ACCENTS", stripAccents, CleanerScope::line},
       {"#TO-ASCII", transliterateToASCII},
       {"#REMOVE-NON-ASCII", removeNonASCII},
-      {"#HALF-WIDTH", halfWidth},
+      {"#HALF-WIDTH", halfWidth, CleanerScope::line},
       {"#REMOVE-EMOJI", removeEmoji},
-      {"#REMOVE-CONTROL", removeControl},
-      {"#REMOVE-FORMAT", removeFormat},
-      {"#MEND-ENCODING", mendMojibake},
-      {"#ESCAPE-UNICODE", escapeNonASCII},
-      {"#UNESCAPE-UNICODE", unescapeUnicode},
+      {"#REMOVE-CONTROL", removeControl, CleanerScope::line},
+      {"#REMOVE-FORMAT", removeFormat, CleanerScope::line},
+      {"#MEND-ENCODING", mendMojibake, CleanerScope::line},
+      {"#ESCAPE-UNICODE", escapeNonASCII, CleanerScope::line},
+      {"#UNESCAPE-UNICODE", unescapeUnicode, CleanerScope::line},
   };
 }
 

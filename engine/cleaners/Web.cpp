@@ -179,8 +179,8 @@ CleanerTable webCleaners() {
       {"#TEXT-TO-HTML", textToHTML},
       {"#MARKDOWN-TO-TEXT", markdownToText},
       {"#MARKDOWN-TO-HTML", markdownToHTML},
-      {"#ENCODE-ENTITIES", encodedEntities},
-      {"#DECODE-ENTITIES", decodedEntities},
+      {"#ENCODE-ENTITIES", encodedEntities, CleanerScope::line},
+      {"#DECODE-ENTITIES", decodedEntities, CleanerScope::line},
       {"#URL-ENCODE", percentEncode},
       {"#URL-DECODE", percentDecode},
   };

@@ -132,19 +132,19 @@ std::string oneFinalLineEnd(std::string_view text) {
 CleanerTable whiteSpaceCleaners() {
   return {
       {"#TRIM", trimEnds},
-      {"#TRIM-LINES", trimLines},
-      {"#TRIM-LINE-ENDS", trimLineEnds},
-      {"#COLLAPSE-SPACES", collapseSpaces},
-      {"#PLAIN-SPACES", plainSpaces},
-      {"#REMOVE-SPACES", removeWhiteSpace},
-      {"#REMOVE-INVISIBLE", removeInvisible},
-      {"#TABS-TO-SPACES", tabsToSpaces},
-      {"#SPACES-TO-TABS", spacesToTabs},
-      {"#REMOVE-BLANK-LINES", removeBlankLines},
+      {"#TRIM-LINES", trimLines, CleanerScope::line},
+      {"#TRIM-LINE-ENDS", trimLineEnds, CleanerScope::line},
+      {"#COLLAPSE-SPACES", collapseSpaces, CleanerScope::line},
+      {"#PLAIN-SPACES", plainSpaces, CleanerScope::line},
+      {"#REMOVE-SPACES", removeWhiteSpace, CleanerScope::line},
+      {"#REMOVE-INVISIBLE", removeInvisible, CleanerScope::line},
+      {"#TABS-TO-SPACES", tabsToSpaces, CleanerScope::line},
+      {"#SPACES-TO-TABS", spacesToTabs, CleanerScope::line},
+      {"#REMOVE-BLANK-LINES", removeBlankLines, CleanerScope::line},
       {"#COLLAPSE-BLANK-LINES", collapseBlankLines},
       {"#FINAL-LINE-END", oneFinalLineEnd},
-      {"#LINE-ENDS-UNIX", unixLineEnds},
-      {"#LINE-ENDS-WINDOWS", windowsLineEnds},
+      {"#LINE-ENDS-UNIX", unixLineEnds, CleanerScope::line},
+      {"#LINE-ENDS-WINDOWS", windowsLineEnds, CleanerScope::line},
   };
 }
 

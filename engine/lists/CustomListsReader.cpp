@@ -180,8 +180,8 @@ class Reader {
                                             : std::optional<std::string>("");
       if (!token) return;
       if (hasControlCharacter(*token)) return fault(itemPlace, "has a control character in it");
-      const bool isKnown = _builtIn.contains(*token) || *token == undoToken || isSpecial(*token) ||
-                           _tokens.contains(*token);
+      const bool isKnown = _builtIn.contains(*token) || cleanerWithArgument(*token) ||
+                           *token == undoToken || isSpecial(*token) || _tokens.contains(*token);
       if (!isKnown) fault(itemPlace, "there is no cleaner \"" + *token + '"');
       if (token->empty()) return;
       group.entries.push_back({*token, item.is_object() ? color(item, itemPlace) : "", isKnown});

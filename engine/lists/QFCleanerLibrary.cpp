@@ -12,6 +12,7 @@ QFCleanerLibrary::QFCleanerLibrary() {
         letterCaseCleaners, unicodeCleaners, webCleaners, extractCleaners, dataCleaners}) {
     for (Cleaner& cleaner : table()) {
       if (cleaner.removesFormatting) _formattingRemovers.emplace(cleaner.token);
+      if (cleaner.scope == CleanerScope::line) _byLine.emplace(cleaner.token);
       _builtIn.emplace(cleaner.token, std::move(cleaner.clean));
     }
   }

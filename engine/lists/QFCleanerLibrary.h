@@ -28,6 +28,8 @@ class QFCleanerLibrary {
   Result<std::string> clean(std::string_view token, std::string_view bytes) const;
 
   bool knows(std::string_view token) const;
+  /// Whether a text comes out the same when it is cleaned in pieces of whole lines.
+  bool worksByLine(std::string_view token) const { return _byLine.contains(token); }
   const Cleaners& builtInCleaners() const { return _builtIn; }
   /// Replaces the person's own; a built-in cleaner of the same token wins.
   void setCustomCleaners(Cleaners cleaners, Tokens formattingRemovers = {}) {
@@ -41,6 +43,7 @@ class QFCleanerLibrary {
 
  private:
   Cleaners _builtIn;
+  std::set<std::string, std::less<>> _byLine;
   Cleaners _custom;
   Tokens _formattingRemovers;  ///< among the built-in ones
   Tokens _customFormattingRemovers;

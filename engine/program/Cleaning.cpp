@@ -4,7 +4,11 @@
 namespace qf {
 
 std::string refusalText(std::string_view cleanerName, std::string_view reason) {
-  return std::string(cleanerName) + ": " + std::string(reason) + ". The text was left as it was.";
+  return leftAsItWas(std::string(cleanerName) + ": " + std::string(reason));
+}
+
+std::string leftAsItWas(std::string_view reason) {
+  return std::string(reason) + ". The text was left as it was.";
 }
 
 }  // namespace qf

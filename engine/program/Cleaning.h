@@ -22,5 +22,7 @@ struct Cleaning {
 
 /// What a person reads where a cleaner left a text as it was: "Trim: why. The text was ...".
 std::string refusalText(std::string_view cleanerName, std::string_view reason);
+/// The same for a reason that names the cleaner already.
+std::string leftAsItWas(std::string_view reason);
 
 }  // namespace qf

@@ -5,7 +5,10 @@
 #include <optional>
 #include <string_view>
 
+#include "engine/cleaners/Cleaner.h"
 #include "foundation/Error.h"
+#include "foundation/Result.h"
+#include "foundation/Value.h"
 
 namespace qf {
 
@@ -24,6 +27,13 @@ class QFFileCleaner {
   [[nodiscard]] std::optional<Error> clean(const std::filesystem::path& path,
                                            std::string_view token,
                                            std::string_view encoding = {}) const;
+  /// The same with any function.
+  [[nodiscard]] static std::optional<Error> clean(const FileManager& fileManager,
+                                                  const std::filesystem::path& path,
+                                                  const CleanerFunction& cleaner,
+                                                  std::string_view encoding);
+
+  static Result<Data> contents(const FileManager& fileManager, const std::filesystem::path& path);
 
  private:
   const FileManager& _fileManager;

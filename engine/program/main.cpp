@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <QCoreApplication>
 #include <iostream>
+#include <thread>
 
 #include "engine/lists/CustomFilePath.h"
 #include "engine/lists/CustomListsReader.h"
 #include "engine/lists/ListData.h"
 #include "engine/lists/QFCustomFile.h"
 #include "engine/lists/QFListPublisher.h"
+#include "engine/program/CleanerChain.h"
+#include "engine/program/CleanerNames.h"
 #include "engine/program/CommandLine.h"
 #include "engine/program/EngineHost.h"
-#include "engine/program/QFPasteboardCleaner.h"
 #include "engine/program/RunEngine.h"
 #include "engine/program/Scripts.h"
 #include "foundation/Log.h"
@@ -42,11 +44,27 @@ int clean(const qf::CommandLine& commandLine) {
   const qf::XdgFileManager fileManager;
   qf::CustomLists lists;
   const qf::QFCleanerLibrary library = wholeLibrary(fileManager, lists);
-  if (commandLine.files.empty()) {
-    return qf::cleanStream(library, commandLine.token, wholeList(fileManager, lists), std::cin,
-                           std::cout);
+  const qf::Dictionary listData = wholeList(fileManager, lists);
+  const qf::CleanerNames names(listData, library);
+  const auto tokens = names.leadingTokens(commandLine.words);
+  if (tokens.empty()) {
+    qf::log("there is no cleaner \"" + commandLine.words.front() + '"');
+    return 1;
   }
-  return qf::cleanFiles(library, fileManager, commandLine.token, commandLine.files);
+  const qf::CleanerChain chain(library, tokens, [&listData](std::string_view token) {
+    return qf::cleanerName(listData, token);
+  });
+  std::vector<std::string> files(
+      commandLine.words.begin() + static_cast<std::ptrdiff_t>(tokens.size()),
+      commandLine.words.end());
+  files.insert(files.end(), commandLine.files.begin(), commandLine.files.end());
+  if (files.empty()) return qf::cleanStream(chain, commandLine.encoding, std::cin, std::cout);
+  if (!commandLine.inPlace) {
+    return qf::cleanFilesTo(std::cout, chain, fileManager, commandLine.encoding, files);
+  }
+  const unsigned processors = std::thread::hardware_concurrency();
+  return qf::cleanFilesInPlace(chain, fileManager, commandLine.encoding, files,
+                               commandLine.jobs > 0 ? commandLine.jobs : processors);
 }
 
 /// Notes why the engine left the clipboard as it was.
@@ -62,12 +80,14 @@ class RefusalListener final : public qf::EventHintsExchange {
 };
 
 /// Sends the engine the command, starting it where it does not run.
-int cleanClipboard(int argc, char** argv, const std::string& token) {
+int cleanClipboard(int argc, char** argv, const std::string& name) {
   QCoreApplication application(argc, argv);
   qf::EngineHost host;
   qf::CustomLists lists;
-  if (token != qf::undoToken && !wholeLibrary(host.fileManager, lists).knows(token)) {
-    qf::log("there is no cleaner \"" + token + '"');
+  const qf::QFCleanerLibrary library = wholeLibrary(host.fileManager, lists);
+  const auto token = qf::CleanerNames(wholeList(host.fileManager, lists), library).token(name);
+  if (!token) {
+    qf::log("there is no cleaner \"" + name + '"');
     return 1;
   }
   int exitCode = 0;
@@ -85,17 +105,19 @@ int cleanClipboard(int argc, char** argv, const std::string& token) {
   qf::QFAgent agent(
       {host.appleEvents, host.bundle, host.notifications, host.fileManager, host.workspace});
   agent.setupConnection();
-  agent.cleanClipboardWithCleaner(token);
+  agent.cleanClipboardWithCleaner(*token);
   if (listener.reason) fail(*listener.reason);
   host.appleEvents.setHintsExchange(nullptr);
   return exitCode;
 }
 
-int list() {
+int list(bool asJSON) {
   const qf::XdgFileManager fileManager;
   qf::CustomLists lists;
   wholeLibrary(fileManager, lists);
-  return qf::listCleaners(wholeList(fileManager, lists), std::cout);
+  const qf::Dictionary listData = wholeList(fileManager, lists);
+  return asJSON ? qf::listCleanersAsJSON(listData, std::cout)
+                : qf::listCleaners(listData, std::cout);
 }
 
 }  // namespace
@@ -115,11 +137,11 @@ int main(int argc, char** argv) {
       std::cout << "quenfold " QF_VERSION "\n";
       return 0;
     case Mode::list:
-      return list();
+      return list(commandLine->asJSON);
     case Mode::clean:
       return clean(*commandLine);
     case Mode::cleanClipboard:
-      return cleanClipboard(argc, argv, commandLine->token);
+      return cleanClipboard(argc, argv, commandLine->words.front());
     case Mode::window:
       return qf::runEngine(argc, argv, qf::FirstShown::window);
     case Mode::agent:
