@@ -3,6 +3,8 @@
 
 #include <unicode/uchar.h>
 
+#include <algorithm>
+
 #include "engine/cleaners/CodePoints.h"
 
 namespace qf {
@@ -51,6 +53,7 @@ bool isInvisible(char32_t character) {
 }  // namespace
 
 std::string removeInvisible(std::string_view text) {
+  if (isASCII(text)) return std::string(text);
   char32_t previous = 0;
   return mapCodePoints(text, [&previous](char32_t character) -> std::optional<char32_t> {
     if (isInvisible(character)) return std::nullopt;
@@ -62,6 +65,11 @@ std::string removeInvisible(std::string_view text) {
 }
 
 std::string removeControl(std::string_view text) {
+  const bool hasNone = std::all_of(text.begin(), text.end(), [](char byte) {
+    const auto value = static_cast<unsigned char>(byte);
+    return (value >= 0x20 && value < 0x7F) || byte == '\n' || byte == '\t' || byte == '\r';
+  });
+  if (hasNone) return std::string(text);
   return mapCodePoints(text, [](char32_t character) -> std::optional<char32_t> {
     const bool stays = character == '\t' || character == '\n' || character == '\r';
     if (!stays && u_iscntrl(static_cast<UChar32>(character)) &&

@@ -90,6 +90,23 @@ bool hasInnerCapital(std::string_view word) {
   return false;
 }
 
+/// A line of ASCII, which most are, needs no rules of Unicode.
+template <class Map>
+std::string mapCase(std::string_view text, char first, char last, Map&& map) {
+  return mapLines(text, [&](std::string_view line) {
+    if (!isASCII(line)) return map(line);
+    std::string result(line);
+    for (char& character : result) {
+      const bool changes = character >= first && character <= last;
+      character = static_cast<char>(character ^ (changes ? 0x20 : 0));
+    }
+    return result;
+  });
+}
+
+std::string upperCase(std::string_view text) { return mapCase(text, 'a', 'z', uppercased); }
+std::string lowerCase(std::string_view text) { return mapCase(text, 'A', 'Z', lowercased); }
+
 std::string capitalizeWords(std::string_view text) {
   std::string result;
   result.reserve(text.size());
@@ -240,8 +257,8 @@ Result<std::string> slug(std::string_view text) {
 
 CleanerTable letterCaseCleaners() {
   return {
-      {"#UPPERCASE", uppercased, CleanerScope::line},
-      {"#LOWERCASE", lowercased, CleanerScope::line},
+      {"#UPPERCASE", upperCase, CleanerScope::line},
+      {"#LOWERCASE", lowerCase, CleanerScope::line},
       {"#TITLECASE", titleCase, CleanerScope::line},
       {"#CAPITALIZE", capitalizeWords, CleanerScope::line},
       {"#SENTENCECASE", sentenceCase},

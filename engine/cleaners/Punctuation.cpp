@@ -166,6 +166,7 @@ std::string tidyPunctuationSpacing(std::string_view text, MarksToTidy marksToTid
 }
 
 std::string expandLigatures(std::string_view text) {
+  if (text.find("\xEF\xAC") == std::string_view::npos) return std::string(text);
   return replaceCharacters(text, [](char32_t character) -> const char* {
     static constexpr const char* parts[] = {"ff", "fi", "fl", "ffi", "ffl", "st", "st"};
     return character >= 0xFB00 && character <= 0xFB06 ? parts[character - 0xFB00] : nullptr;

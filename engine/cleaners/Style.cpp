@@ -17,6 +17,7 @@ constexpr std::string_view signatureSeparator = "-- ";
 /// Blanks of any width become plain ones, but for those that French has inside of guillemets and
 /// before some marks.
 std::string plainSpacesInProse(std::string_view text) {
+  if (isASCII(text)) return std::string(text);
   std::string result;
   result.reserve(text.size());
   for (std::size_t position = 0; position < text.size();) {
@@ -67,12 +68,20 @@ std::string tidyLines(std::string_view text) {
   return result;
 }
 
+/// What is done to single characters. Most lines are ASCII and have nothing to change.
+std::string cleanCharacters(std::string_view text) {
+  return mapLines(text, [](std::string_view line) {
+    std::string result = removeControl(line);
+    if (isASCII(result)) return result;
+    return expandLigatures(plainSpacesInProse(removeInvisible(result)));
+  });
+}
+
 /// The all-round clean-up of copied prose: nothing of the words changes. Every step is idempotent,
 /// and none brings back what an earlier one took away, so the whole is too.
 std::string scrub(std::string_view text) {
   std::string result = unixLineEnds(text);
-  for (std::string (*step)(std::string_view) : {removeControl, removeInvisible, plainSpacesInProse,
-                                                expandLigatures, tidyLines, collapseBlankLines}) {
+  for (std::string (*step)(std::string_view) : {cleanCharacters, tidyLines, collapseBlankLines}) {
     result = step(result);
   }
   // A text keeps its first indentation and whether it ends with a line end.

@@ -1,20 +1,32 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/cleaners/TextLines.h"
 
+#include <algorithm>
+
 #include "engine/cleaners/CodePoints.h"
 
 namespace qf {
 
 bool TextLine::isBlank() const { return trimmedStart(text, isWhiteSpace).empty(); }
 
+bool LineReader::next(TextLine& line) {
+  if (_position >= _text.size()) return false;
+  // Each is looked for alone, since that is fast, and again only when it has been passed.
+  if (_isFresh || _lineFeed < _position) _lineFeed = _text.find('\n', _position);
+  if (_isFresh || _carriageReturn < _position) _carriageReturn = _text.find('\r', _position);
+  _isFresh = false;
+  const std::size_t end = std::min({_lineFeed, _carriageReturn, _text.size()});
+  const bool isPair = end == _carriageReturn && _lineFeed == end + 1;
+  const std::size_t length = end == _text.size() ? 0 : isPair ? 2 : 1;
+  line = {_text.substr(_position, end - _position), _text.substr(end, length)};
+  _position = end + length;
+  return true;
+}
+
 std::vector<TextLine> textLines(std::string_view text) {
   std::vector<TextLine> lines;
-  for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = std::min(text.find_first_of("\r\n", start), text.size());
-    const std::size_t length = end == text.size() ? 0 : (text.substr(end, 2) == "\r\n" ? 2 : 1);
-    lines.push_back({text.substr(start, end - start), text.substr(end, length)});
-    start = end + length;
-  }
+  LineReader reader(text);
+  for (TextLine line; reader.next(line);) lines.push_back(line);
   return lines;
 }
 

@@ -15,6 +15,22 @@ struct TextLine {
   bool isBlank() const;
 };
 
+/// Goes through the lines of a text, which has to outlive it.
+class LineReader {
+ public:
+  explicit LineReader(std::string_view text) : _text(text) {}
+
+  /// The next line; false behind the last.
+  bool next(TextLine& line);
+
+ private:
+  std::string_view _text;
+  std::size_t _position = 0;
+  std::size_t _lineFeed = 0;  ///< the next ones at or behind the position, once looked for
+  std::size_t _carriageReturn = 0;
+  bool _isFresh = true;
+};
+
 /// The lines of a text, pointing into it. An empty text has none; a final line end begins no other.
 std::vector<TextLine> textLines(std::string_view text);
 
@@ -26,7 +42,8 @@ template <class Function>
 std::string mapLines(std::string_view text, Function&& function) {
   std::string result;
   result.reserve(text.size());
-  for (const TextLine& line : textLines(text)) {
+  LineReader lines(text);
+  for (TextLine line; lines.next(line);) {
     result.append(function(line.text));
     result.append(line.ending);
   }

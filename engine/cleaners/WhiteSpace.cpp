@@ -18,8 +18,19 @@ std::string trimLineEnds(std::string_view text) {
   return mapLines(text, [](std::string_view line) { return trimmedEnd(line); });
 }
 
+namespace {
+
+/// Whether there is nothing but ASCII, and no blanks but single spaces.
+bool hasSingleSpaces(std::string_view line) {
+  return isASCII(line) && line.find('\t') == std::string_view::npos &&
+         line.find("  ") == std::string_view::npos;
+}
+
+}  // namespace
+
 std::string collapseSpaces(std::string_view text) {
   return mapLines(text, [](std::string_view line) {
+    if (hasSingleSpaces(line)) return std::string(line);
     const std::string_view body = trimmedStart(line);
     std::string result(line.substr(0, line.size() - body.size()));
     bool afterBlank = false;
@@ -43,7 +54,8 @@ std::string plainSpaces(std::string_view text) {
 std::string unixLineEnds(std::string_view text) {
   std::string result;
   result.reserve(text.size());
-  for (const TextLine& line : textLines(text)) {
+  LineReader lines(text);
+  for (TextLine line; lines.next(line);) {
     result.append(line.text);
     if (!line.ending.empty()) result.push_back('\n');
   }
@@ -56,8 +68,10 @@ std::string unixLineEnds(std::string_view text) {
 
 std::string collapseBlankLines(std::string_view text) {
   std::string result;
+  result.reserve(text.size());
   bool afterBlank = false;
-  for (const TextLine& line : textLines(text)) {
+  LineReader lines(text);
+  for (TextLine line; lines.next(line);) {
     const bool blank = line.isBlank();
     if (!blank) result.append(line.text);
     if (!(blank && afterBlank)) result.append(line.ending);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "engine/lists/CustomListsReader.h"
+#include "engine/lists/ListData.h"
 #include "engine/lists/QFListPublisher.h"
 #include "engine/program/QFPasteboardCleaner.h"
 #include "hosts/qt/QtText.h"
@@ -97,6 +98,10 @@ QString PersonalLists::nameOf(std::string_view token) const {
 QString PersonalLists::descriptionOf(std::string_view token) const {
   if (const CustomCleaner* own = cleaner(token)) return toQString(own->description);
   return toQString(infoText(token, listKey::description).value_or(""));
+}
+
+std::string PersonalLists::sampleOf(std::string_view token) const {
+  return std::string(infoText(token, sampleKey).value_or(""));
 }
 
 /// What was shown too early goes back.

@@ -34,6 +34,8 @@ class PersonalLists final : public QObject {
   std::vector<std::string> builtInTokens() const;
   QString nameOf(std::string_view token) const;
   QString descriptionOf(std::string_view token) const;
+  /// A text that shows what a built-in cleaner does; empty where there is none.
+  std::string sampleOf(std::string_view token) const;
 
   // Each reads the file, changes it and reads it again; the answer says why it stayed as it was.
   // Reading replaces what `lists` and the like refer to, and `changed` may reach the caller.

@@ -105,6 +105,7 @@ void CleanersPage::tryCurrent() {
   const std::string token = _finder->currentToken();
   const auto& builtIn = _lists.builtIn().builtInCleaners();
   if (const auto found = builtIn.find(token); found != builtIn.end()) {
+    _trial->setSample(_lists.sampleOf(token));
     return _trial->setCleaner(found->second);
   }
   const auto own = _editor->cleaner();

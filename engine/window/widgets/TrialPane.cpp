@@ -2,14 +2,16 @@
 #include "engine/window/widgets/TrialPane.h"
 
 #include <QGridLayout>
+#include <QTextBlock>
 #include <utility>
 
+#include "engine/window/models/TextChanges.h"
 #include "hosts/qt/Reasons.h"
 
 namespace qf {
 
 TrialPane::TrialPane(QWidget* parent) : QWidget(parent) {
-  _sample->setText(tr("  Some   text to try,\nwith “quotes” — and\tmore.  ").toStdString());
+  setSample({});
   layOut();
   connect(_sample, &QPlainTextEdit::textChanged, this, &TrialPane::run);
   connect(&_trial, &CleanerTrial::finished, this, [this](const auto& result, const auto& problem) {
@@ -48,6 +50,15 @@ void TrialPane::setCleaner(CleanerFunction clean, const QString& reason) {
   run();
 }
 
+void TrialPane::setSample(std::string sample) {
+  if (sample.empty()) {
+    sample = tr("  Some   text to try,\nwith “quotes” — and\tmore.  ").toStdString();
+  }
+  if (_sample->text() != _given) return;
+  _given = std::move(sample);
+  _sample->setText(_given);
+}
+
 void TrialPane::run() {
   if (!_clean) return show({}, _reason);
   _trial.run(_clean, _sample->text());
@@ -55,8 +66,25 @@ void TrialPane::run() {
 
 void TrialPane::show(const QString& result, const QString& problem) {
   _result->setText(result.toStdString());
+  markChanges();
   _problem->setText(problem);
   _problem->setVisible(!problem.isEmpty());
+}
+
+void TrialPane::markChanges() {
+  QList<QTextEdit::ExtraSelection> marks;
+  const QString before = _sample->document()->toRawText(), after = _result->document()->toRawText();
+  QColor color = palette().color(QPalette::Highlight);
+  color.setAlphaF(0.3F);
+  for (const ChangedPart& part : changedParts(before, after)) {
+    QTextEdit::ExtraSelection mark;
+    mark.cursor = QTextCursor(_result->document());
+    mark.cursor.setPosition(part.start);
+    mark.cursor.setPosition(part.start + part.length, QTextCursor::KeepAnchor);
+    mark.format.setBackground(color);
+    marks.append(mark);
+  }
+  _result->setExtraSelections(marks);
 }
 
 }  // namespace qf
