@@ -3,24 +3,12 @@
 
 #include <unicode/uchar.h>
 
-#include <cstring>
+#include "foundation/Unicode.h"
 
 namespace qf {
 namespace {
 
 UChar32 icuCharacter(char32_t character) { return static_cast<UChar32>(character); }
-
-/// Where the bytes from the position on are no longer ASCII, by eight at a time.
-std::size_t asciiEnd(std::string_view text, std::size_t position) {
-  constexpr std::uint64_t highBits = 0x8080808080808080;
-  std::uint64_t bytes = 0;
-  for (; position + sizeof bytes <= text.size(); position += sizeof bytes) {
-    std::memcpy(&bytes, text.data() + position, sizeof bytes);
-    if (bytes & highBits) break;
-  }
-  while (position < text.size() && static_cast<unsigned char>(text[position]) < 0x80) ++position;
-  return position;
-}
 
 }  // namespace
 
@@ -110,18 +98,7 @@ std::string validUTF8(std::string_view bytes) {
   return result;
 }
 
-bool isValidUTF8(std::string_view bytes) {
-  const auto* start = reinterpret_cast<const std::uint8_t*>(bytes.data());
-  for (std::size_t position = asciiEnd(bytes, 0); position < bytes.size();
-       position = asciiEnd(bytes, position)) {
-    UChar32 character = 0;
-    U8_NEXT(start, position, bytes.size(), character);
-    if (character < 0) return false;
-  }
-  return true;
-}
-
-bool isASCII(std::string_view text) { return asciiEnd(text, 0) == text.size(); }
+bool isValidUTF8(std::string_view bytes) { return !invalidUTF8Offset(bytes); }
 
 std::string replacedAll(std::string_view text, std::string_view what, std::string_view with) {
   std::string result;

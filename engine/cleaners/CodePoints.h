@@ -62,9 +62,6 @@ std::string_view trimmedStart(std::string_view text, bool (*drops)(char32_t) = i
 std::string_view trimmedEnd(std::string_view text, bool (*drops)(char32_t) = isBlank);
 std::string_view trimmed(std::string_view text, bool (*drops)(char32_t) = isBlank);
 
-/// Whether each byte is below 0x80. Much faster than a look at each character.
-bool isASCII(std::string_view text);
-
 /// How many characters a person counts: code points less combining marks.
 std::size_t visibleLength(std::string_view text);
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "engine/cleaners/CodePoints.h"
+#include "foundation/Unicode.h"
 
 namespace qf {
 namespace {

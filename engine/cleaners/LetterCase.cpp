@@ -16,6 +16,7 @@
 #include "engine/cleaners/TextLines.h"
 #include "engine/cleaners/Transliteration.h"
 #include "foundation/Text.h"
+#include "foundation/Unicode.h"
 
 namespace qf {
 namespace {

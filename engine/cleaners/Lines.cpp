@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <unicode/coll.h>
-#include <unicode/tblcoll.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -13,6 +11,7 @@
 #include "engine/cleaners/DelimitedText.h"
 #include "engine/cleaners/Escapes.h"
 #include "engine/cleaners/Hyphenation.h"
+#include "engine/cleaners/LineOrder.h"
 #include "engine/cleaners/Paragraphs.h"
 #include "engine/cleaners/Sentences.h"
 #include "engine/cleaners/TextLines.h"
@@ -28,30 +27,19 @@ CleanerFunction wrap(std::size_t width) {
 
 std::string unwrap(std::string_view text) { return unwrapped(text, QuotedLines::stay); }
 
-/// The order of the Unicode collation, the same on every machine; with numbers by their value.
-std::unique_ptr<icu::Collator> makeCollator() {
-  UErrorCode status = U_ZERO_ERROR;
-  std::unique_ptr<icu::Collator> collator(
-      icu::Collator::createInstance(icu::Locale::getRoot(), status));
-  if (U_FAILURE(status)) return nullptr;
-  collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
-  return collator;
-}
-
 Result<std::string> sortedLines(std::string_view text, bool descending) {
-  const std::unique_ptr<icu::Collator> collator = makeCollator();
-  if (!collator) return Error{"the rules for sorting are missing on this machine"};
-  std::vector<std::string_view> lines = lineTexts(text);
-  std::stable_sort(lines.begin(), lines.end(), [&](std::string_view a, std::string_view b) {
-    if (descending) std::swap(a, b);
-    UErrorCode status = U_ZERO_ERROR;
-    const auto piece = [](std::string_view line) {
-      return icu::StringPiece(line.data(), static_cast<int32_t>(line.size()));
-    };
-    const UCollationResult order = collator->compareUTF8(piece(a), piece(b), status);
-    return order == UCOL_EQUAL ? a < b : order == UCOL_LESS;
+  const Result<LineOrder> order = LineOrder::make();
+  if (!order) return order.error();
+  std::vector<LineOrder::Line> lines;
+  LineReader reader(text);
+  for (TextLine line; reader.next(line);) lines.push_back(order->line(line.text));
+  std::stable_sort(lines.begin(), lines.end(), [&](const auto& a, const auto& b) {
+    return descending ? order->isLess(b, a) : order->isLess(a, b);
   });
-  return joinedLines(lines, text);
+  std::vector<std::string_view> texts;
+  texts.reserve(lines.size());
+  for (const LineOrder::Line& line : lines) texts.push_back(line.text);
+  return joinedLines(texts, text);
 }
 
 Result<std::string> sortLines(std::string_view text) { return sortedLines(text, false); }

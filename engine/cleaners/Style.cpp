@@ -6,6 +6,7 @@
 #include "engine/cleaners/Punctuation.h"
 #include "engine/cleaners/TextLines.h"
 #include "engine/cleaners/WhiteSpace.h"
+#include "foundation/Unicode.h"
 
 namespace qf {
 namespace {

@@ -40,6 +40,7 @@ std::string joinedLines(const std::vector<std::string_view>& lines, std::string_
   const std::string_view ending = lineEnding(original);
   const bool endsWithEnding = original.ends_with('\n') || original.ends_with('\r');
   std::string result;
+  result.reserve(original.size() + ending.size());
   for (std::size_t i = 0; i < lines.size(); ++i) {
     result.append(lines[i]);
     if (i + 1 < lines.size() || endsWithEnding) result.append(ending);

@@ -5,6 +5,7 @@
 #include "engine/cleaners/CodePoints.h"
 #include "engine/cleaners/Invisible.h"
 #include "engine/cleaners/TextLines.h"
+#include "foundation/Unicode.h"
 
 namespace qf {
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // What holds for every cleaner, whatever the text.
 #include <gtest/gtest.h>
+#include <unicode/coll.h>
 
 #include <algorithm>
+#include <memory>
 
 #include "engine/cleaners/CodePoints.h"
+#include "engine/cleaners/TextLines.h"
 #include "engine/lists/QFCleanerLibrary.h"
 
 namespace qf {
@@ -133,6 +136,39 @@ TEST_P(EachCleaner, bearsHostileRepetition) {
     SCOPED_TRACE(piece);
     expectBounded(clean(repeated(piece, 300'000)), 300'000);
   }
+}
+
+/// Most lines are compared without ICU: their order has to be ICU's all the same.
+TEST(SortLines, sortsAsTheCollationDoes) {
+  std::string text;
+  std::uint32_t seed = 7;
+  const auto random = [&seed](std::uint32_t limit) {
+    seed = seed * 1664525 + 1013904223;
+    return (seed >> 16) % limit;
+  };
+  for (int line = 0; line < 3000; ++line) {
+    for (std::uint32_t length = random(7); length > 0; --length) {
+      const std::string_view pieces[] = {"a", "A", "b", "0", "1", "10", "-", "_", " ", "é", "\t"};
+      const std::uint32_t any = random(20);
+      text.append(any < std::size(pieces) ? std::string(pieces[any])
+                                          : std::string(1, static_cast<char>(0x20 + random(0x5F))));
+    }
+    text.push_back('\n');
+  }
+  std::vector<std::string_view> lines = lineTexts(text);
+  UErrorCode status = U_ZERO_ERROR;
+  const std::unique_ptr<icu::Collator> collator(
+      icu::Collator::createInstance(icu::Locale::getRoot(), status));
+  ASSERT_TRUE(U_SUCCESS(status));
+  collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
+  std::stable_sort(lines.begin(), lines.end(), [&](std::string_view a, std::string_view b) {
+    const auto piece = [](std::string_view line) {
+      return icu::StringPiece(line.data(), static_cast<int32_t>(line.size()));
+    };
+    const UCollationResult order = collator->compareUTF8(piece(a), piece(b), status);
+    return order == UCOL_EQUAL ? a < b : order == UCOL_LESS;
+  });
+  EXPECT_EQ(*QFCleanerLibrary().clean("#SORT-LINES", text), joinedLines(lines, text));
 }
 
 std::vector<std::string> tokens() {
