@@ -8,7 +8,7 @@ std::string refusalText(std::string_view cleanerName, std::string_view reason) {
 }
 
 std::string leftAsItWas(std::string_view reason) {
-  return std::string(reason) + ". The text was left as it was.";
+  return std::string(reason) + ". The text was left as it is.";
 }
 
 }  // namespace qf

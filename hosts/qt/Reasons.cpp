@@ -141,7 +141,7 @@ constexpr const char* known[] = {
         "Quenfold did not answer within %1 s; it may still carry out the command later"),
     QT_TRANSLATE_NOOP("qf::Reasons", "%1 cannot be started: %2"),
     QT_TRANSLATE_NOOP("qf::Reasons", "it ended before it appeared on the bus"),
-    QT_TRANSLATE_NOOP("qf::Reasons", "%1: %2. The text was left as it was."),
+    QT_TRANSLATE_NOOP("qf::Reasons", "%1: %2. The text was left as it is."),
     QT_TRANSLATE_NOOP("qf::Reasons", "the clipboard holds a password or another secret"),
     QT_TRANSLATE_NOOP("qf::Reasons", "there is no cleaning to undo"),
     QT_TRANSLATE_NOOP("qf::Reasons", "what was copied is not the result of the last cleaning"),

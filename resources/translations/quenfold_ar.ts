@@ -837,6 +837,7 @@
     </message>
     <message>
         <source>%1: %2. The text was left as it was.</source>
+        <source>%1: %2. The text was left as it is.</source>
         <translation>%1: %2. بقي النص كما كان.</translation>
     </message>
     <message>

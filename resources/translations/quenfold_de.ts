@@ -841,6 +841,7 @@
     </message>
     <message>
         <source>%1: %2. The text was left as it was.</source>
+        <source>%1: %2. The text was left as it is.</source>
         <translation>%1: %2. Der Text blieb, wie er war.</translation>
     </message>
     <message>
@@ -882,6 +883,12 @@
     <message>
         <source>the application that copied it does not hand over the text on the clipboard</source>
         <translation>die Anwendung, aus der kopiert wurde, gibt den Text in der Zwischenablage nicht heraus</translation>
+        <source>it offers no Paste to other programs; show its menu bar if it has one, or paste there yourself</source>
+        <translation>sie bietet anderen Programmen kein Einfügen an; bitte ihre Menüleiste zeigen, falls sie eine hat, oder dort selbst einfügen</translation>
+    </message>
+    <message>
+        <source>the application that copied it does not hand over the text on the clipboard</source>
+        <translation>die Anwendung, die ihn kopiert hat, gibt den Text der Zwischenablage nicht heraus</translation>
     </message>
 </context>
 <context>

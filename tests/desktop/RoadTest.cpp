@@ -109,7 +109,7 @@ TEST(CommandLine, HasTheEngineCleanTheClipboard) {
   ASSERT_TRUE(until([&] { return !refused.isRunning(); }));
   EXPECT_EQ(refused.exitCode(), 1);
   EXPECT_TRUE(refused.printed().contains(
-      "JSON Pretty: this is not valid JSON (line 1, column 1). The text was left as it was."))
+      "JSON Pretty: this is not valid JSON (line 1, column 1). The text was left as it is."))
       << qPrintable(refused.printed());
 }
 

@@ -103,7 +103,7 @@ TEST_F(Engine, tellsARefusalToThePersonAndTheSender) {
   pasteboards.generalPasteboard().setString("prose");
   send("cleanPasteboard:cleaner:", NSGeneralPboard, "#JSON-PRETTY");
   const char* text =
-      "JSON Pretty: this is not valid JSON (line 1, column 1). The text was left as it was.";
+      "JSON Pretty: this is not valid JSON (line 1, column 1). The text was left as it is.";
   EXPECT_THAT(told, ElementsAre(text));
   AnswerHints answer = event.end();
   EXPECT_EQ(answer.outcome, AnswerHints::Outcome::refused);
