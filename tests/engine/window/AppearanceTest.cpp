@@ -25,7 +25,8 @@ TEST(Appearance, GermanSpeaksGerman) {
   for (const QString page : {"Bereinigungen", "Gruppen", "Status", "Menü"}) engine.showPage(page);
   EXPECT_TRUE(engine.has("check box", "Das Menü nach der Anmeldung im Panel zeigen"));
   engine.showPage("Bereinigungen");
-  engine.type("Bereinigungen suchen", "base64 decode");
+  engine.type("Bereinigungen suchen", "base64 dekodieren");
+  engine.type("Probetext", "!");
   EXPECT_TRUE(until([&] { return engine.hasText("er ist kein Base64"); })) << "reasons as well";
 }
 
