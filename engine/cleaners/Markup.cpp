@@ -195,7 +195,7 @@ class MarkupReader {
   std::string_view _text;
   std::vector<TextPart> _parts;
   std::size_t _end = 0;                 ///< of the last part
-  std::set<std::string_view> _missing;  ///< closes that the rest of the text has not
+  std::set<std::string_view> _missing;  ///< closing marks that the rest of the text lacks
   bool _inFence = false;
   bool _inCode = false;
   bool _afterBlank = true;

@@ -136,7 +136,7 @@ int runEngine(int argc, char** argv, FirstShown firstShown) {
   const Availability display = x11Display();
   const auto application = makeApplication(argc, argv, display);
   const EndSignals endSignals;
-  // It writes its log to whoever started it, who may have ended since.
+  // The log goes to the process that started this one, which may have ended since.
   std::signal(SIGPIPE, SIG_IGN);
   LocalCrashReporter("quenfold", QF_VERSION).start();
   EngineHost host;

@@ -6,7 +6,7 @@
 
 namespace qf {
 
-/// Modifier keys that count as held though nobody holds them: what the palette offers without keys.
+/// Modifier keys that count as held without being pressed: what the palette offers without keys.
 /// Main thread.
 class AddedModifiers {
  public:

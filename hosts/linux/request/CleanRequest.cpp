@@ -75,7 +75,7 @@ void CleanRequest::answered(const AnswerHints& hints) {
   }
 }
 
-/// Without hints the clipboard tells whether the receiver has cleaned it, and nobody else.
+/// Without hints the clipboard tells whether the receiver, and no other program, changed it.
 void CleanRequest::takeAnswerWithoutHints() {
   settle();
   const std::int64_t changes = _pasteboard.changeCount() - _changeCountBefore;

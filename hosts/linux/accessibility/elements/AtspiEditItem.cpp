@@ -49,7 +49,7 @@ std::optional<bool> AtspiEditItem::isEnabled() {
   const auto behind = command();
   if (!behind) return std::nullopt;
   const bool isEnabled = behind->isEnabled(_request) && !isPasteIntoPage();
-  // Nobody asks this of Paste without a text to paste.
+  // The core asks this of Paste only with a text to paste.
   if (!isEnabled && _item.key == pasteKey) refuse(whyDisabled(pasteKey));
   return _request.isThere() ? std::optional(isEnabled) : std::nullopt;
 }
@@ -124,7 +124,7 @@ std::optional<bool> AtspiEditItem::mustBeEnabled(bool saysItIs) {
 /// Many a Copy is enabled whatever is selected, and editors of KDE copy the current line then:
 /// there Copy is possible with a selection only. Gecko brings its menus up to date only when they
 /// are opened.
-/// To take a selection for none would replace the whole text: where nobody knows, such as the
+/// To take a selection for none would replace the whole text: where this is unknown, such as the
 /// paragraph with the focus of a selection that lies in others, or what LibreOffice calls focused
 /// while the caret is out of sight, the menu has to be looked at.
 std::optional<bool> AtspiEditItem::mustBeAbleToCopy(bool saysItIs) {
